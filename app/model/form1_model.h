@@ -1,0 +1,319 @@
+// The main window as a toolkit-free model.
+//
+// Everything the main window keeps (the card boxes, the grid's selection, the profiles, the menu ticks,
+// the equity read-outs, the results tree and the export text) lives here, and every event handler of the
+// window is a member function named after its control and event (cmdCheckPossibleHands_Click,
+// PFHand_MouseUp, txtRange_KeyUp, ...). The Qt window only draws this state and forwards events to these
+// functions, so the whole program can be driven and checked without a screen. Message boxes, questions,
+// the input box, the clipboard and the shell's "open" go through WindowServices.
+//
+// The handlers are implemented by subsystem, one file each: form1_model.cpp (start-up, shutdown, shared
+// helpers), form1_cook.cpp, form1_equity.cpp, form1_grid.cpp, form1_range_text.cpp, form1_slider.cpp,
+// form1_quick_select.cpp, form1_card_entry.cpp, form1_results.cpp, form1_profiles.cpp,
+// form1_preferences.cpp, form1_window.cpp.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/model/sel_cards_model.h"
+#include "app/model/window_services.h"
+#include "cards/card.h"
+#include "categorise/category_node.h"
+#include "range/block_record.h"
+#include "range/colour.h"
+#include "range/colour_scheme.h"
+#include "range/player_profile.h"
+#include "results/results_tree.h"
+
+namespace quillet {
+
+// Mouse buttons and modifier masks as the handlers receive them.
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+inline constexpr int kMiddleButton = 4;
+inline constexpr int kShiftMask = 1;
+inline constexpr int kCtrlMask = 2;
+inline constexpr int kAltMask = 4;
+
+// Key codes as the handlers receive them (the window maps its toolkit's keys to these).
+inline constexpr int kKeyEnter = 13;
+inline constexpr int kKeyShift = 16;
+inline constexpr int kKeyControl = 17;
+inline constexpr int kKeyAlt = 18;
+inline constexpr int kKeyLeft = 37;
+inline constexpr int kKeyUp = 38;
+inline constexpr int kKeyRight = 39;
+inline constexpr int kKeyDown = 40;
+inline constexpr int kKeyF3 = 114;
+
+// The resting background of the command labels (and of cmdCalcEquity between calculations).
+inline constexpr Colour kOptionsBackColour = Rgb(0xD8, 0xE4, 0xF0);
+// cmdCalcEquity's background while a calculation runs.
+inline constexpr Colour kCalculatingBackColour = Rgb(255, 234, 168);
+
+// The command labels: labels that act as buttons and share the hover highlight.
+enum class CommandLabel {
+  cmdAll,
+  cmdAnyPair,
+  cmdAnySuited,
+  cmdAnyBroadway,
+  cmdClearOnBlocks,
+  cmdClearSeenBlocks,
+  cmdClearAllBlocks,
+  cmdCheckPossibleHands,
+  cmdCalcEquity,
+  lblOptions,
+  lblHelp,
+  lblWebsite,
+  lblSave,
+  lblDelete,
+};
+inline constexpr int kCommandLabelCount = 14;
+
+struct LabelState {
+  std::string caption;
+  Colour backColour = kOptionsBackColour;
+  bool opaque = false;  // back style 1: the background colour shows
+  bool visible = true;
+};
+
+// A rich text box: its text and a colour for each character (bytes of the text, which is plain ASCII card
+// text in practice; other bytes are coloured like their neighbours).
+struct RichTextState {
+  std::string text;
+  std::vector<Colour> charColours;
+  int selStart = 0;
+  int selLength = 0;
+};
+
+struct TextBoxState {
+  std::string text;
+  Colour foreColour = kWindowTextColour;
+  int selStart = 0;
+  int selLength = 0;
+};
+
+struct ComboBoxState {
+  std::vector<std::string> items;
+  int listIndex = -1;  // selected list entry, -1 for none
+  std::string text;
+  Colour foreColour = kWindowTextColour;
+};
+
+struct SliderState {
+  int value = 0;
+  int max = 0;
+};
+
+// A timer of the window. The window's own timer follows `enabled`, and starts its delay again whenever
+// `armCount` changes (a disable followed by an enable restarts the delay).
+struct TimerState {
+  int intervalMs = 0;
+  bool enabled = false;
+  uint64_t armCount = 0;
+
+  void Enable() {
+    enabled = true;
+    ++armCount;
+  }
+  void Disable() { enabled = false; }
+};
+
+// The tick marks of the options menu (first-start values).
+struct MenuOptions {
+  bool hideEmptyCats = true;     // mnuHideEmptyCats, "Hide Empty Categories"
+  bool simplifyOutput = true;    // mnuSimplifyOutput, "Simplify Output"
+  bool simplifyFurther = false;  // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
+  bool categoryIcons = false;    // mnuCategoryIcons, "Category Icons"
+  bool winLoseIcons = false;     // mnuWinLoseIcons, "Win Lose Icons"
+  bool calcEquityOnCook = false;  // mnuCalcEquityOnCook, "Auto Calc Equity on Cook"
+  bool autoPFEquityCalc = false;  // mnuAutoPFEquityCalc, "Auto Calc Equity Preflop on Range Change"
+};
+
+// The hand grid's display and selection state (the layers themselves live in the current profile).
+struct GridState {
+  std::array<Colour, 169> baseColour{};   // by kind, from the colour scheme (InitHandGrid)
+  std::array<Colour, 169> blockColour{};  // what each block shows (SetBlockColours)
+  std::array<bool, 169> selectedOn{};
+  std::array<bool, 169> selectedSeen{};
+  bool editingOn = true;  // true while the On layer is edited, false while the Seen layer is
+  bool pairPresent = false;
+  bool suitedPresent = false;
+  bool offsuitPresent = false;
+  std::array<bool, 16> comboShown{};          // which suit-matrix cells are shown
+  std::array<Colour, 16> matrixCellColour{};  // the suit-matrix cells' colours
+  Colour matrixColour = 0xFFFFC0;             // the colour the last grid click chose for the matrix
+};
+
+// The window's size in twips (15 twips to a pixel) and the results tree's place in it.
+struct WindowGeometry {
+  int width = 13545;
+  int height = 8010;
+  bool normalState = true;  // neither minimised nor maximised
+  int treeTop = 0;
+  int treeHeight = 0;
+};
+
+class Form1Model {
+ public:
+  explicit Form1Model(WindowServices& services);
+
+  // ---- start-up and shutdown (form1_model.cpp) ----
+  // Composes the file paths from `programFolder` and runs the start-up sequence. Returns false when the
+  // program must end at once (the profile file's version question answered No): nothing is then saved.
+  bool Form_Load(const std::filesystem::path& programFolder);
+  // Saves profiles then preferences, forgets the highlighted label, closes the card picker.
+  void Form_QueryUnload();
+  // Fills names, captions, kinds and base colours of the 169 blocks from the current colour scheme.
+  void InitHandGrid();
+
+  // The current profile, or nullptr when none is selected.
+  PlayerProfile* currentProfile();
+  const PlayerProfile* currentProfile() const;
+
+  // ---- cook (form1_cook.cpp) ----
+  void cmdCheckPossibleHands_Click();
+
+  // ---- equity (form1_equity.cpp) ----
+  void cmdCalcEquity_Click();
+  void ClearEquityDisplay();
+  void tmrCalcEquity_Timer();
+  void mnuCalcEquityOnCook_Click();
+  void mnuAutoPFEquityCalc_Click();
+
+  // ---- hand grid (form1_grid.cpp) ----
+  void DeselectAllBlocks();
+  void SetBlockColours();
+  void PFHand_MouseUp(int index, int button, int shift);
+  void SelectCross(int index);
+  void SelectUpward(int index);
+  void RefreshSuitMatrix(bool scan);
+
+  // ---- range text box (form1_range_text.cpp) ----
+  void txtRange_KeyUp(int keyCode, int shift);
+  // Sets the box's text (typed or from the program) and runs txtRange_Change.
+  void SetRangeText(const std::string& text);
+  void txtRange_Change();
+  void txtRange_Click();
+  void WriteRangePercent();
+
+  // ---- slider (form1_slider.cpp) ----
+  void Slider1_MouseMove(int button, int shift);
+  void Slider1_KeyDown(int keyCode, int shift);
+  void Slider1_KeyUp(int keyCode, int shift);
+  void tmrSliderMoving_Timer();
+  void ApplySliderRange();
+
+  // ---- quick-select and clear commands, hover highlight (form1_quick_select.cpp) ----
+  void cmdAll_Click();
+  void cmdAnyPair_Click();
+  void cmdAnySuited_Click();
+  void cmdAnyBroadway_Click();
+  void cmdClearOnBlocks_Click();
+  void cmdClearSeenBlocks_Click();
+  void cmdClearAllBlocks_Click();
+  void HighlightLabel(CommandLabel label);
+  void Form_MouseMove();
+
+  // ---- card entry, card picker and suit matrix (form1_card_entry.cpp) ----
+  void ColourCodeRT(RichTextState& box);
+  void txtMyHand_KeyDown(int keyCode, int shift);
+  void txtBoard_KeyDown(int keyCode, int shift);
+  void txtMyHand_Click();  // also lblMyHand_Click: opens the picker for My Hand
+  void txtBoard_Click();   // also lblBoardCards_Click: opens the picker for the Board
+  // The picker's OK wrote its text: put it into the target box and colour it (called by SelCardsModel).
+  void picSuit_Click(int index);
+
+  // ---- results tree, export, tree actions (form1_results.cpp) ----
+  void BuildResultsTree();
+  void mnuCopyToClipboard_Click();
+  void TV_MouseUp(int button);
+  void TV_KeyUp(int keyCode);
+  void mnuAdd2Range_Click();
+  void FlashTreeError();
+  void tmrTVError_Timer();
+
+  // ---- profiles (form1_profiles.cpp) ----
+  void ProfilePaths(const std::filesystem::path& programFolder);
+  // False when the version question was answered No (end the program at once).
+  bool LoadProfiles();
+  void SaveProfiles();
+  int AddProfile(const std::string& name);
+  int FirstProfileIndex();
+  void RefillPlayerList(const std::string& name);
+
+  // ---- preferences (form1_preferences.cpp) ----
+  void SavePreferences();
+  void LoadPreferences();
+
+  // ---- main window, menus and options (form1_window.cpp) ----
+  static void ToggleMenuCheck(bool& tick) { tick = !tick; }
+  bool SelectProfileByName();
+  void cmbPlayer_Click();
+  void cmbPlayer_KeyUp(int keyCode, int shift);
+  void lblSave_Click();
+  void lblDelete_Click();
+  void lblOptions_Click();
+  void lblHelp_Click();
+  void lblWebsite_Click();
+  void Form_Resize();
+  void mnuSwitchColourScheme_Click();
+  void mnuSimplifyOutput_Click();
+  void mnuSimplifyFurther_Click();
+  void mnuHideEmptyCats_Click();
+  void mnuCategoryIcons_Click();
+  void mnuWinLoseIcons_Click();
+
+  // ---- state ----
+  WindowServices& services;
+
+  RichTextState txtMyHand;
+  RichTextState txtBoard;
+  TextBoxState txtRange;
+  SliderState Slider1;
+  ComboBoxState cmbPlayer;
+
+  std::array<LabelState, kCommandLabelCount> commandLabels{};
+  LabelState& label(CommandLabel which) { return commandLabels[static_cast<int>(which)]; }
+  const LabelState& label(CommandLabel which) const { return commandLabels[static_cast<int>(which)]; }
+  std::optional<CommandLabel> highlightedLabel;
+
+  LabelState lblMyEquity;   // caption "57.3%", opaque and coloured after a calculation
+  LabelState lbloppEquity;
+  std::string lblCheckPossibleHands;  // the cook's three-line caption
+  bool lblSeenVisible = false;
+
+  GridState grid;
+  ColourScheme scheme = kDefaultColourScheme;
+  bool colourSchemeDefault = true;
+  std::string mnuSwitchColourSchemeCaption = "Switch to New Colour Scheme";
+  MenuOptions options;
+
+  std::vector<PlayerProfile> profiles;
+  int currentProfileIndex = -1;
+
+  Categories categories;  // the last cook's result
+  ResultsTree TV;
+  int tvMousePointer = 0;  // 0 default, 99 the custom "error" pointer
+  std::string exportText;
+
+  TimerState tmrSliderMoving{10};
+  TimerState tmrCalcEquity{1};
+  TimerState tmrTVError{550};
+
+  SelCardsModel frmSelCards;
+  bool selCardsAutoOK = false;    // application-wide "Auto: OK on final click"
+  bool selCardsAutoCook = false;  // application-wide "Auto: Cook on OK"
+
+  WindowGeometry geometry;
+
+  std::filesystem::path profilePath;
+  std::filesystem::path preferencesPath;
+};
+
+}  // namespace quillet
