@@ -21,9 +21,9 @@ HandCards AcesHeartsDiamonds() {
 
 BoardCards TenEightThreeRainbow(bool withTurn) {
   BoardCards board;
-  board[0] = {10, 0};  // Tc
-  board[1] = {8, 2};   // 8h
-  board[2] = {3, 3};   // 3s
+  board[0] = {10, 0};               // Tc
+  board[1] = {8, 2};                // 8h
+  board[2] = {3, 3};                // 3s
   if (withTurn) board[3] = {2, 1};  // 2d
   return board;
 }
@@ -53,7 +53,8 @@ void BM_FullRangeFlopEquity(benchmark::State& state) {
     benchmark::DoNotOptimize(shares);
     showdowns += static_cast<int64_t>(range.size()) * 990;
   }
-  state.counters["showdowns/s"] = benchmark::Counter(static_cast<double>(showdowns), benchmark::Counter::kIsRate);
+  state.counters["showdowns/s"] =
+      benchmark::Counter(static_cast<double>(showdowns), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_FullRangeFlopEquity)->Unit(benchmark::kMillisecond);
 
@@ -67,7 +68,8 @@ void BM_FullRangeTurnEquity(benchmark::State& state) {
     benchmark::DoNotOptimize(shares);
     showdowns += static_cast<int64_t>(range.size()) * 44;
   }
-  state.counters["showdowns/s"] = benchmark::Counter(static_cast<double>(showdowns), benchmark::Counter::kIsRate);
+  state.counters["showdowns/s"] =
+      benchmark::Counter(static_cast<double>(showdowns), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_FullRangeTurnEquity)->Unit(benchmark::kMicrosecond);
 

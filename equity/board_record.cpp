@@ -23,7 +23,8 @@ void BoardStraightWindows(BoardRecord& board) {
   board.lastWindow = -1;
   for (int w = 0; w < kStraightWindowCount; ++w) {
     int missing = 0;
-    for (int rank = kStraightWindows[w].lowRank; rank <= kStraightWindows[w].highRank && missing < 3; ++rank) {
+    for (int rank = kStraightWindows[w].lowRank; rank <= kStraightWindows[w].highRank && missing < 3;
+         ++rank) {
       if ((boardMask & RankBit(rank)) == 0) ++missing;
     }
     if (missing < 3) {

@@ -10,8 +10,12 @@
 namespace quillet {
 
 // Rank bits: rank r (1..14) is bit r; an ace also sets bit 1 so that it can start the ace-low run.
-constexpr int32_t RankBit(int32_t rank) { return int32_t{1} << rank; }
-constexpr int32_t CardRankBits(int32_t rank) { return RankBit(rank) | (rank == 14 ? RankBit(1) : 0); }
+constexpr int32_t RankBit(int32_t rank) {
+  return int32_t{1} << rank;
+}
+constexpr int32_t CardRankBits(int32_t rank) {
+  return RankBit(rank) | (rank == 14 ? RankBit(1) : 0);
+}
 
 // A five-rank run: window w covers ranks w+1 .. w+5 (window 0 is the ace-low run A2345 with the ace as
 // rank 1, window 9 is TJQKA). Its mask is 62 x 2^w.
@@ -47,8 +51,12 @@ void BoardStraightWindows(BoardRecord& board);
 BoardRecord MakeBoardRecord(const std::array<Card, 5>& cards);
 
 // The deck position of a card: suit x 13 + rank - 2 (clubs 2..A, then diamonds, hearts, spades).
-constexpr int CardIndex(Card card) { return card.suit * 13 + card.rank - 2; }
-constexpr Card CardAtIndex(int index) { return Card{index % 13 + 2, index / 13}; }
+constexpr int CardIndex(Card card) {
+  return card.suit * 13 + card.rank - 2;
+}
+constexpr Card CardAtIndex(int index) {
+  return Card{index % 13 + 2, index / 13};
+}
 constexpr bool IsDeckCard(Card card) {
   return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3;
 }

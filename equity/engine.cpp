@@ -13,9 +13,13 @@ namespace {
 
 // Hole ranks as an index into a board's table of rank-part keys: (rank1 - 2) x 13 + rank2 - 2.
 constexpr int kRankPairCount = 169;
-constexpr int RankPairIndex(int32_t rank1, int32_t rank2) { return (rank1 - 2) * 13 + (rank2 - 2); }
+constexpr int RankPairIndex(int32_t rank1, int32_t rank2) {
+  return (rank1 - 2) * 13 + (rank2 - 2);
+}
 
-constexpr uint64_t CardBit(Card card) { return uint64_t{1} << CardIndex(card); }
+constexpr uint64_t CardBit(Card card) {
+  return uint64_t{1} << CardIndex(card);
+}
 
 // The holdings the key path takes, as parallel arrays so the inner loop reads only what it needs.
 struct FastHoldings {
@@ -120,7 +124,9 @@ class RankKeyTables {
   std::vector<ShowdownKey> keys_;
 };
 
-bool SharesCard(const HandCombo& combo, Card card) { return combo.card1() == card || combo.card2() == card; }
+bool SharesCard(const HandCombo& combo, Card card) {
+  return combo.card1() == card || combo.card2() == card;
+}
 
 // A holding the key path can take: two different cards, neither in My Hand nor on the known board.
 bool IsCleanHolding(const HandCombo& combo, const HandCards& myHand, const BoardCards& board, int known) {

@@ -5,17 +5,24 @@
 namespace quillet {
 namespace {
 
-constexpr bool IsRank(int32_t rank) { return rank >= 2 && rank <= 14; }
+constexpr bool IsRank(int32_t rank) {
+  return rank >= 2 && rank <= 14;
+}
 
 // +1 when a is higher, -1 when b is, 0 when equal.
-constexpr int CompareValues(int32_t a, int32_t b) { return a > b ? 1 : (a < b ? -1 : 0); }
+constexpr int CompareValues(int32_t a, int32_t b) {
+  return a > b ? 1 : (a < b ? -1 : 0);
+}
 
-ShowdownResult FromOrder(int order) { return ShowdownResult{order > 0, order < 0}; }
+ShowdownResult FromOrder(int order) {
+  return ShowdownResult{order > 0, order < 0};
+}
 
 }  // namespace
 
 SevenCards PlayerCards(Card hole1, Card hole2, const BoardRecord& board) {
-  return SevenCards{hole1, hole2, board.cards[0], board.cards[1], board.cards[2], board.cards[3], board.cards[4]};
+  return SevenCards{hole1,          hole2,          board.cards[0], board.cards[1],
+                    board.cards[2], board.cards[3], board.cards[4]};
 }
 
 FlushTest TestFlush(const SevenCards& cards, int32_t suit) {
@@ -128,8 +135,10 @@ ShowdownResult CompareShowdown(const HandCards& myHand, const HandCombo& opponen
 ShowdownResult CompareShowdownHands(const ShowdownHand& mine, const ShowdownHand& theirs) {
   // The early flush decision: a flush beats anything short of a full house at once. (Two flushes go on
   // to the flush-rank comparison.)
-  if (mine.flush.flush && !theirs.flush.flush && theirs.pairType.category < kCategoryFlush) return {true, false};
-  if (theirs.flush.flush && !mine.flush.flush && mine.pairType.category < kCategoryFlush) return {false, true};
+  if (mine.flush.flush && !theirs.flush.flush && theirs.pairType.category < kCategoryFlush)
+    return {true, false};
+  if (theirs.flush.flush && !mine.flush.flush && mine.pairType.category < kCategoryFlush)
+    return {false, true};
 
   if (mine.category != theirs.category) return FromOrder(CompareValues(mine.category, theirs.category));
 
@@ -149,7 +158,8 @@ ShowdownResult CompareShowdownHands(const ShowdownHand& mine, const ShowdownHand
     case kCategoryTwoPair: {
       int order = CompareValues(mine.pairType.primary, theirs.pairType.primary);
       if (order == 0) order = CompareValues(mine.pairType.secondary, theirs.pairType.secondary);
-      if (order == 0) order = CompareValues(mine.highHole, theirs.highHole);  // the lower hole rank never counts
+      if (order == 0)
+        order = CompareValues(mine.highHole, theirs.highHole);  // the lower hole rank never counts
       return FromOrder(order);
     }
     case kCategoryFullHouse: {

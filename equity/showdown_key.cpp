@@ -49,8 +49,8 @@ ShowdownKey ShowdownKeyOf(Card hole1, Card hole2, const std::array<Card, 5>& boa
   if (hole1.suit == flushSuit) holeSuitRanks |= RankMaskBit(hole1.rank);
   if (hole2.suit == flushSuit) holeSuitRanks |= RankMaskBit(hole2.rank);
 
-  const ShowdownKey rankPart =
-      RankPartKey(ranks, hole1.rank > hole2.rank ? hole1.rank : hole2.rank, hole1.rank < hole2.rank ? hole1.rank : hole2.rank);
+  const ShowdownKey rankPart = RankPartKey(ranks, hole1.rank > hole2.rank ? hole1.rank : hole2.rank,
+                                           hole1.rank < hole2.rank ? hole1.rank : hole2.rank);
   const ShowdownKey flushPart = FlushPartKey(boardSuitRanks | holeSuitRanks, holeSuitRanks);
   return flushPart > rankPart ? flushPart : rankPart;
 }

@@ -36,14 +36,20 @@ namespace quillet {
 using ShowdownKey = uint32_t;
 
 // 13-bit rank masks: rank r (2..14) is bit r - 2.
-constexpr uint32_t RankMaskBit(int32_t rank) { return uint32_t{1} << (rank - 2); }
+constexpr uint32_t RankMaskBit(int32_t rank) {
+  return uint32_t{1} << (rank - 2);
+}
 // The highest rank in a mask, 0 for an empty mask.
-constexpr int32_t TopRankOf(uint32_t mask) { return mask == 0 ? 0 : static_cast<int32_t>(std::bit_width(mask)) + 1; }
+constexpr int32_t TopRankOf(uint32_t mask) {
+  return mask == 0 ? 0 : static_cast<int32_t>(std::bit_width(mask)) + 1;
+}
 
 constexpr ShowdownKey MakeShowdownKey(int32_t category, int32_t f1 = 0, int32_t f2 = 0, int32_t f3 = 0) {
   return static_cast<ShowdownKey>(category << 16 | f1 << 12 | f2 << 8 | f3 << 4);
 }
-constexpr int32_t KeyCategory(ShowdownKey key) { return static_cast<int32_t>(key >> 16); }
+constexpr int32_t KeyCategory(ShowdownKey key) {
+  return static_cast<int32_t>(key >> 16);
+}
 
 // The ranks of up to seven cards as nested masks: bit r - 2 of atLeast[k] is set when rank r occurs more
 // than k times.

@@ -1,6 +1,7 @@
+#include "equity/board_record.h"
+
 #include <gtest/gtest.h>
 
-#include "equity/board_record.h"
 #include "tests/equity_engine/card_text.h"
 
 namespace quillet {
@@ -18,7 +19,8 @@ TEST(StraightWindows, RunFromTheAceLowRunToTenToAceWithDoublingMasks) {
   EXPECT_EQ(kStraightWindows[9].mask, 31744);  // ranks 10..14
   EXPECT_EQ(kStraightWindows[9].lowRank, 10);
   EXPECT_EQ(kStraightWindows[9].highRank, 14);
-  for (int w = 1; w < kStraightWindowCount; ++w) EXPECT_EQ(kStraightWindows[w].mask, 2 * kStraightWindows[w - 1].mask);
+  for (int w = 1; w < kStraightWindowCount; ++w)
+    EXPECT_EQ(kStraightWindows[w].mask, 2 * kStraightWindows[w - 1].mask);
 }
 
 TEST(CardRankBits, AnAceAlsoSetsTheBitOfRankOne) {

@@ -1,10 +1,11 @@
+#include "equity/engine.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "equity/board_record.h"
-#include "equity/engine.h"
 #include "tests/equity_engine/card_text.h"
 
 namespace quillet {
@@ -33,8 +34,10 @@ std::vector<HandCombo> LiveHoldings(const HandCards& hand, const BoardCards& boa
   std::vector<HandCombo> live;
   for (const HandCombo& combo : AllHoldings()) {
     bool dead = false;
-    for (Card card : {hand.card1(), hand.card2()}) dead = dead || combo.card1() == card || combo.card2() == card;
-    for (int i = 0; i < BoardCardCount(street); ++i) dead = dead || combo.card1() == board[i] || combo.card2() == board[i];
+    for (Card card : {hand.card1(), hand.card2()})
+      dead = dead || combo.card1() == card || combo.card2() == card;
+    for (int i = 0; i < BoardCardCount(street); ++i)
+      dead = dead || combo.card1() == board[i] || combo.card2() == board[i];
     if (!dead) live.push_back(combo);
   }
   return live;
@@ -71,8 +74,8 @@ TEST(TurnEnumeration, AcesAgainstKingsWinUnlessAKingComes) {
   EXPECT_EQ(counts.oppWins, 2);
   EXPECT_EQ(counts.ties, 0);
   const EquityShares shares = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), one);
-  EXPECT_DOUBLE_EQ(shares.my, 95.45);   // 42 / 44 = 95.4545...
-  EXPECT_DOUBLE_EQ(shares.opp, 4.55);   // 2 / 44 = 4.5454...
+  EXPECT_DOUBLE_EQ(shares.my, 95.45);  // 42 / 44 = 95.4545...
+  EXPECT_DOUBLE_EQ(shares.opp, 4.55);  // 2 / 44 = 4.5454...
 }
 
 TEST(TurnEnumeration, ASixthCardOfTheSuitTakesMyFlushAway) {

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "equity/equity_display.h"
+
+#include <gtest/gtest.h>
 
 namespace quillet {
 namespace {
@@ -22,7 +22,9 @@ TEST(EquityReadOut, RoundsTheShownDecimalHalfAwayFromZero) {
   EXPECT_EQ(FormatEquityReadOut(82.17647), "82.2%");
 }
 
-TEST(EquityReadOut, ShowsMinusOneAsMinusOnePointZero) { EXPECT_EQ(FormatEquityReadOut(-1.0), "-1.0%"); }
+TEST(EquityReadOut, ShowsMinusOneAsMinusOnePointZero) {
+  EXPECT_EQ(FormatEquityReadOut(-1.0), "-1.0%");
+}
 
 TEST(EquityToInteger, RoundsHalfToEven) {
   EXPECT_EQ(EquityToInteger(60.5), 60);
@@ -53,11 +55,17 @@ TEST(EquityColour, GoesThroughTheBandsInTheirOrder) {
   EXPECT_EQ(EquityColour(-1), Rgb(255, 0, 0));
 }
 
-TEST(EquityColour, ExactlySeventyIsTheBandBelowSeventy) { EXPECT_EQ(EquityColour(70), Rgb(163, 217, 62)); }
+TEST(EquityColour, ExactlySeventyIsTheBandBelowSeventy) {
+  EXPECT_EQ(EquityColour(70), Rgb(163, 217, 62));
+}
 
-TEST(EquityColour, ExactlyTwentyIsTheLightRedOfElevenToTwenty) { EXPECT_EQ(EquityColour(20), Rgb(255, 128, 128)); }
+TEST(EquityColour, ExactlyTwentyIsTheLightRedOfElevenToTwenty) {
+  EXPECT_EQ(EquityColour(20), Rgb(255, 128, 128));
+}
 
-TEST(EquityColour, ExactlyTenIsRed) { EXPECT_EQ(EquityColour(10), Rgb(255, 0, 0)); }
+TEST(EquityColour, ExactlyTenIsRed) {
+  EXPECT_EQ(EquityColour(10), Rgb(255, 0, 0));
+}
 
 }  // namespace
 }  // namespace quillet

@@ -1,5 +1,7 @@
 // The seven-card keys against the step-by-step comparator: on millions of random showdowns, and on every
 // pair of holdings on a few boards chosen for their traps.
+#include "equity/showdown_key.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,7 +11,6 @@
 #include <vector>
 
 #include "equity/showdown.h"
-#include "equity/showdown_key.h"
 #include "tests/equity_engine/card_text.h"
 
 namespace quillet {
@@ -18,7 +19,9 @@ namespace {
 using testing::Cards;
 using testing::Record;
 
-ShowdownResult ByKeys(ShowdownKey mine, ShowdownKey theirs) { return {mine > theirs, mine < theirs}; }
+ShowdownResult ByKeys(ShowdownKey mine, ShowdownKey theirs) {
+  return {mine > theirs, mine < theirs};
+}
 
 std::string Describe(const std::array<Card, 9>& cards) {
   std::string text;
@@ -105,12 +108,13 @@ TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) 
     ++categoriesSeen[static_cast<std::size_t>(KeyCategory(myKey))];
     if (!(ByKeys(myKey, theirKey) == expected)) {
       ++disagreements;
-      ADD_FAILURE() << Describe(c) << ": comparator " << expected.myWin << expected.oppWin << ", keys " << std::hex
-                    << myKey << " " << theirKey;
+      ADD_FAILURE() << Describe(c) << ": comparator " << expected.myWin << expected.oppWin << ", keys "
+                    << std::hex << myKey << " " << theirKey;
     }
   }
   // The pools reach every category, so the agreement covers them all.
-  for (int category = 0; category < 10; ++category) EXPECT_GT(categoriesSeen[static_cast<std::size_t>(category)], 0) << category;
+  for (int category = 0; category < 10; ++category)
+    EXPECT_GT(categoriesSeen[static_cast<std::size_t>(category)], 0) << category;
 }
 
 TEST(ShowdownKeys, GiveEveryPlayerTheCategoryTheComparatorGives) {
@@ -164,11 +168,21 @@ void ExpectAgreementOnEveryPairOfHoldings(const char* boardText) {
   EXPECT_EQ(failures, 0);
 }
 
-TEST(ShowdownKeys, AgreeOnEveryShowdownOfARoyalFlushBoard) { ExpectAgreementOnEveryPairOfHoldings("AhKhQhJhTh"); }
-TEST(ShowdownKeys, AgreeOnEveryShowdownOfAFourFlushStraightBoard) { ExpectAgreementOnEveryPairOfHoldings("9h8h7h6h2c"); }
-TEST(ShowdownKeys, AgreeOnEveryShowdownOfATwoPairBoard) { ExpectAgreementOnEveryPairOfHoldings("KcKd7h7s2c"); }
-TEST(ShowdownKeys, AgreeOnEveryShowdownOfAQuadsBoard) { ExpectAgreementOnEveryPairOfHoldings("9c9d9h9sAc"); }
-TEST(ShowdownKeys, AgreeOnEveryShowdownOfAWheelFlushBoard) { ExpectAgreementOnEveryPairOfHoldings("Ac2c3c8d8s"); }
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfARoyalFlushBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("AhKhQhJhTh");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfAFourFlushStraightBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("9h8h7h6h2c");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfATwoPairBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("KcKd7h7s2c");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfAQuadsBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("9c9d9h9sAc");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfAWheelFlushBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("Ac2c3c8d8s");
+}
 
 TEST(ShowdownKeys, AFlushPartIsZeroUnlessExactlyFiveCardsOfTheSuit) {
   const uint32_t four = RankMaskBit(14) | RankMaskBit(13) | RankMaskBit(9) | RankMaskBit(5);

@@ -1,10 +1,11 @@
 // The showdown comparator case by case. Every case is decided twice, by the step-by-step comparator and by
 // the seven-card keys, and both must give the expected outcome.
+#include "equity/showdown.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "equity/showdown.h"
 #include "equity/showdown_key.h"
 #include "tests/equity_engine/card_text.h"
 
@@ -18,7 +19,9 @@ using testing::Record;
 
 enum class Outcome { Win, Lose, Tie };
 
-std::string Name(Outcome o) { return o == Outcome::Win ? "I win" : (o == Outcome::Lose ? "I lose" : "tie"); }
+std::string Name(Outcome o) {
+  return o == Outcome::Win ? "I win" : (o == Outcome::Lose ? "I lose" : "tie");
+}
 
 Outcome ByReference(const char* mine, const char* theirs, const char* board) {
   const ShowdownResult r = CompareShowdown(Hand(mine), Combo(theirs), Record(board), kRiver);
@@ -42,8 +45,10 @@ void ExpectShowdown(const char* mine, const char* theirs, const char* board, Out
   EXPECT_EQ(Name(ByReference(mine, theirs, board)), Name(expected)) << "step-by-step comparator";
   EXPECT_EQ(Name(ByKeys(mine, theirs, board)), Name(expected)) << "seven-card keys";
   // The same showdown seen from the other side.
-  const Outcome mirrored = expected == Outcome::Win ? Outcome::Lose : (expected == Outcome::Lose ? Outcome::Win : Outcome::Tie);
-  EXPECT_EQ(Name(ByReference(theirs, mine, board)), Name(mirrored)) << "step-by-step comparator, sides swapped";
+  const Outcome mirrored =
+      expected == Outcome::Win ? Outcome::Lose : (expected == Outcome::Lose ? Outcome::Win : Outcome::Tie);
+  EXPECT_EQ(Name(ByReference(theirs, mine, board)), Name(mirrored))
+      << "step-by-step comparator, sides swapped";
 }
 
 int32_t Category(const char* hole, const char* board) {
@@ -57,7 +62,6 @@ SevenCards Seven(const char* text) {
   const auto c = Cards(text);
   return {c[0], c[1], c[2], c[3], c[4], c[5], c[6]};
 }
-
 
 TEST(ShowdownCategory, EachCategoryIsRecognisedFromSevenCards) {
   EXPECT_EQ(Category("3h2d", "AcKd9h7s5c"), kCategoryNoPair);
