@@ -5,8 +5,12 @@
 namespace quillet {
 namespace {
 
-constexpr bool ValidRank(int32_t rank) { return rank >= 2 && rank <= 14; }
-constexpr bool ValidSuit(int32_t suit) { return suit >= 0 && suit <= 3; }
+constexpr bool ValidRank(int32_t rank) {
+  return rank >= 2 && rank <= 14;
+}
+constexpr bool ValidSuit(int32_t suit) {
+  return suit >= 0 && suit <= 3;
+}
 
 // The number of board cards that exist on a street, kept within the five fields.
 constexpr int ExistingBoardCards(int32_t street) {
@@ -117,12 +121,18 @@ Multiplicity AnalyseMultiplicity(const PlayedCards& played) {
 bool SameGroupRanks(const Multiplicity& a, const Multiplicity& b) {
   if (a.code != b.code) return false;
   switch (a.code) {
-    case kMadePair: return a.highPair == b.highPair;
-    case kMadeThreeOfAKind: return a.trips == b.trips;
-    case kMadeFourOfAKind: return a.quads == b.quads;
-    case kMadeTwoPair: return a.highPair == b.highPair && a.lowPair == b.lowPair;
-    case kMadeFullHouse: return a.trips == b.trips && a.highPair == b.highPair;
-    default: return false;
+    case kMadePair:
+      return a.highPair == b.highPair;
+    case kMadeThreeOfAKind:
+      return a.trips == b.trips;
+    case kMadeFourOfAKind:
+      return a.quads == b.quads;
+    case kMadeTwoPair:
+      return a.highPair == b.highPair && a.lowPair == b.lowPair;
+    case kMadeFullHouse:
+      return a.trips == b.trips && a.highPair == b.highPair;
+    default:
+      return false;
   }
 }
 

@@ -38,7 +38,7 @@ struct StraightSpan {
 };
 
 struct StraightTableSet {
-  std::array<RankSet, 15> rankBit{};  // indexed 1..14: 2 to the power of the rank; entry 0 is 0
+  std::array<RankSet, 15> rankBit{};     // indexed 1..14: 2 to the power of the rank; entry 0 is 0
   std::array<StraightSpan, 10> spans{};  // span k runs from rank k + 1 to k + 5; span 0 is the wheel
 };
 

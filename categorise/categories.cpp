@@ -92,8 +92,12 @@ std::string_view CategoryText(std::string_view label) {
   return star == std::string_view::npos ? label : label.substr(star + 1);
 }
 
-bool IsChildCategory(std::string_view label) { return label.starts_with(">*"); }
+bool IsChildCategory(std::string_view label) {
+  return label.starts_with(">*");
+}
 
-bool IsSpacerCategory(std::string_view label) { return label == "*"; }
+bool IsSpacerCategory(std::string_view label) {
+  return label == "*";
+}
 
 }  // namespace quillet

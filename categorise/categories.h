@@ -19,8 +19,8 @@ enum CategoryEntry : int32_t {
   kEntryKingHigh = 2,
   kEntryQueenHigh = 3,
   kEntryOtherHigh = 4,
-  kEntryOnePair = 6,        // without a board every pair goes here
-  kEntryOverPair = 7,       // a pocket pair above the top board rank
+  kEntryOnePair = 6,   // without a board every pair goes here
+  kEntryOverPair = 7,  // a pocket pair above the top board rank
   kEntryTopPair = 8,
   kEntryTopMiddlePair = 9,  // between the top and the middle rank
   kEntryMiddlePair = 10,

@@ -21,22 +21,33 @@ RankPlace PlaceOf(int32_t rank, const BoardRanks& r) {
 
 int32_t HighCardEntry(int32_t firstRank) {
   switch (firstRank) {
-    case 14: return kEntryAceHigh;
-    case 13: return kEntryKingHigh;
-    case 12: return kEntryQueenHigh;
-    default: return kEntryOtherHigh;
+    case 14:
+      return kEntryAceHigh;
+    case 13:
+      return kEntryKingHigh;
+    case 12:
+      return kEntryQueenHigh;
+    default:
+      return kEntryOtherHigh;
   }
 }
 
 int32_t PairEntry(int32_t pairRank, const BoardRanks& r) {
   switch (PlaceOf(pairRank, r)) {
-    case RankPlace::AboveTop: return kEntryOverPair;
-    case RankPlace::Top: return kEntryTopPair;
-    case RankPlace::TopToMiddle: return kEntryTopMiddlePair;
-    case RankPlace::Middle: return kEntryMiddlePair;
-    case RankPlace::MiddleToBottom: return kEntryMiddleBottomPair;
-    case RankPlace::Bottom: return kEntryBottomPair;
-    case RankPlace::BelowBottom: return kEntryLowPair;
+    case RankPlace::AboveTop:
+      return kEntryOverPair;
+    case RankPlace::Top:
+      return kEntryTopPair;
+    case RankPlace::TopToMiddle:
+      return kEntryTopMiddlePair;
+    case RankPlace::Middle:
+      return kEntryMiddlePair;
+    case RankPlace::MiddleToBottom:
+      return kEntryMiddleBottomPair;
+    case RankPlace::Bottom:
+      return kEntryBottomPair;
+    case RankPlace::BelowBottom:
+      return kEntryLowPair;
   }
   return kEntryLowPair;
 }
@@ -73,26 +84,41 @@ int32_t ThreeOfAKindEntry(const Multiplicity& hand, const BoardContext& b) {
   const bool boardGroup = own.code == kMadePair || own.code == kMadeTwoPair || own.code == kMadeThreeOfAKind;
   if (boardGroup && (t == own.highPair || t == own.lowPair || t == own.trips)) return kEntryTrips;
   switch (PlaceOf(t, b.ranks)) {
-    case RankPlace::Top: return kEntryTopSet;
-    case RankPlace::TopToMiddle: return kEntryTopMiddleSet;
-    case RankPlace::Middle: return kEntryMiddleSet;
-    case RankPlace::MiddleToBottom: return kEntryMiddleBottomSet;
-    default: return kEntryBottomSet;  // a set always lies on a board rank; the others cannot happen
+    case RankPlace::Top:
+      return kEntryTopSet;
+    case RankPlace::TopToMiddle:
+      return kEntryTopMiddleSet;
+    case RankPlace::Middle:
+      return kEntryMiddleSet;
+    case RankPlace::MiddleToBottom:
+      return kEntryMiddleBottomSet;
+    default:
+      return kEntryBottomSet;  // a set always lies on a board rank; the others cannot happen
   }
 }
 
 int32_t MadeEntry(int32_t code, const HandCombo& holding, const Multiplicity& hand, const BoardContext& b) {
   switch (code) {
-    case kMadeHighCard: return HighCardEntry(holding.rank1);
-    case kMadePair: return PairEntry(hand.highPair, b.ranks);
-    case kMadeTwoPair: return TwoPairEntry(hand, b);
-    case kMadeThreeOfAKind: return ThreeOfAKindEntry(hand, b);
-    case kMadeStraight: return kEntryStraight;
-    case kMadeFlush: return kEntryFlush;
-    case kMadeFullHouse: return kEntryFullHouse;
-    case kMadeFourOfAKind: return kEntryQuad;
-    case kMadeStraightFlush: return kEntryStraightFlush;
-    default: return kEntryRoyalFlush;
+    case kMadeHighCard:
+      return HighCardEntry(holding.rank1);
+    case kMadePair:
+      return PairEntry(hand.highPair, b.ranks);
+    case kMadeTwoPair:
+      return TwoPairEntry(hand, b);
+    case kMadeThreeOfAKind:
+      return ThreeOfAKindEntry(hand, b);
+    case kMadeStraight:
+      return kEntryStraight;
+    case kMadeFlush:
+      return kEntryFlush;
+    case kMadeFullHouse:
+      return kEntryFullHouse;
+    case kMadeFourOfAKind:
+      return kEntryQuad;
+    case kMadeStraightFlush:
+      return kEntryStraightFlush;
+    default:
+      return kEntryRoyalFlush;
   }
 }
 
@@ -158,7 +184,8 @@ ComboClassification ClassifyCombo(const BoardContext& b, const HandCombo& holdin
     if (openEnded) {
       c.straightEntry = kEntryOpenEnded;
     } else {
-      c.straightEntry = (code == kMadePair && b.own.code != kMadePair) ? kEntryGutshotWithPair : kEntryGutshotNoPair;
+      c.straightEntry =
+          (code == kMadePair && b.own.code != kMadePair) ? kEntryGutshotWithPair : kEntryGutshotNoPair;
     }
   } else if (backdoorStraight) {
     c.straightEntry = kEntryBackdoorStraight;

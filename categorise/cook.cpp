@@ -9,7 +9,9 @@
 namespace quillet {
 namespace {
 
-int EntriesInUse(const BlockRecord& record) { return std::clamp(record.count, 0, kSuitPairSlots); }
+int EntriesInUse(const BlockRecord& record) {
+  return std::clamp(record.count, 0, kSuitPairSlots);
+}
 
 bool HoldsSuitPair(const BlockRecord& record, int32_t suit1, int32_t suit2) {
   const int inUse = EntriesInUse(record);
@@ -22,7 +24,9 @@ bool HoldsSuitPair(const BlockRecord& record, int32_t suit1, int32_t suit2) {
 }
 
 bool IsRealHolding(const HandCombo& c) {
-  auto valid = [](Card card) { return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3; };
+  auto valid = [](Card card) {
+    return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3;
+  };
   return valid(c.card1()) && valid(c.card2()) && c.card1() != c.card2();
 }
 

@@ -75,7 +75,8 @@ const Case kCases[] = {
      "turn: pairs A, K (8 is third); neither is the board pair; A=T, K=M (card 4)"},
 
     // ---- two pair, paired board ----
-    {"AcAd", "Kh5s5d", 19, kNone, kNone, T, T, T, "pairs A and the board's 5; A above the board pair and above T=K"},
+    {"AcAd", "Kh5s5d", 19, kNone, kNone, T, T, T,
+     "pairs A and the board's 5; A above the board pair and above T=K"},
     {"Kc7c", "Kh5s5d", 20, kNone, kNone, T, T, T, "pairs K and 5; K above the board pair and equal to T"},
     {"QcQd", "Kh5s5d", 21, kNone, kNone, T, T, T, "pairs Q and 5; Q above the board pair, below T=K"},
     {"4c4d", "Kh5s5d", 22, kNone, kNone, T, T, T,
@@ -90,7 +91,8 @@ const Case kCases[] = {
     // ---- trips and sets ----
     {"8c6d", "8h8sKd", 35, kNone, kNone, T, T, T, "three eights using the board's pair of eights"},
     {"KcKd", "Kh9s5d", 38, kNone, kNone, T, T, T, "set of kings, board unpaired, K=T"},
-    {"QcQd", "QhKs5d", 39, kNone, kNone, T, T, T, "set of queens between T=K and M=5 (card 1 not the middle)"},
+    {"QcQd", "QhKs5d", 39, kNone, kNone, T, T, T,
+     "set of queens between T=K and M=5 (card 1 not the middle)"},
     {"9c9d", "Kh9s5d", 40, kNone, kNone, T, T, T, "set of nines = M"},
     {"5c5s", "QhKs5d", 40, kNone, kNone, T, T, T, "set of fives: M equals B and the middle is tested first"},
     {"5c5h", "Kh9s2c5d", 41, kNone, kNone, T, T, T,
@@ -109,7 +111,8 @@ const Case kCases[] = {
      "turn: six hearts are no flush, so no straight flush; straight 5-9; h6 is at most one short"},
     {"Ah2h", "Kh9h5h3c8d", 46, kNone, kNone, T, T, T, "river: five hearts; A,2,3,5 is four, no wheel"},
     {"AcKd", "2h5h9hJhQh", 46, kNone, kNone, T, T, T, "river: the board's five hearts, none in the holding"},
-    {"AhKd", "2h5h9hJhQh", 1, kNone, kNone, T, T, T, "river: six hearts are no flush; J-Q-K-A is four; A high"},
+    {"AhKd", "2h5h9hJhQh", 1, kNone, kNone, T, T, T,
+     "river: six hearts are no flush; J-Q-K-A is four; A high"},
     {"Ah2h", "9hThKh", 46, 33, 27, F, F, T,
      "flop: five hearts; span T-A holds T,K,A (3, ties 9-K and wins) = bd straight; a flush needs 0 cards, "
      "which is at most one: flush draw too"},
@@ -120,7 +123,8 @@ const Case kCases[] = {
     {"8c2d", "8h8sKdKc", 48, kNone, kNone, T, T, T, "turn: three eights with the board's kings"},
     {"8c8d", "8h8sKc", 50, kNone, kNone, T, T, T, "four eights"},
     {"Ac2d", "9h9s9d9c5c", 1, kNone, kNone, T, T, T, "river: the board's four nines: A high (c3 only)"},
-    {"9h8h", "7h6h5h", 52, kNone, 27, F, T, T, "straight flush 5-9 (five hearts); a made flush counts as a draw"},
+    {"9h8h", "7h6h5h", 52, kNone, 27, F, T, T,
+     "straight flush 5-9 (five hearts); a made flush counts as a draw"},
     {"9h8h", "7h6h5h2c3d", 52, kNone, kNone, T, T, T, "river: straight flush 5-9"},
     {"AhKh", "QhJhTh2c3d", 54, kNone, kNone, T, T, T, "river: straight flush T-A"},
     {"AhKh", "QhJhTh", 54, kNone, 27, F, T, T, "flop: royal flush; five hearts is at most one short"},
@@ -133,7 +137,8 @@ const Case kCases[] = {
      "2-3-4-5: the wheel span misses its low end (the ace) and its high is 5, so open"},
     {"9c6d", "9h8s5c", 8, 30, kNone, F, T, T,
      "span 5-9 misses the 7 with its high present: gutshot; one pair (nines = T), board unpaired: w pair"},
-    {"Ac2d", "JhQsKc", 1, 31, kNone, F, T, T, "J-Q-K-A misses the T with the ace-high span: gutshot; no pair"},
+    {"Ac2d", "JhQsKc", 1, 31, kNone, F, T, T,
+     "J-Q-K-A misses the T with the ace-high span: gutshot; no pair"},
     {"Ac4d", "3h2s9c", 1, 31, kNone, F, T, T, "A-2-3-4 is a wheel-span gutshot; no pair; c2"},
     {"Jc7d", "9h8s8c2d", 4, 31, kNone, F, T, T,
      "turn: 7-8-9-_-J gutshot; the pair of eights is the board's own (playing the board), so no pair"},
@@ -141,7 +146,8 @@ const Case kCases[] = {
     // ---- flush draws and their combinations ----
     {"Kh3h", "9h6hQc2d", 2, kNone, 27, F, T, T,
      "turn: h4 one short; span 9-K holds 9,Q,K (3) but the turn has no backdoor draws"},
-    {"AcQd", "Kh9h5h2h", 1, kNone, 27, F, T, T, "turn: four hearts on the board give a flush draw without a heart"},
+    {"AcQd", "Kh9h5h2h", 1, kNone, 27, F, T, T,
+     "turn: four hearts on the board give a flush draw without a heart"},
     {"9h8h", "7h6c2h", 4, 26, 27, F, F, F, "open-ended and h4: all three copies marked"},
     {"9h6h", "9c8h5h", 8, 30, 27, F, F, F, "gutshot (7 missing) with the nines as top pair, and h4"},
     {"Jh9h", "KhQh3h9s", 46, 31, 27, F, F, F,
@@ -151,20 +157,25 @@ const Case kCases[] = {
     {"QhJh", "9c8h2s", 3, 31, 32, F, T, T,
      "span 8-Q misses the T with Q present: gutshot, no pair; h3 = bd flush, which marks nothing"},
     {"Ah5h", "Kh9h2c", 1, 33, 27, F, F, T,
-     "span A-5 holds A,2,5 (3) = bd straight; h4 = flush draw, which marks the made and the bd straight copy"},
+     "span A-5 holds A,2,5 (3) = bd straight; h4 = flush draw, which marks the made and the bd straight "
+     "copy"},
     {"JhTh", "8h4c2s", 4, 33, 32, T, T, T,
      "spans 7-J and 8-Q hold 8,T,J (3) = bd straight; c1 then h3 = bd flush; backdoors mark no copy; J high"},
-    {"9h8h", "7h6c2hKd3s", 4, kNone, kNone, T, T, T, "river: 6-7-8-9 without a 5 or T; h3; no draws on the river"},
+    {"9h8h", "7h6c2hKd3s", 4, kNone, kNone, T, T, T,
+     "river: 6-7-8-9 without a 5 or T; h3; no draws on the river"},
 };
 
-void PrintTo(const Case& k, std::ostream* os) { *os << k.holding << " on " << k.board; }
+void PrintTo(const Case& k, std::ostream* os) {
+  *os << k.holding << " on " << k.board;
+}
 
 class ClassifyTable : public ::testing::TestWithParam<Case> {};
 
 TEST_P(ClassifyTable, TheHoldingLandsInItsWorkedOutEntriesWithItsFlags) {
   const Case& k = GetParam();
   const auto board = testing::Board(k.board);
-  const ComboClassification c = ClassifyCombo(PrepareBoard(board.cards, board.street), testing::Holding(k.holding));
+  const ComboClassification c =
+      ClassifyCombo(PrepareBoard(board.cards, board.street), testing::Holding(k.holding));
   SCOPED_TRACE(std::string(k.holding) + " on " + k.board + ": " + k.why);
   EXPECT_EQ(c.madeEntry, k.made);
   EXPECT_EQ(c.straightEntry, k.straight);
@@ -198,8 +209,8 @@ TEST(ClassifyTableCoverage, TheCasesReachEveryEntryAndEveryCombinationOfCopyFlag
     const int f = k.flush == kNone ? 0 : (k.flushFlag ? 1 : 2);
     flags.insert({k.madeFlag, s, f});
   }
-  for (int e : {1, 2, 3, 4, 7, 8, 9, 10, 11, 12, 13, 16, 17, 18, 19, 20, 21, 22, 23, 35, 38, 39, 40, 41, 42, 44, 46,
-                48, 50, 52, 54}) {
+  for (int e : {1,  2,  3,  4,  7,  8,  9,  10, 11, 12, 13, 16, 17, 18, 19, 20,
+                21, 22, 23, 35, 38, 39, 40, 41, 42, 44, 46, 48, 50, 52, 54}) {
     EXPECT_TRUE(made.count(e)) << "made-hand entry " << e;
   }
   for (int e : {26, 27, 30, 31, 32, 33}) EXPECT_TRUE(draws.count(e)) << "draw entry " << e;
@@ -209,8 +220,8 @@ TEST(ClassifyTableCoverage, TheCasesReachEveryEntryAndEveryCombinationOfCopyFlag
   const std::set<std::tuple<bool, int, int>> all = {{T, 0, 0}, {F, 1, 0}, {T, 1, 0}, {F, 0, 1}, {T, 0, 1},
                                                     {F, 2, 2}, {F, 1, 1}, {F, 2, 1}, {T, 1, 1}};
   for (const auto& combination : all) {
-    EXPECT_TRUE(flags.count(combination)) << std::get<0>(combination) << " " << std::get<1>(combination) << " "
-                                          << std::get<2>(combination);
+    EXPECT_TRUE(flags.count(combination))
+        << std::get<0>(combination) << " " << std::get<1>(combination) << " " << std::get<2>(combination);
   }
 }
 

@@ -18,7 +18,9 @@ ComboClassification Classify(const std::string& holding, const std::string& boar
   return ClassifyCombo(PrepareBoard(b.cards, b.street), Holding(holding));
 }
 
-bool IsDrawEntry(int i) { return i == 26 || i == 27 || i == 30 || i == 31 || i == 32 || i == 33; }
+bool IsDrawEntry(int i) {
+  return i == 26 || i == 27 || i == 30 || i == 31 || i == 32 || i == 33;
+}
 
 TEST(Classify, OnTheTurnABoardOfFourHeartsGivesEveryHoldingAFlushDraw) {
   const auto b = Board("Kh9h5h2h");
@@ -107,9 +109,9 @@ TEST(Classify, AMadeFlushOnTheFlopAlsoStandsInTheFlushDraws) {
 }
 
 TEST(Classify, PlayingTheBoardFallsBackToTheHighCardOfTheHolding) {
-  EXPECT_EQ(Classify("Ac2d", "KhKs9d5c3h").madeEntry, kEntryAceHigh);  // the board's pair
-  EXPECT_EQ(Classify("Ac2d", "9h9s9d5c").madeEntry, kEntryAceHigh);    // the board's three of a kind
-  EXPECT_EQ(Classify("Ac2d", "9h9s9d9c5c").madeEntry, kEntryAceHigh);  // the board's four of a kind
+  EXPECT_EQ(Classify("Ac2d", "KhKs9d5c3h").madeEntry, kEntryAceHigh);    // the board's pair
+  EXPECT_EQ(Classify("Ac2d", "9h9s9d5c").madeEntry, kEntryAceHigh);      // the board's three of a kind
+  EXPECT_EQ(Classify("Ac2d", "9h9s9d9c5c").madeEntry, kEntryAceHigh);    // the board's four of a kind
   EXPECT_EQ(Classify("7c6d", "KhKs8d8c2h").madeEntry, kEntryOtherHigh);  // the board's two pair
   EXPECT_EQ(Classify("Qc2d", "KhKsKd8c8h").madeEntry, kEntryQueenHigh);  // the board's full house
   EXPECT_EQ(Classify("QcQd", "KhKsKd8c8h").madeEntry, kEntryFullHouse);  // a better full house

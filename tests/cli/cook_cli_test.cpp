@@ -31,17 +31,20 @@ TEST(CookCli, JsonHoldsAllFiftyFiveEntriesWithTheirHoldingsAndMarks) {
   EXPECT_EQ(j.rfind("{\"range\":4,\"possible\":4,\"categorised\":4,\"categories\":[", 0), 0u) << j;
   EXPECT_EQ(Occurrences(j, "{\"index\":"), 55);
   EXPECT_NE(j.find("{\"index\":0,\"label\":\"*High cards\",\"count\":0,\"combos\":[]},"), std::string::npos);
-  EXPECT_NE(j.find("{\"index\":1,\"label\":\">*A high\",\"count\":3,\"combos\":[\"Ac2c\",\"Ad2d\",\"As2s\"]}"),
-            std::string::npos);
+  EXPECT_NE(
+      j.find("{\"index\":1,\"label\":\">*A high\",\"count\":3,\"combos\":[\"Ac2c\",\"Ad2d\",\"As2s\"]}"),
+      std::string::npos);
   EXPECT_NE(j.find("{\"index\":5,\"label\":\"*\",\"count\":0,\"combos\":[]}"), std::string::npos);
-  EXPECT_NE(j.find("{\"index\":27,\"label\":\">*Flush draws\",\"count\":1,\"combos\":[\"Ah2h\"]}"), std::string::npos);
+  EXPECT_NE(j.find("{\"index\":27,\"label\":\">*Flush draws\",\"count\":1,\"combos\":[\"Ah2h\"]}"),
+            std::string::npos);
   EXPECT_NE(j.find("{\"index\":33,\"label\":\">*Backdoor Straight draw\",\"count\":4,"
                    "\"combos\":[\"Ac2c\",\"Ad2d\",\"Ah2h*\",\"As2s\"]}"),
             std::string::npos);
   EXPECT_NE(j.find("{\"index\":32,\"label\":\">*Backdoor Flush draw\",\"count\":3,"
                    "\"combos\":[\"Ac2c\",\"Ad2d\",\"As2s\"]}"),
             std::string::npos);
-  EXPECT_NE(j.find("{\"index\":46,\"label\":\"*Flush\",\"count\":1,\"combos\":[\"Ah2h*\"]}"), std::string::npos);
+  EXPECT_NE(j.find("{\"index\":46,\"label\":\"*Flush\",\"count\":1,\"combos\":[\"Ah2h*\"]}"),
+            std::string::npos);
   const std::string end = "{\"index\":54,\"label\":\"*Royal Flush\",\"count\":0,\"combos\":[]}]}\n";
   ASSERT_GE(j.size(), end.size());
   EXPECT_EQ(j.substr(j.size() - end.size()), end);

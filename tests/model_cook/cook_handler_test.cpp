@@ -33,7 +33,8 @@ struct CookWindow {
     SetBlockWhole(profile().rangeLayer[c], HandClasses()[c].kind == kKindSuited);
   }
   void ClickAll() {
-    for (int c = 0; c < kClassCount; ++c) SetBlockWhole(profile().rangeLayer[c], HandClasses()[c].kind == kKindSuited);
+    for (int c = 0; c < kClassCount; ++c)
+      SetBlockWhole(profile().rangeLayer[c], HandClasses()[c].kind == kKindSuited);
   }
 
   void Cook(const std::string& hand, const std::string& board) {
@@ -90,13 +91,15 @@ TEST(CookHandler, TheCaptionIsThreeLinesSeparatedByCarriageReturnLineFeed) {
 TEST(CookHandler, AWrongBoardLengthShowsItsMessageAndThenBadInput) {
   CookWindow w;
   w.Cook("AhKd", "AhKd");
-  EXPECT_EQ(w.services.messageTexts(), (std::vector<std::string>{"Board invalid. Valid Eg: ThKc4d", "Bad Input"}));
+  EXPECT_EQ(w.services.messageTexts(),
+            (std::vector<std::string>{"Board invalid. Valid Eg: ThKc4d", "Bad Input"}));
 }
 
 TEST(CookHandler, AWrongHandLengthShowsItsMessageAndThenBadInput) {
   CookWindow w;
   w.Cook("AhKd5", "");
-  EXPECT_EQ(w.services.messageTexts(), (std::vector<std::string>{"My hand is invalid. Valid Eg: AhAd", "Bad Input"}));
+  EXPECT_EQ(w.services.messageTexts(),
+            (std::vector<std::string>{"My hand is invalid. Valid Eg: AhAd", "Bad Input"}));
 }
 
 TEST(CookHandler, ABadCardCharacterShowsOnlyBadInput) {
@@ -109,11 +112,12 @@ TEST(CookHandler, ABadCardCharacterShowsOnlyBadInput) {
 }
 
 TEST(CookHandler, ACardUsedTwiceShowsDuplicateCardExists) {
-  for (const auto& [hand, board] : std::vector<std::pair<std::string, std::string>>{
-           {"AhAh", ""}, {"", "AhAh4c"}, {"AhKd", "QsAh4c"}}) {
+  for (const auto& [hand, board] :
+       std::vector<std::pair<std::string, std::string>>{{"AhAh", ""}, {"", "AhAh4c"}, {"AhKd", "QsAh4c"}}) {
     CookWindow w;
     w.Cook(hand, board);
-    EXPECT_EQ(w.services.messageTexts(), (std::vector<std::string>{"Duplicate card exists"})) << hand << "/" << board;
+    EXPECT_EQ(w.services.messageTexts(), (std::vector<std::string>{"Duplicate card exists"}))
+        << hand << "/" << board;
   }
 }
 
@@ -135,6 +139,18 @@ TEST(CookHandler, ARefusedRunLeavesTheLastResultsAsTheyWere) {
   EXPECT_EQ(w.services.messages.size(), 2u + 1u + 1u);
 }
 
+TEST(CookHandler, EachRunReadsMyHandIntoAFreshRecord) {
+  // A run with My Hand empty leaves -1 in every hand field; were that record reused, the hand parse
+  // would refuse "AhKd" on the old rank-2 value.
+  CookWindow w;
+  w.Click("QQ");
+  w.Cook("", "Tc8h3s");
+  w.Cook("AhKd", "Tc8h3s");
+  EXPECT_TRUE(w.services.messages.empty());
+  EXPECT_EQ(w.model.lblCheckPossibleHands,
+            "6 Hands in Opponent's Range\r\n6 Possible Hands\r\n6 Hands in categories");
+}
+
 TEST(CookHandler, WithNoProfileSelectedTheRangeIsEmptyWithoutAnError) {
   RecordingServices services;
   Form1Model model(services);
@@ -142,7 +158,8 @@ TEST(CookHandler, WithNoProfileSelectedTheRangeIsEmptyWithoutAnError) {
   model.txtBoard.text = "Tc8h3s";
   model.cmdCheckPossibleHands_Click();
   EXPECT_TRUE(services.messages.empty());
-  EXPECT_EQ(model.lblCheckPossibleHands, "0 Hands in Opponent's Range\r\n0 Possible Hands\r\n0 Hands in categories");
+  EXPECT_EQ(model.lblCheckPossibleHands,
+            "0 Hands in Opponent's Range\r\n0 Possible Hands\r\n0 Hands in categories");
   for (const CategoryNode& node : model.categories.nodes) EXPECT_EQ(node.count, 0);
 }
 
@@ -150,7 +167,8 @@ TEST(CookHandler, AnEmptyGridIsARangeOfZero) {
   CookWindow w;
   w.Cook("", "");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_EQ(w.model.lblCheckPossibleHands, "0 Hands in Opponent's Range\r\n0 Possible Hands\r\n0 Hands in categories");
+  EXPECT_EQ(w.model.lblCheckPossibleHands,
+            "0 Hands in Opponent's Range\r\n0 Possible Hands\r\n0 Hands in categories");
 }
 
 TEST(CookHandler, TheCardBoxesAreGivenBackNormalised) {
@@ -168,7 +186,8 @@ TEST(CookHandler, AHoldingThatUsesABoardCardCountsInTheRangeButIsNotPossible) {
   w.Click("AKs");
   w.Cook("", "Ah7c2d");
   // AhKh uses the board's ace; the other three suited holdings are live pairs of aces.
-  EXPECT_EQ(w.model.lblCheckPossibleHands, "4 Hands in Opponent's Range\r\n3 Possible Hands\r\n3 Hands in categories");
+  EXPECT_EQ(w.model.lblCheckPossibleHands,
+            "4 Hands in Opponent's Range\r\n3 Possible Hands\r\n3 Hands in categories");
   EXPECT_EQ(w.model.cookRangeCount, 4);
   EXPECT_EQ(w.model.cookLiveCount, 3);
   EXPECT_EQ(w.Count(8), 3);
@@ -189,7 +208,8 @@ TEST(CookHandler, AMadeHandWithAFlushDrawIsCountedOnceInTheCaption) {
   w.Click("AQs");
   w.Cook("", "Ac7h2h");
   // AhQh: a pair of aces and four hearts; AdQd and AsQs: a pair of aces; AcQc is dead.
-  EXPECT_EQ(w.model.lblCheckPossibleHands, "4 Hands in Opponent's Range\r\n3 Possible Hands\r\n3 Hands in categories");
+  EXPECT_EQ(w.model.lblCheckPossibleHands,
+            "4 Hands in Opponent's Range\r\n3 Possible Hands\r\n3 Hands in categories");
   EXPECT_EQ(w.Count(8), 3);
   EXPECT_EQ(w.Count(27), 1);
 }
@@ -204,26 +224,27 @@ TEST(CookHandler, TheFullRangeAgainstAcesOnTenEightThreeMakesTheKnownCounts) {
 
   // Worked out by counting cards. Left beside AhAd and Tc8h3s: two aces, three each of T, 8 and 3, and
   // four each of K, Q, J, 9, 7, 6, 5, 4, 2 (36 cards); 38 cards carry no board rank.
-  const int made[] = {1, 2, 3, 4, 7, 8, 9, 10, 11, 12, 13, 16, 17, 18, 19, 20, 21, 22, 23,
-                      35, 38, 39, 40, 41, 42, 44, 46, 48, 50, 52, 54};
+  const int made[] = {1,  2,  3,  4,  7,  8,  9,  10, 11, 12, 13, 16, 17, 18, 19, 20,
+                      21, 22, 23, 35, 38, 39, 40, 41, 42, 44, 46, 48, 50, 52, 54};
   const std::pair<int, int> expected[] = {
-      {1, 2 * 36},          // an ace with any of the 36 lower cards without a board rank
-      {2, 4 * 32},          // a king with Q, J, 9, 7, 6, 5, 4, 2
-      {3, 4 * 28},          // a queen with J, 9, 7, 6, 5, 4, 2
-      {4, 703 - 55 - 72 - 128 - 112},  // the rest of the 703 pairs of those 38 cards, less their 55 pocket pairs
-      {7, 1 + 6 + 6 + 6},   // AcAs, KK, QQ, JJ above the ten
-      {8, 3 * 38},          // a ten with a card of no board rank
-      {9, 6},               // nines between the ten and the eight
-      {10, 3 * 38},         // an eight with a card of no board rank
-      {11, 4 * 6},          // sevens to fours between the eight and the three
-      {12, 3 * 38},         // a three with a card of no board rank
-      {13, 6},              // deuces below the three
-      {16, 3 * 3},          // ten and eight
-      {17, 3 * 3},          // ten and three
-      {18, 3 * 3},          // eight and three
-      {38, 3},              // TT
-      {40, 3},              // 88
-      {42, 3},              // 33
+      {1, 2 * 36},  // an ace with any of the 36 lower cards without a board rank
+      {2, 4 * 32},  // a king with Q, J, 9, 7, 6, 5, 4, 2
+      {3, 4 * 28},  // a queen with J, 9, 7, 6, 5, 4, 2
+      {4,
+       703 - 55 - 72 - 128 - 112},  // the rest of the 703 pairs of those 38 cards, less their 55 pocket pairs
+      {7, 1 + 6 + 6 + 6},           // AcAs, KK, QQ, JJ above the ten
+      {8, 3 * 38},                  // a ten with a card of no board rank
+      {9, 6},                       // nines between the ten and the eight
+      {10, 3 * 38},                 // an eight with a card of no board rank
+      {11, 4 * 6},                  // sevens to fours between the eight and the three
+      {12, 3 * 38},                 // a three with a card of no board rank
+      {13, 6},                      // deuces below the three
+      {16, 3 * 3},                  // ten and eight
+      {17, 3 * 3},                  // ten and three
+      {18, 3 * 3},                  // eight and three
+      {38, 3},                      // TT
+      {40, 3},                      // 88
+      {42, 3},                      // 33
   };
   int madeTotal = 0;
   for (int e : made) madeTotal += w.Count(e);
