@@ -1,0 +1,237 @@
+#include "storage/profile_file.h"
+
+#include <algorithm>
+
+#include "cards/hand_class.h"
+#include "storage/byte_io.h"
+#include "storage/code_page.h"
+#include "storage/file_io.h"
+
+namespace quillet {
+namespace {
+
+constexpr int16_t kDescriptorDimensions = 1;
+constexpr int32_t kDescriptorElements = kSuitPairSlots;
+constexpr int32_t kDescriptorLowerBound = 0;
+
+void AppendCountedString(ByteWriter& out, const std::string& utf8) {
+  const std::string bytes = Utf8ToCp1252(utf8);
+  out.I32(static_cast<int32_t>(bytes.size()));
+  out.Bytes(bytes);
+}
+
+// A name from the file as it may be shown in a one-line message: no control characters, not too long.
+std::string Printable(std::string_view cp1252) {
+  std::string shown;
+  for (const char c : cp1252.substr(0, 40)) {
+    const auto b = static_cast<unsigned char>(c);
+    shown.push_back(b < 0x20 || b == 0x7F || (b >= 0x80 && b < 0xA0) ? '?' : c);
+  }
+  return Cp1252ToUtf8(shown) + (cp1252.size() > 40 ? "..." : "");
+}
+
+struct BlockFault {
+  bool truncated = false;
+  std::string why;  // empty: the block was read whole
+};
+
+class ProfileBlockReader {
+ public:
+  ProfileBlockReader(ByteReader& in, int number, int32_t total) : in_(in), number_(number), total_(total) {}
+
+  BlockFault Read(PlayerProfile& profile) {
+    std::string name;
+    if (auto f = ReadCountedString("name", name); !f.why.empty()) return f;
+    nameShown_ = Printable(name);
+    profile.name = Cp1252ToUtf8(name);
+    std::string text;
+    if (auto f = ReadCountedString("range text", text); !f.why.empty()) return f;
+    profile.rangeText = Cp1252ToUtf8(text);
+    const auto& classes = HandClasses();
+    for (int c = 0; c < kClassCount; ++c) {
+      if (auto f = ReadRecord(profile.rangeLayer[c], classes[c], "On"); !f.why.empty()) return f;
+      if (auto f = ReadRecord(profile.seenLayer[c], classes[c], "Seen"); !f.why.empty()) return f;
+    }
+    return {};
+  }
+
+ private:
+  std::string Which() const {
+    std::string which = "profile " + std::to_string(number_) + " of " + std::to_string(total_);
+    if (!nameShown_.empty()) which += " (\"" + nameShown_ + "\")";
+    return which;
+  }
+
+  BlockFault Truncated() const {
+    return {true, "it ends after " + std::to_string(in_.offset() + in_.remaining()) + " bytes, inside " + Which()};
+  }
+
+  BlockFault ReadCountedString(const char* what, std::string& out) {
+    int32_t length = 0;
+    if (!in_.I32(length)) return Truncated();
+    if (length < 0) {
+      return {false, "the " + std::string(what) + " of " + Which() + " has a length of " + std::to_string(length)};
+    }
+    if (static_cast<std::size_t>(length) > in_.remaining()) {
+      return {true, "the " + std::string(what) + " of " + Which() + " is said to be " + std::to_string(length) +
+                        " bytes long, but only " + std::to_string(in_.remaining()) + " bytes follow"};
+    }
+    std::string_view bytes;
+    in_.Bytes(static_cast<std::size_t>(length), bytes);
+    out.assign(bytes);
+    return {};
+  }
+
+  BlockFault ReadRecord(BlockRecord& record, const HandClass& handClass, const char* layer) {
+    if (in_.remaining() < kRecordBlockBytes) return Truncated();
+    const auto where = [&] { return Which() + ", " + handClass.caption + " in the " + layer + " layer, "; };
+    int16_t dimensions = 0;
+    int32_t elements = 0, lowerBound = 0;
+    in_.I32(record.rank1);
+    in_.I32(record.rank2);
+    in_.I16(dimensions);
+    in_.I32(elements);
+    in_.I32(lowerBound);
+    for (SuitPairEntry& e : record.combos) {
+      in_.I16(e.on);
+      in_.I32(e.suit1);
+      in_.I32(e.suit2);
+    }
+    in_.I32(record.count);
+    in_.I16(record.suited);
+    in_.I16(record.offsuit);
+    in_.I16(record.whole);
+    if (dimensions != kDescriptorDimensions || elements != kDescriptorElements || lowerBound != kDescriptorLowerBound) {
+      return {false, where() + "describes its suit-pair list as (" + std::to_string(dimensions) + ", " +
+                         std::to_string(elements) + ", " + std::to_string(lowerBound) + ") instead of (1, 16, 0)"};
+    }
+    if (record.count < 0 || record.count > kSuitPairSlots) {
+      return {false, where() + "holds " + std::to_string(record.count) + " suit pairs (0 to 16 are possible)"};
+    }
+    if (record.rank1 != handClass.rank1 || record.rank2 != handClass.rank2) {
+      return {false, where() + "has the ranks " + std::to_string(record.rank1) + " and " + std::to_string(record.rank2) +
+                         " instead of " + std::to_string(handClass.rank1) + " and " + std::to_string(handClass.rank2)};
+    }
+    for (int k = 0; k < record.count; ++k) {
+      const SuitPairEntry& e = record.combos[k];
+      if (e.suit1 < 0 || e.suit1 > 3 || e.suit2 < 0 || e.suit2 > 3) {
+        return {false, where() + "suit pair " + std::to_string(k + 1) + " has the suits " + std::to_string(e.suit1) +
+                           " and " + std::to_string(e.suit2) + " (0 to 3 are possible)"};
+      }
+    }
+    return {};
+  }
+
+  ByteReader& in_;
+  int number_;
+  int32_t total_;
+  std::string nameShown_;
+};
+
+}  // namespace
+
+std::string ProfileFileFault(const std::string& fileLabel, const std::string& why) {
+  return "The player profile file \"" + fileLabel + "\" cannot be read: " + why + ".";
+}
+
+void AppendRecordBlock(std::string& out, const BlockRecord& record) {
+  ByteWriter w(out);
+  w.I32(record.rank1);
+  w.I32(record.rank2);
+  w.I16(kDescriptorDimensions);
+  w.I32(kDescriptorElements);
+  w.I32(kDescriptorLowerBound);
+  for (const SuitPairEntry& e : record.combos) {
+    w.I16(e.on);
+    w.I32(e.suit1);
+    w.I32(e.suit2);
+  }
+  w.I32(record.count);
+  w.I16(record.suited);
+  w.I16(record.offsuit);
+  w.I16(record.whole);
+}
+
+std::string EncodeProfileFile(const std::vector<PlayerProfile>& profiles) {
+  const auto named = std::count_if(profiles.begin(), profiles.end(), [](const PlayerProfile& p) { return !p.isFree(); });
+  std::string out;
+  out.reserve(8 + static_cast<std::size_t>(named) * (kSmallestProfileBlockBytes + 64));
+  ByteWriter w(out);
+  w.I32(kProfileFileVersion);
+  w.I32(static_cast<int32_t>(named));
+  for (const PlayerProfile& p : profiles) {
+    if (p.isFree()) continue;
+    AppendCountedString(w, p.name);
+    AppendCountedString(w, p.rangeText);
+    for (int c = 0; c < kClassCount; ++c) {
+      AppendRecordBlock(out, p.rangeLayer[c]);
+      AppendRecordBlock(out, p.seenLayer[c]);
+    }
+  }
+  return out;
+}
+
+ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string& fileLabel) {
+  ProfileFileContents result;
+  const auto fault = [&](const std::string& why) {
+    result.status = ProfileFileContents::Status::Faulty;
+    result.error = StorageError{ProfileFileFault(fileLabel, why)};
+    return std::move(result);
+  };
+  if (bytes.empty()) return fault("it is empty");
+  ByteReader in(bytes);
+  if (!in.I32(result.version)) {
+    return fault("it is only " + std::to_string(bytes.size()) + " bytes long, too short for the file version");
+  }
+  if (result.version != kProfileFileVersion) {
+    result.status = ProfileFileContents::Status::OtherVersion;
+    return result;
+  }
+  int32_t count = 0;
+  if (!in.I32(count)) return fault("it ends after " + std::to_string(bytes.size()) + " bytes, inside the profile count");
+  if (count < 0) return fault("it says it holds " + std::to_string(count) + " profiles");
+  // However large the count, the list grows only by profiles actually read.
+  const std::size_t room = in.remaining() / kSmallestProfileBlockBytes;
+  result.profiles.reserve(std::min(static_cast<std::size_t>(count), room));
+  for (int32_t i = 0; i < count; ++i) {
+    PlayerProfile profile;
+    InitProfile(profile);
+    ProfileBlockReader reader(in, i + 1, count);
+    const BlockFault f = reader.Read(profile);
+    if (!f.why.empty()) {
+      if (f.truncated && static_cast<std::size_t>(count) > room) {
+        return fault("it says it holds " + std::to_string(count) + " profiles, but its " + std::to_string(bytes.size()) +
+                     " bytes have room for at most " + std::to_string(room));
+      }
+      return fault(f.why);
+    }
+    result.profiles.push_back(std::move(profile));
+  }
+  result.status = ProfileFileContents::Status::Read;
+  return result;
+}
+
+ProfileFileContents ReadProfileFile(const std::filesystem::path& path) {
+  FileRead file = ReadWholeFile(path, kLargestProfileFileBytes);
+  if (file.status == FileRead::Status::Missing) return {};
+  if (file.status == FileRead::Status::Failed) {
+    ProfileFileContents result;
+    result.status = ProfileFileContents::Status::Faulty;
+    result.error = StorageError{ProfileFileFault(path.string(), file.reason)};
+    return result;
+  }
+  ProfileFileContents result = DecodeProfileFile(file.bytes, path.string());
+  if (result.status == ProfileFileContents::Status::Faulty) result.bytes = std::move(file.bytes);
+  return result;
+}
+
+std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
+                                             const std::vector<PlayerProfile>& profiles) {
+  if (auto failure = WriteFileAtomically(path, EncodeProfileFile(profiles))) {
+    return StorageError{"The player profiles could not be saved to \"" + path.string() + "\": " + *failure +
+                        ". The file there was left as it was."};
+  }
+  return std::nullopt;
+}
+
+}  // namespace quillet
