@@ -199,7 +199,8 @@ ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string&
     ProfileBlockReader reader(in, i + 1, count);
     const BlockFault f = reader.Read(profile);
     if (!f.why.empty()) {
-      if (f.truncated && static_cast<std::size_t>(count) > room) {
+      // A file cut short lacks part of one profile; a count beyond that is wrong itself.
+      if (f.truncated && static_cast<std::size_t>(count) > room + 1) {
         return fault("it says it holds " + std::to_string(count) + " profiles, but its " + std::to_string(bytes.size()) +
                      " bytes have room for at most " + std::to_string(room));
       }
