@@ -85,22 +85,24 @@ class ProfileBlockReader {
   BlockFault ReadRecord(BlockRecord& record, const HandClass& handClass, const char* layer) {
     if (in_.remaining() < kRecordBlockBytes) return Truncated();
     const auto where = [&] { return Which() + ", " + handClass.caption + " in the " + layer + " layer, "; };
-    int16_t dimensions = 0;
-    int32_t elements = 0, lowerBound = 0;
-    in_.I32(record.rank1);
-    in_.I32(record.rank2);
-    in_.I16(dimensions);
-    in_.I32(elements);
-    in_.I32(lowerBound);
-    for (SuitPairEntry& e : record.combos) {
-      in_.I16(e.on);
-      in_.I32(e.suit1);
-      in_.I32(e.suit2);
+    std::string_view block;
+    in_.Bytes(kRecordBlockBytes, block);
+    const char* p = block.data();
+    record.rank1 = LoadI32(p);
+    record.rank2 = LoadI32(p + 4);
+    const int16_t dimensions = LoadI16(p + 8);
+    const int32_t elements = LoadI32(p + 10);
+    const int32_t lowerBound = LoadI32(p + 14);
+    for (int k = 0; k < kSuitPairSlots; ++k) {
+      const char* entry = p + 18 + 10 * k;
+      record.combos[k].on = LoadI16(entry);
+      record.combos[k].suit1 = LoadI32(entry + 2);
+      record.combos[k].suit2 = LoadI32(entry + 6);
     }
-    in_.I32(record.count);
-    in_.I16(record.suited);
-    in_.I16(record.offsuit);
-    in_.I16(record.whole);
+    record.count = LoadI32(p + 178);
+    record.suited = LoadI16(p + 182);
+    record.offsuit = LoadI16(p + 184);
+    record.whole = LoadI16(p + 186);
     if (dimensions != kDescriptorDimensions || elements != kDescriptorElements || lowerBound != kDescriptorLowerBound) {
       return {false, where() + "describes its suit-pair list as (" + std::to_string(dimensions) + ", " +
                          std::to_string(elements) + ", " + std::to_string(lowerBound) + ") instead of (1, 16, 0)"};

@@ -7,36 +7,17 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/storage/file_size_limit.h"
 #include "tests/storage/temp_folder.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::FileSizeLimit;
 using testing::ReadBytes;
 using testing::TempFolder;
 using testing::WriteBytes;
-
-// While alive, a write that would make a file larger than `bytes` fails with "File too large" instead of
-// killing the process: the same failure, seen from the program, as a disk that fills up mid-write.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &saved_);
-    oldHandler_ = signal(SIGXFSZ, SIG_IGN);
-    rlimit limit = saved_;
-    limit.rlim_cur = bytes;
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &saved_);
-    signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit saved_{};
-  sighandler_t oldHandler_;
-};
 
 TEST(WriteFileAtomically, ReplacesTheFileAndLeavesNothingElseBehind) {
   TempFolder dir;
