@@ -63,8 +63,14 @@ int CreateTemporary(const fs::path& target, fs::path& temporary, int& error) {
   static unsigned counter = 0;
   for (int attempt = 0; attempt < 100; ++attempt) {
     const auto tick = static_cast<unsigned long long>(std::chrono::steady_clock::now().time_since_epoch().count());
-    const std::string name = "." + target.filename().string() + "." + std::to_string(::getpid()) + "-" +
-                             std::to_string(++counter) + "-" + std::to_string(tick % 1000000) + ".tmp";
+    std::string name(1, '.');
+    name.append(target.filename().string());
+    for (const unsigned long long part : {static_cast<unsigned long long>(::getpid()),
+                                          static_cast<unsigned long long>(++counter), tick % 1000000}) {
+      name.push_back('.');
+      name.append(std::to_string(part));
+    }
+    name.append(".tmp");
     temporary = folder / name;
     const int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (fd >= 0) return fd;

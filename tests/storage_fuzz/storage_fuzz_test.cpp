@@ -69,7 +69,8 @@ PlayerProfile SampleProfile(const std::string& name, int seed) {
   PlayerProfile p;
   InitProfile(p);
   p.name = name;
-  p.rangeText = "~" + std::to_string(seed);
+  p.rangeText = "~";
+  p.rangeText += std::to_string(seed);
   for (int c = seed % 7; c < kClassCount; c += 7) SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
   for (int c = seed % 5; c < kClassCount; c += 11) SetBlockSuitPair(p.seenLayer[c], 1, 2, true, false);
   return p;
