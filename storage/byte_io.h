@@ -39,6 +39,20 @@ inline int16_t LoadI16(const char* p) {
   return static_cast<int16_t>(static_cast<uint16_t>(static_cast<unsigned char>(p[0]) | (static_cast<unsigned char>(p[1]) << 8)));
 }
 
+inline void StoreI32(char* p, int32_t v) {
+  const auto u = static_cast<uint32_t>(v);
+  if constexpr (std::endian::native == std::endian::little) {
+    std::memcpy(p, &u, 4);
+  } else {
+    for (int k = 0; k < 4; ++k) p[k] = static_cast<char>((u >> (8 * k)) & 0xFF);
+  }
+}
+inline void StoreI16(char* p, int16_t v) {
+  const auto u = static_cast<uint16_t>(v);
+  p[0] = static_cast<char>(u & 0xFF);
+  p[1] = static_cast<char>(u >> 8);
+}
+
 // Reads from a byte view; every read checks that the bytes are there and, when they are not, changes
 // nothing and returns false.
 class ByteReader {

@@ -1,6 +1,7 @@
 #include "storage/profile_file.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "cards/hand_class.h"
 #include "storage/byte_io.h"
@@ -13,12 +14,6 @@ namespace {
 constexpr int16_t kDescriptorDimensions = 1;
 constexpr int32_t kDescriptorElements = kSuitPairSlots;
 constexpr int32_t kDescriptorLowerBound = 0;
-
-void AppendCountedString(ByteWriter& out, const std::string& utf8) {
-  const std::string bytes = Utf8ToCp1252(utf8);
-  out.I32(static_cast<int32_t>(bytes.size()));
-  out.Bytes(bytes);
-}
 
 // A name from the file as it may be shown in a one-line message: no control characters, not too long.
 std::string Printable(std::string_view cp1252) {
@@ -137,37 +132,51 @@ std::string ProfileFileFault(const std::string& fileLabel, const std::string& wh
 }
 
 void AppendRecordBlock(std::string& out, const BlockRecord& record) {
-  ByteWriter w(out);
-  w.I32(record.rank1);
-  w.I32(record.rank2);
-  w.I16(kDescriptorDimensions);
-  w.I32(kDescriptorElements);
-  w.I32(kDescriptorLowerBound);
-  for (const SuitPairEntry& e : record.combos) {
-    w.I16(e.on);
-    w.I32(e.suit1);
-    w.I32(e.suit2);
+  const std::size_t at = out.size();
+  out.resize(at + kRecordBlockBytes);
+  char* p = out.data() + at;
+  StoreI32(p, record.rank1);
+  StoreI32(p + 4, record.rank2);
+  StoreI16(p + 8, kDescriptorDimensions);
+  StoreI32(p + 10, kDescriptorElements);
+  StoreI32(p + 14, kDescriptorLowerBound);
+  for (int k = 0; k < kSuitPairSlots; ++k) {
+    char* entry = p + 18 + 10 * k;
+    StoreI16(entry, record.combos[k].on);
+    StoreI32(entry + 2, record.combos[k].suit1);
+    StoreI32(entry + 6, record.combos[k].suit2);
   }
-  w.I32(record.count);
-  w.I16(record.suited);
-  w.I16(record.offsuit);
-  w.I16(record.whole);
+  StoreI32(p + 178, record.count);
+  StoreI16(p + 182, record.suited);
+  StoreI16(p + 184, record.offsuit);
+  StoreI16(p + 186, record.whole);
 }
 
 std::string EncodeProfileFile(const std::vector<PlayerProfile>& profiles) {
-  const auto named = std::count_if(profiles.begin(), profiles.end(), [](const PlayerProfile& p) { return !p.isFree(); });
-  std::string out;
-  out.reserve(8 + static_cast<std::size_t>(named) * (kSmallestProfileBlockBytes + 64));
-  ByteWriter w(out);
-  w.I32(kProfileFileVersion);
-  w.I32(static_cast<int32_t>(named));
+  struct Texts {
+    const PlayerProfile* profile;
+    std::string name, rangeText;  // in the code page
+  };
+  std::vector<Texts> named;
+  std::size_t size = 8;
   for (const PlayerProfile& p : profiles) {
     if (p.isFree()) continue;
-    AppendCountedString(w, p.name);
-    AppendCountedString(w, p.rangeText);
+    named.push_back({&p, Utf8ToCp1252(p.name), Utf8ToCp1252(p.rangeText)});
+    size += kSmallestProfileBlockBytes + named.back().name.size() + named.back().rangeText.size();
+  }
+  std::string out;
+  out.reserve(size);
+  ByteWriter w(out);
+  w.I32(kProfileFileVersion);
+  w.I32(static_cast<int32_t>(named.size()));
+  for (const Texts& t : named) {
+    w.I32(static_cast<int32_t>(t.name.size()));
+    w.Bytes(t.name);
+    w.I32(static_cast<int32_t>(t.rangeText.size()));
+    w.Bytes(t.rangeText);
     for (int c = 0; c < kClassCount; ++c) {
-      AppendRecordBlock(out, p.rangeLayer[c]);
-      AppendRecordBlock(out, p.seenLayer[c]);
+      AppendRecordBlock(out, t.profile->rangeLayer[c]);
+      AppendRecordBlock(out, t.profile->seenLayer[c]);
     }
   }
   return out;
