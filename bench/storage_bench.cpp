@@ -1,9 +1,9 @@
 // bench-libs: quillet_storage
 // Writing and reading the profile file: the work done at every start-up and every close of the window.
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <filesystem>
-#include <unistd.h>
 
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
@@ -17,7 +17,8 @@ std::vector<PlayerProfile> SampleProfiles(int n) {
     InitProfile(list[i]);
     list[i].name = "Player" + std::to_string(i);
     list[i].rangeText = "~12.5";
-    for (int c = i % 5; c < kClassCount; c += 5) SetBlockWhole(list[i].rangeLayer[c], HandClasses()[c].kind == kKindSuited);
+    for (int c = i % 5; c < kClassCount; c += 5)
+      SetBlockWhole(list[i].rangeLayer[c], HandClasses()[c].kind == kKindSuited);
   }
   return list;
 }
@@ -39,7 +40,8 @@ BENCHMARK(BM_DecodeProfileFile)->Arg(1)->Arg(100);
 // The whole save as the window does it: encode, temporary file, flush to the disk, rename.
 void BM_WriteProfileFile(benchmark::State& state) {
   const auto list = SampleProfiles(static_cast<int>(state.range(0)));
-  const auto path = std::filesystem::temp_directory_path() / ("quillet-bench-" + std::to_string(::getpid()) + ".ini");
+  const auto path =
+      std::filesystem::temp_directory_path() / ("quillet-bench-" + std::to_string(::getpid()) + ".ini");
   for (auto _ : state) benchmark::DoNotOptimize(WriteProfileFile(path, list));
   std::filesystem::remove(path);
 }

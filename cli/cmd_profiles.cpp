@@ -23,17 +23,24 @@ std::filesystem::path DefaultProfileFile() {
 
 // Loads the file into `profiles` (a missing file is an empty list). On a file that cannot be used, says why
 // on `err` in one line and returns false.
-bool LoadProfileList(const std::filesystem::path& file, std::vector<PlayerProfile>& profiles, std::ostream& err) {
+bool LoadProfileList(const std::filesystem::path& file, std::vector<PlayerProfile>& profiles,
+                     std::ostream& err) {
   ProfileFileContents contents = ReadProfileFile(file);
   switch (contents.status) {
-    case ProfileFileContents::Status::Missing: profiles.clear(); return true;
-    case ProfileFileContents::Status::Read: profiles = std::move(contents.profiles); return true;
+    case ProfileFileContents::Status::Missing:
+      profiles.clear();
+      return true;
+    case ProfileFileContents::Status::Read:
+      profiles = std::move(contents.profiles);
+      return true;
     case ProfileFileContents::Status::OtherVersion:
       err << "The player profile file \"" << file.string() << "\" is version " << contents.version << ", "
           << (contents.version < 1 ? "an old " : "a newer ") << "format; this program reads version "
           << kProfileFileVersion << ".\n";
       return false;
-    case ProfileFileContents::Status::Faulty: err << contents.error->message << "\n"; return false;
+    case ProfileFileContents::Status::Faulty:
+      err << contents.error->message << "\n";
+      return false;
   }
   return false;
 }
@@ -77,7 +84,8 @@ int List(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   std::vector<PlayerProfile> profiles;
-  if (!LoadProfileList(args.valueOr("--file", DefaultProfileFile().string()), profiles, err)) return kExitBadInput;
+  if (!LoadProfileList(args.valueOr("--file", DefaultProfileFile().string()), profiles, err))
+    return kExitBadInput;
   for (const PlayerProfile& p : profiles) {
     if (!p.isFree()) out << p.name << "\n";
   }
@@ -124,7 +132,8 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   if (Utf8Length(name) > kLongestProfileName) {
-    err << "quillet-cli profiles add: \"" << name << "\" is longer than " << kLongestProfileName << " characters\n";
+    err << "quillet-cli profiles add: \"" << name << "\" is longer than " << kLongestProfileName
+        << " characters\n";
     return kExitBadInput;
   }
   if (Cp1252ToUtf8(Utf8ToCp1252(name)) != name) {
@@ -146,12 +155,14 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   }
 
   const bool defaultFile = !args.has("--file");
-  const std::filesystem::path file = defaultFile ? DefaultProfileFile() : std::filesystem::path(*args.value("--file"));
+  const std::filesystem::path file =
+      defaultFile ? DefaultProfileFile() : std::filesystem::path(*args.value("--file"));
   RecordingServices services;
   Form1Model model(services);
   if (!LoadProfileList(file, model.profiles, err)) return kExitBadInput;
   if (FindProfileByName(model.profiles, name) >= 0) {
-    err << "quillet-cli profiles add: a profile named \"" << name << "\" already exists in \"" << file.string() << "\"\n";
+    err << "quillet-cli profiles add: a profile named \"" << name << "\" already exists in \""
+        << file.string() << "\"\n";
     return kExitBadInput;
   }
   const int index = model.AddProfile(name);
@@ -185,7 +196,8 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
   };
   const bool addOptions = args.has("--range") || args.has("--seen") || args.has("--range-text");
   if (sub == "list") {
-    if (addOptions || args.has("--json")) return refuse(args.has("--json") ? "--json" : "--range, --seen or --range-text");
+    if (addOptions || args.has("--json"))
+      return refuse(args.has("--json") ? "--json" : "--range, --seen or --range-text");
     return List(args, out, err);
   }
   if (sub == "show") {
@@ -202,7 +214,8 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
 
 const CommandRegistrar registrar({
     "profiles",
-    "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text TEXT] "
+    "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text "
+    "TEXT] "
     "[--file F]",
     "list, show or add player profiles (F: the profile file, by default the one the window uses)",
     70,

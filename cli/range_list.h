@@ -28,7 +28,8 @@ inline RangeList ParseRangeList(std::string_view list) {
   std::size_t start = 0;
   for (;;) {
     const std::size_t comma = list.find(',', start);
-    const std::string_view name = trim(list.substr(start, comma == std::string_view::npos ? list.npos : comma - start));
+    const std::string_view name =
+        trim(list.substr(start, comma == std::string_view::npos ? list.npos : comma - start));
     int index = FindClassByName(name);
     if (index < 0 && name.size() == 3 && name[2] == 'o') {
       index = FindClassByName(name.substr(0, 2));

@@ -34,9 +34,12 @@ inline uint32_t LoadU32(const char* p) {
   }
   return v;
 }
-inline int32_t LoadI32(const char* p) { return static_cast<int32_t>(LoadU32(p)); }
+inline int32_t LoadI32(const char* p) {
+  return static_cast<int32_t>(LoadU32(p));
+}
 inline int16_t LoadI16(const char* p) {
-  return static_cast<int16_t>(static_cast<uint16_t>(static_cast<unsigned char>(p[0]) | (static_cast<unsigned char>(p[1]) << 8)));
+  return static_cast<int16_t>(
+      static_cast<uint16_t>(static_cast<unsigned char>(p[0]) | (static_cast<unsigned char>(p[1]) << 8)));
 }
 
 inline void StoreI32(char* p, int32_t v) {
@@ -93,7 +96,8 @@ class ByteReader {
       }
     } else {
       v = 0;
-      for (int k = 0; k < width; ++k) v |= static_cast<uint32_t>(static_cast<unsigned char>(data_[pos_ + k])) << (8 * k);
+      for (int k = 0; k < width; ++k)
+        v |= static_cast<uint32_t>(static_cast<unsigned char>(data_[pos_ + k])) << (8 * k);
     }
     pos_ += width;
     return true;

@@ -31,12 +31,14 @@ bool IsWritableFolder(const fs::path& folder) {
 }
 
 fs::path UserDataFolder(const DataFolderEnvironment& env) {
-  if (!env.xdgDataHome.empty() && fs::path(env.xdgDataHome).is_absolute()) return fs::path(env.xdgDataHome) / "quillet";
+  if (!env.xdgDataHome.empty() && fs::path(env.xdgDataHome).is_absolute())
+    return fs::path(env.xdgDataHome) / "quillet";
   if (!env.home.empty()) return fs::path(env.home) / ".local" / "share" / "quillet";
   return {};
 }
 
-fs::path ChooseDataFolder(const fs::path& programFolder, bool programFolderWritable, const DataFolderEnvironment& env) {
+fs::path ChooseDataFolder(const fs::path& programFolder, bool programFolderWritable,
+                          const DataFolderEnvironment& env) {
   if (programFolderWritable) return programFolder;
   fs::path user = UserDataFolder(env);
   return user.empty() ? programFolder : user;

@@ -12,7 +12,9 @@ namespace quillet {
 namespace fs = std::filesystem;
 namespace {
 
-std::string ErrnoText(int error) { return std::strerror(error); }
+std::string ErrnoText(int error) {
+  return std::strerror(error);
+}
 
 // Closes a descriptor on every path out of a function.
 class Descriptor {
@@ -62,7 +64,8 @@ int CreateTemporary(const fs::path& target, fs::path& temporary, int& error) {
   const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
   static unsigned counter = 0;
   for (int attempt = 0; attempt < 100; ++attempt) {
-    const auto tick = static_cast<unsigned long long>(std::chrono::steady_clock::now().time_since_epoch().count());
+    const auto tick =
+        static_cast<unsigned long long>(std::chrono::steady_clock::now().time_since_epoch().count());
     std::string name(1, '.');
     name.append(target.filename().string());
     for (const unsigned long long part : {static_cast<unsigned long long>(::getpid()),
@@ -117,8 +120,8 @@ FileRead ReadWholeFile(const fs::path& path, std::size_t maxBytes) {
     return result;
   }
   if (static_cast<unsigned long long>(st.st_size) > maxBytes) {
-    result.reason = "it is " + std::to_string(st.st_size) + " bytes long, more than the " + std::to_string(maxBytes) +
-                    " bytes such a file can hold";
+    result.reason = "it is " + std::to_string(st.st_size) + " bytes long, more than the " +
+                    std::to_string(maxBytes) + " bytes such a file can hold";
     return result;
   }
   std::string bytes(static_cast<std::size_t>(st.st_size), '\0');

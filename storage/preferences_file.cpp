@@ -58,13 +58,16 @@ PreferencesFileContents ReadPreferencesFile(const std::filesystem::path& path) {
   PreferencesFileContents result;
   const FileRead file = ReadWholeFile(path, kLargestPreferencesFileBytes);
   switch (file.status) {
-    case FileRead::Status::Missing: return result;
+    case FileRead::Status::Missing:
+      return result;
     case FileRead::Status::Failed:
       result.status = PreferencesFileContents::Status::Faulty;
-      result.error = StorageError{"The preferences file \"" + path.string() + "\" cannot be read: " + file.reason +
-                                  ". The options start at their usual settings."};
+      result.error =
+          StorageError{"The preferences file \"" + path.string() + "\" cannot be read: " + file.reason +
+                       ". The options start at their usual settings."};
       return result;
-    case FileRead::Status::Read: break;
+    case FileRead::Status::Read:
+      break;
   }
   result.status = PreferencesFileContents::Status::Read;
   result.lines = ParsePreferences(file.bytes);

@@ -36,7 +36,9 @@ std::vector<PreferenceLine> ParsePreferences(std::string_view bytes);
 
 // "True" and "False" in any letter case, spaces around them allowed; anything else is no Boolean.
 std::optional<bool> ParseBooleanText(std::string_view text);
-inline const char* BooleanText(bool value) { return value ? "True" : "False"; }
+inline const char* BooleanText(bool value) {
+  return value ? "True" : "False";
+}
 
 struct PreferencesFileContents {
   enum class Status { Missing, Read, Faulty };

@@ -58,18 +58,21 @@ class ProfileBlockReader {
   }
 
   BlockFault Truncated() const {
-    return {true, "it ends after " + std::to_string(in_.offset() + in_.remaining()) + " bytes, inside " + Which()};
+    return {true,
+            "it ends after " + std::to_string(in_.offset() + in_.remaining()) + " bytes, inside " + Which()};
   }
 
   BlockFault ReadCountedString(const char* what, std::string& out) {
     int32_t length = 0;
     if (!in_.I32(length)) return Truncated();
     if (length < 0) {
-      return {false, "the " + std::string(what) + " of " + Which() + " has a length of " + std::to_string(length)};
+      return {false,
+              "the " + std::string(what) + " of " + Which() + " has a length of " + std::to_string(length)};
     }
     if (static_cast<std::size_t>(length) > in_.remaining()) {
-      return {true, "the " + std::string(what) + " of " + Which() + " is said to be " + std::to_string(length) +
-                        " bytes long, but only " + std::to_string(in_.remaining()) + " bytes follow"};
+      return {true, "the " + std::string(what) + " of " + Which() + " is said to be " +
+                        std::to_string(length) + " bytes long, but only " + std::to_string(in_.remaining()) +
+                        " bytes follow"};
     }
     std::string_view bytes;
     in_.Bytes(static_cast<std::size_t>(length), bytes);
@@ -98,22 +101,27 @@ class ProfileBlockReader {
     record.suited = LoadI16(p + 182);
     record.offsuit = LoadI16(p + 184);
     record.whole = LoadI16(p + 186);
-    if (dimensions != kDescriptorDimensions || elements != kDescriptorElements || lowerBound != kDescriptorLowerBound) {
+    if (dimensions != kDescriptorDimensions || elements != kDescriptorElements ||
+        lowerBound != kDescriptorLowerBound) {
       return {false, where() + "describes its suit-pair list as (" + std::to_string(dimensions) + ", " +
-                         std::to_string(elements) + ", " + std::to_string(lowerBound) + ") instead of (1, 16, 0)"};
+                         std::to_string(elements) + ", " + std::to_string(lowerBound) +
+                         ") instead of (1, 16, 0)"};
     }
     if (record.count < 0 || record.count > kSuitPairSlots) {
-      return {false, where() + "holds " + std::to_string(record.count) + " suit pairs (0 to 16 are possible)"};
+      return {false,
+              where() + "holds " + std::to_string(record.count) + " suit pairs (0 to 16 are possible)"};
     }
     if (record.rank1 != handClass.rank1 || record.rank2 != handClass.rank2) {
-      return {false, where() + "has the ranks " + std::to_string(record.rank1) + " and " + std::to_string(record.rank2) +
-                         " instead of " + std::to_string(handClass.rank1) + " and " + std::to_string(handClass.rank2)};
+      return {false, where() + "has the ranks " + std::to_string(record.rank1) + " and " +
+                         std::to_string(record.rank2) + " instead of " + std::to_string(handClass.rank1) +
+                         " and " + std::to_string(handClass.rank2)};
     }
     for (int k = 0; k < record.count; ++k) {
       const SuitPairEntry& e = record.combos[k];
       if (e.suit1 < 0 || e.suit1 > 3 || e.suit2 < 0 || e.suit2 > 3) {
-        return {false, where() + "suit pair " + std::to_string(k + 1) + " has the suits " + std::to_string(e.suit1) +
-                           " and " + std::to_string(e.suit2) + " (0 to 3 are possible)"};
+        return {false, where() + "suit pair " + std::to_string(k + 1) + " has the suits " +
+                           std::to_string(e.suit1) + " and " + std::to_string(e.suit2) +
+                           " (0 to 3 are possible)"};
       }
     }
     return {};
@@ -192,14 +200,16 @@ ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string&
   if (bytes.empty()) return fault("it is empty");
   ByteReader in(bytes);
   if (!in.I32(result.version)) {
-    return fault("it is only " + std::to_string(bytes.size()) + " bytes long, too short for the file version");
+    return fault("it is only " + std::to_string(bytes.size()) +
+                 " bytes long, too short for the file version");
   }
   if (result.version != kProfileFileVersion) {
     result.status = ProfileFileContents::Status::OtherVersion;
     return result;
   }
   int32_t count = 0;
-  if (!in.I32(count)) return fault("it ends after " + std::to_string(bytes.size()) + " bytes, inside the profile count");
+  if (!in.I32(count))
+    return fault("it ends after " + std::to_string(bytes.size()) + " bytes, inside the profile count");
   if (count < 0) return fault("it says it holds " + std::to_string(count) + " profiles");
   // However large the count, the list grows only by profiles actually read.
   const std::size_t room = in.remaining() / kSmallestProfileBlockBytes;
@@ -212,8 +222,8 @@ ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string&
     if (!f.why.empty()) {
       // A file cut short lacks part of one profile; a count beyond that is wrong itself.
       if (f.truncated && static_cast<std::size_t>(count) > room + 1) {
-        return fault("it says it holds " + std::to_string(count) + " profiles, but its " + std::to_string(bytes.size()) +
-                     " bytes have room for at most " + std::to_string(room));
+        return fault("it says it holds " + std::to_string(count) + " profiles, but its " +
+                     std::to_string(bytes.size()) + " bytes have room for at most " + std::to_string(room));
       }
       return fault(f.why);
     }

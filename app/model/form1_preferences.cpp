@@ -46,8 +46,10 @@ void Form1Model::SavePreferences() {
   records.push_back({"SelCardsAutoOK", BooleanText(selCardsAutoOK)});
   records.push_back({"SelCardsAutoCook", BooleanText(selCardsAutoCook)});
   std::error_code ec;
-  if (preferencesPath.has_parent_path()) std::filesystem::create_directories(preferencesPath.parent_path(), ec);
-  if (auto error = WritePreferencesFile(preferencesPath, records)) services.MsgBox(error->message, MessageIcon::Warning);
+  if (preferencesPath.has_parent_path())
+    std::filesystem::create_directories(preferencesPath.parent_path(), ec);
+  if (auto error = WritePreferencesFile(preferencesPath, records))
+    services.MsgBox(error->message, MessageIcon::Warning);
 }
 
 void Form1Model::LoadPreferences() {
@@ -58,8 +60,12 @@ void Form1Model::LoadPreferences() {
         services.OpenInShell(kOnlineGuideAddress);
       }
       return;
-    case PreferencesFileContents::Status::Faulty: services.MsgBox(file.error->message, MessageIcon::Warning); return;
-    case PreferencesFileContents::Status::Read: ApplyPreferences(file.lines); return;
+    case PreferencesFileContents::Status::Faulty:
+      services.MsgBox(file.error->message, MessageIcon::Warning);
+      return;
+    case PreferencesFileContents::Status::Read:
+      ApplyPreferences(file.lines);
+      return;
   }
 }
 

@@ -14,12 +14,15 @@ namespace {
 constexpr std::string_view kVersionQuestionTitle = "Poker Quillet";
 
 std::string VersionQuestion(int32_t version) {
-  return "Player Profile file version " + std::to_string(version) + " is " + (version < 1 ? "an old " : "a newer ") +
+  return "Player Profile file version " + std::to_string(version) + " is " +
+         (version < 1 ? "an old " : "a newer ") +
          "format.\r\n(it was made with a different version to the current version).\r\n(Not loaded)\r\n\r\n"
          "It will be overwritten at the end of your current session. Are you OK with that?";
 }
 
-std::string ProfilesCount(std::size_t n) { return n == 1 ? "1 profile" : std::to_string(n) + " profiles"; }
+std::string ProfilesCount(std::size_t n) {
+  return n == 1 ? "1 profile" : std::to_string(n) + " profiles";
+}
 
 }  // namespace
 
@@ -32,9 +35,11 @@ void Form1Model::ProfilePaths(const std::filesystem::path& programFolder) {
 bool Form1Model::LoadProfiles() {
   ProfileFileContents file = ReadProfileFile(profilePath);
   switch (file.status) {
-    case ProfileFileContents::Status::Missing: return true;
+    case ProfileFileContents::Status::Missing:
+      return true;
     case ProfileFileContents::Status::OtherVersion:
-      if (!services.AskYesNo(kVersionQuestionTitle, VersionQuestion(file.version), MessageIcon::Warning)) return false;
+      if (!services.AskYesNo(kVersionQuestionTitle, VersionQuestion(file.version), MessageIcon::Warning))
+        return false;
       return true;  // Yes: nothing loaded; the file is rewritten when the session ends
     case ProfileFileContents::Status::Faulty: {
       // Keep the unreadable file before anything can overwrite it, and carry on with what was read.
@@ -43,7 +48,8 @@ bool Form1Model::LoadProfiles() {
       if (!aside.copy.empty()) {
         text += "The file was kept as \"" + aside.copy.string() + "\". ";
       } else {
-        text += "The file could not be kept aside (" + aside.reason + ") and will be overwritten when Quillet closes. ";
+        text += "The file could not be kept aside (" + aside.reason +
+                ") and will be overwritten when Quillet closes. ";
       }
       text += file.profiles.empty() ? std::string("No profiles could be loaded from it.")
                                     : "The " + ProfilesCount(file.profiles.size()) + " before the fault " +
@@ -52,7 +58,9 @@ bool Form1Model::LoadProfiles() {
       profiles = std::move(file.profiles);
       break;
     }
-    case ProfileFileContents::Status::Read: profiles = std::move(file.profiles); break;
+    case ProfileFileContents::Status::Read:
+      profiles = std::move(file.profiles);
+      break;
   }
   RefillPlayerList("0");
   return true;
@@ -61,7 +69,8 @@ bool Form1Model::LoadProfiles() {
 void Form1Model::SaveProfiles() {
   std::error_code ec;
   if (profilePath.has_parent_path()) std::filesystem::create_directories(profilePath.parent_path(), ec);
-  if (auto error = WriteProfileFile(profilePath, profiles)) services.MsgBox(error->message, MessageIcon::Warning);
+  if (auto error = WriteProfileFile(profilePath, profiles))
+    services.MsgBox(error->message, MessageIcon::Warning);
 }
 
 int Form1Model::AddProfile(const std::string& name) {

@@ -4,6 +4,8 @@
 
 namespace quillet {
 
-__attribute__((weak)) void Form1Model::mnuSwitchColourScheme_Click() { colourSchemeDefault = !colourSchemeDefault; }
+__attribute__((weak)) void Form1Model::mnuSwitchColourScheme_Click() {
+  colourSchemeDefault = !colourSchemeDefault;
+}
 
 }  // namespace quillet

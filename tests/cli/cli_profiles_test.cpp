@@ -70,9 +70,10 @@ TEST_F(ProfilesCommand, ShowAsJsonGivesOneObject) {
   ASSERT_EQ(Run({"add", "Villain", "--range", "AKs", "--seen", "22", "--range-text", "~0.8"}).status, 0);
   const CliRun run = Run({"show", "Villain", "--json"});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out,
-            "{\"name\":\"Villain\",\"rangeText\":\"~0.8\",\"on\":[{\"class\":\"AKs\",\"count\":4,\"whole\":true}],"
-            "\"seen\":[{\"class\":\"22\",\"count\":6,\"whole\":true}]}\n");
+  EXPECT_EQ(
+      run.out,
+      "{\"name\":\"Villain\",\"rangeText\":\"~0.8\",\"on\":[{\"class\":\"AKs\",\"count\":4,\"whole\":true}],"
+      "\"seen\":[{\"class\":\"22\",\"count\":6,\"whole\":true}]}\n");
 }
 
 TEST_F(ProfilesCommand, ShowReportsAPartBlockWithoutTheWholeFlag) {
@@ -84,7 +85,8 @@ TEST_F(ProfilesCommand, ShowReportsAPartBlockWithoutTheWholeFlag) {
   SetBlockSuitPair(ak, 1, 0, false, false);
   WriteBytes(File(), EncodeProfileFile({p}));
   EXPECT_EQ(Run({"show", "Part", "--json"}).out,
-            "{\"name\":\"Part\",\"rangeText\":\"\",\"on\":[{\"class\":\"AKo\",\"count\":11,\"whole\":false}],\"seen\":[]}\n");
+            "{\"name\":\"Part\",\"rangeText\":\"\",\"on\":[{\"class\":\"AKo\",\"count\":11,\"whole\":false}],"
+            "\"seen\":[]}\n");
   EXPECT_NE(Run({"show", "Part"}).out.find("  AKo  11 holdings\n"), std::string::npos);
 }
 
@@ -161,10 +163,11 @@ TEST_F(ProfilesCommand, ABadFileGivesTheWindowsMessageOnStderrWithStatusTwoAndIs
   window.LoadProfiles();
   ASSERT_EQ(services.messages.size(), 1u);
   std::string windowLine = services.messages[0].text.substr(0, services.messages[0].text.find("\r\n"));
-  windowLine.replace(windowLine.find(window.profilePath.string()), window.profilePath.string().size(), File());
+  windowLine.replace(windowLine.find(window.profilePath.string()), window.profilePath.string().size(),
+                     File());
 
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-           {"list"}, {"show", "Amy"}, {"add", "Cat", "--range", "AA"}}) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"list"}, {"show", "Amy"}, {"add", "Cat", "--range", "AA"}}) {
     const CliRun run = Run(words);
     EXPECT_EQ(run.status, 2) << words[0];
     EXPECT_EQ(run.err, windowLine + "\n");
@@ -178,7 +181,8 @@ TEST_F(ProfilesCommand, AFileOfAnotherVersionIsRefusedWithStatusTwo) {
   WriteBytes(File(), std::string("\x02\x00\x00\x00\x00\x00\x00\x00", 8));
   const CliRun run = Run({"add", "Amy", "--range", "AA"});
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err, "The player profile file \"" + File() + "\" is version 2, a newer format; this program reads version 1.\n");
+  EXPECT_EQ(run.err, "The player profile file \"" + File() +
+                         "\" is version 2, a newer format; this program reads version 1.\n");
   EXPECT_EQ(ReadBytes(File()).size(), 8u);
 }
 

@@ -86,9 +86,10 @@ TEST_F(PreferencesModel, AMyHandTextHoldingABarIsCutAtItWhenReadBack) {
 }
 
 TEST_F(PreferencesModel, KeysInAnyOrderAreAcceptedAndARepeatedKeyTakesItsLastValue) {
-  LoadFrom("txtBoard|Tc8h3s\r\nmnuCategoryIcons|True\r\nSelCardsAutoOK|True\r\ntxtMyHand|AhAd\r\n"
-           "mnuCategoryIcons|False\r\nmnuSimplifyOutput|False\r\ntxtBoard|2c3c4c\r\nSelCardsAutoOK|False\r\n"
-           "SelCardsAutoOK|True\r\n");
+  LoadFrom(
+      "txtBoard|Tc8h3s\r\nmnuCategoryIcons|True\r\nSelCardsAutoOK|True\r\ntxtMyHand|AhAd\r\n"
+      "mnuCategoryIcons|False\r\nmnuSimplifyOutput|False\r\ntxtBoard|2c3c4c\r\nSelCardsAutoOK|False\r\n"
+      "SelCardsAutoOK|True\r\n");
   EXPECT_FALSE(model.options.categoryIcons);
   EXPECT_FALSE(model.options.simplifyOutput);
   EXPECT_EQ(model.txtMyHand.text, "AhAd");
@@ -119,8 +120,9 @@ TEST_F(PreferencesModel, ALineWithoutABarIsIgnored) {
 }
 
 TEST_F(PreferencesModel, AValueThatIsNoBooleanForABooleanKeyIsIgnored) {
-  LoadFrom("mnuHideEmptyCats|maybe\r\nmnuWinLoseIcons|1\r\nSelCardsAutoOK|\r\nColourSchemeDefault|Nope\r\n"
-           "mnuSimplifyOutput|false\r\n");
+  LoadFrom(
+      "mnuHideEmptyCats|maybe\r\nmnuWinLoseIcons|1\r\nSelCardsAutoOK|\r\nColourSchemeDefault|Nope\r\n"
+      "mnuSimplifyOutput|false\r\n");
   EXPECT_TRUE(model.options.hideEmptyCats);
   EXPECT_FALSE(model.options.winLoseIcons);
   EXPECT_FALSE(model.selCardsAutoOK);
@@ -167,7 +169,8 @@ TEST_F(PreferencesModel, EverySettingSurvivesASaveAndALoad) {
 
 const char* const kWelcome =
     "Welcome to Poker Quillet Hand Range Analyzer and Odds Calculator!\r\n\r\n"
-    "If you are not already familiar with Poker Quillet, we recommend you check out the Online Poker Quillet Guide."
+    "If you are not already familiar with Poker Quillet, we recommend you check out the Online Poker Quillet "
+    "Guide."
     "\r\n\r\nWould you like to visit the Poker Quillet website now?";
 
 TEST_F(PreferencesModel, AFirstRunAsksTheWelcomeQuestionAndYesOpensTheOnlineGuide) {
@@ -203,9 +206,10 @@ TEST_F(PreferencesModel, AFileThatCannotBeReadIsReportedOnceAndTheDefaultsStay) 
   fs::create_directory(PrefsFile());
   model.LoadPreferences();
   ASSERT_EQ(services.messages.size(), 1u);
-  EXPECT_EQ(services.messages[0].text, "The preferences file \"" + PrefsFile().string() +
-                                           "\" cannot be read: it is a folder, not a file. The options start at "
-                                           "their usual settings.");
+  EXPECT_EQ(services.messages[0].text,
+            "The preferences file \"" + PrefsFile().string() +
+                "\" cannot be read: it is a folder, not a file. The options start at "
+                "their usual settings.");
   EXPECT_TRUE(services.questions.empty());
   EXPECT_TRUE(SameOptions(model.options, MenuOptions{}));
 }
@@ -215,7 +219,8 @@ TEST_F(PreferencesModel, AFailedSaveIsReportedInOneMessageAndTheOldFileStays) {
   WriteBytes(PrefsFile() / "x", "in the way");
   model.SavePreferences();
   ASSERT_EQ(services.messages.size(), 1u);
-  EXPECT_EQ(services.messages[0].text.rfind("The preferences could not be saved to \"" + PrefsFile().string() + "\": ", 0),
+  EXPECT_EQ(services.messages[0].text.rfind(
+                "The preferences could not be saved to \"" + PrefsFile().string() + "\": ", 0),
             0u);
   EXPECT_EQ(ReadBytes(PrefsFile() / "x"), "in the way");
 }

@@ -32,9 +32,7 @@ std::string Le32(int32_t v) {
 
 class ProfilesModel : public ::testing::Test {
  protected:
-  ProfilesModel() : model(services) {
-    model.ProfilePaths(dir.path());
-  }
+  ProfilesModel() : model(services) { model.ProfilePaths(dir.path()); }
   fs::path ProfileFile() const { return dir / "Player_Profiles.ini"; }
 
   TempFolder dir;
@@ -156,10 +154,12 @@ TEST_F(ProfilesModel, ABadFileIsReportedOnceKeptAsideAndTheProfilesBeforeTheFaul
   ASSERT_EQ(services.messages.size(), 1u);
   const std::string& text = services.messages[0].text;
   EXPECT_EQ(services.messages[0].icon, MessageIcon::Warning);
-  const std::string firstLine = "The player profile file \"" + ProfileFile().string() + "\" cannot be read: it ends after " +
-                                std::to_string(cut.size()) + " bytes, inside profile 3 of 3 (\"Cat\").";
+  const std::string firstLine = "The player profile file \"" + ProfileFile().string() +
+                                "\" cannot be read: it ends after " + std::to_string(cut.size()) +
+                                " bytes, inside profile 3 of 3 (\"Cat\").";
   EXPECT_EQ(text.substr(0, text.find("\r\n")), firstLine);
-  EXPECT_NE(text.find("kept as \"" + (dir / "Player_Profiles.ini.bad").string() + "\""), std::string::npos) << text;
+  EXPECT_NE(text.find("kept as \"" + (dir / "Player_Profiles.ini.bad").string() + "\""), std::string::npos)
+      << text;
   EXPECT_NE(text.find("The 2 profiles before the fault were loaded."), std::string::npos) << text;
   EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), cut);
   EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Amy", "Bob"}));
@@ -204,8 +204,9 @@ TEST_F(ProfilesModel, AFailedSaveIsReportedInOneMessageAndTheOldFileStays) {
     model.SaveProfiles();
   }
   ASSERT_EQ(services.messages.size(), 1u);
-  EXPECT_EQ(services.messages[0].text, "The player profiles could not be saved to \"" + ProfileFile().string() +
-                                           "\": writing failed (File too large). The file there was left as it was.");
+  EXPECT_EQ(services.messages[0].text,
+            "The player profiles could not be saved to \"" + ProfileFile().string() +
+                "\": writing failed (File too large). The file there was left as it was.");
   EXPECT_EQ(services.messages[0].icon, MessageIcon::Warning);
   EXPECT_EQ(ReadBytes(ProfileFile()), old);
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});

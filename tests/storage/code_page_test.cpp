@@ -11,7 +11,8 @@ TEST(CodePage, PlainAsciiPassesUnchangedBothWays) {
 }
 
 TEST(CodePage, LatinLettersBecomeTheirSingleByte) {
-  EXPECT_EQ(Utf8ToCp1252("\xC3\xA9\xC3\x9F\xC3\xBF\xC2\xA0"), "\xE9\xDF\xFF\xA0");  // é ß ÿ and no-break space
+  EXPECT_EQ(Utf8ToCp1252("\xC3\xA9\xC3\x9F\xC3\xBF\xC2\xA0"),
+            "\xE9\xDF\xFF\xA0");  // é ß ÿ and no-break space
   EXPECT_EQ(Cp1252ToUtf8("\xE9\xDF\xFF\xA0"), "\xC3\xA9\xC3\x9F\xC3\xBF\xC2\xA0");
 }
 
@@ -38,8 +39,8 @@ TEST(CodePage, EveryByteComesBackUnchangedThroughUtf8) {
 }
 
 TEST(CodePage, ACharacterOutsideTheCodePageIsOneQuestionMark) {
-  EXPECT_EQ(Utf8ToCp1252("\xD0\x96"), "?");          // Cyrillic zhe
-  EXPECT_EQ(Utf8ToCp1252("\xE4\xB8\xAD!"), "?!");     // a CJK character
+  EXPECT_EQ(Utf8ToCp1252("\xD0\x96"), "?");              // Cyrillic zhe
+  EXPECT_EQ(Utf8ToCp1252("\xE4\xB8\xAD!"), "?!");        // a CJK character
   EXPECT_EQ(Utf8ToCp1252("a\xF0\x9F\x98\x80z"), "a?z");  // an emoji outside the basic plane
 }
 

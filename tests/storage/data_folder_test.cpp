@@ -14,7 +14,8 @@ TEST(DataFolder, AWritableProgramFolderHoldsTheFiles) {
 }
 
 TEST(DataFolder, AProgramFolderThatCannotBeWrittenGivesXdgDataHomeQuillet) {
-  EXPECT_EQ(ChooseDataFolder("/usr/bin", false, {"/home/u/.data", "/home/u"}), fs::path("/home/u/.data/quillet"));
+  EXPECT_EQ(ChooseDataFolder("/usr/bin", false, {"/home/u/.data", "/home/u"}),
+            fs::path("/home/u/.data/quillet"));
 }
 
 TEST(DataFolder, WithoutXdgDataHomeTheDataFolderIsInTheHomeFolder) {
@@ -22,7 +23,8 @@ TEST(DataFolder, WithoutXdgDataHomeTheDataFolderIsInTheHomeFolder) {
 }
 
 TEST(DataFolder, ARelativeXdgDataHomeIsIgnored) {
-  EXPECT_EQ(ChooseDataFolder("/usr/bin", false, {"data", "/home/u"}), fs::path("/home/u/.local/share/quillet"));
+  EXPECT_EQ(ChooseDataFolder("/usr/bin", false, {"data", "/home/u"}),
+            fs::path("/home/u/.local/share/quillet"));
 }
 
 TEST(DataFolder, WithNoHomeAtAllTheProgramFolderIsKept) {

@@ -83,7 +83,9 @@ TEST(PreferencesFile, AFileTooLargeToBePreferencesIsAFaultNamingIt) {
   std::filesystem::resize_file(path, kLargestPreferencesFileBytes + 1);
   const auto read = ReadPreferencesFile(path);
   ASSERT_EQ(read.status, PreferencesFileContents::Status::Faulty);
-  EXPECT_EQ(read.error->message.rfind("The preferences file \"" + path.string() + "\" cannot be read: it is 1048577", 0), 0u);
+  EXPECT_EQ(read.error->message.rfind(
+                "The preferences file \"" + path.string() + "\" cannot be read: it is 1048577", 0),
+            0u);
 }
 
 }  // namespace

@@ -17,8 +17,12 @@ namespace {
 void Le(std::string& out, uint32_t v, int width) {
   for (int k = 0; k < width; ++k) out.push_back(static_cast<char>((v >> (8 * k)) & 0xFF));
 }
-void I32(std::string& out, int32_t v) { Le(out, static_cast<uint32_t>(v), 4); }
-void I16(std::string& out, int16_t v) { Le(out, static_cast<uint16_t>(v), 2); }
+void I32(std::string& out, int32_t v) {
+  Le(out, static_cast<uint32_t>(v), 4);
+}
+void I16(std::string& out, int16_t v) {
+  Le(out, static_cast<uint16_t>(v), 2);
+}
 void Counted(std::string& out, const std::string& bytes) {
   I32(out, static_cast<int32_t>(bytes.size()));
   out += bytes;
@@ -30,8 +34,8 @@ struct Pair {
 
 // One record block: ranks, the descriptor (1, 16, 0), 16 entries (the first ones from `pairs`, the rest
 // zero), the count and the three flags.
-std::string RecordBytes(int32_t rank1, int32_t rank2, const std::vector<Pair>& pairs, int16_t suited, int16_t offsuit,
-                        int16_t whole) {
+std::string RecordBytes(int32_t rank1, int32_t rank2, const std::vector<Pair>& pairs, int16_t suited,
+                        int16_t offsuit, int16_t whole) {
   std::string out;
   I32(out, rank1);
   I32(out, rank2);
@@ -71,7 +75,7 @@ std::string VillainBytes(const std::string& rangeText) {
   Counted(out, "Villain");
   Counted(out, rangeText);
   for (int cell = 0; cell < 169; ++cell) {
-    const bool aks = cell == 1;     // row A, column K
+    const bool aks = cell == 1;       // row A, column K
     const bool deuces = cell == 168;  // row 2, column 2
     out += aks ? RecordBytes(14, 13, {{0, 0}, {1, 1}, {2, 2}, {3, 3}}, -1, 0, -1)
                : RecordBytes(ranks[cell].a, ranks[cell].b, {}, 0, 0, 0);
@@ -88,7 +92,7 @@ PlayerProfile Villain(const std::string& rangeText) {
   p.rangeText = rangeText;
   const int aks = FindClassByName("AKs");
   const int deuces = FindClassByName("22");
-  SetBlockWhole(p.rangeLayer[aks], HandClasses()[aks].kind == kKindSuited);     // a left click on AKs
+  SetBlockWhole(p.rangeLayer[aks], HandClasses()[aks].kind == kKindSuited);       // a left click on AKs
   SetBlockWhole(p.seenLayer[deuces], HandClasses()[deuces].kind == kKindSuited);  // a right click on 22
   return p;
 }
@@ -105,7 +109,8 @@ std::vector<PlayerProfile> Named(std::initializer_list<std::string> names) {
 
 int32_t I32At(const std::string& bytes, std::size_t at) {
   uint32_t v = 0;
-  for (int k = 0; k < 4; ++k) v |= static_cast<uint32_t>(static_cast<unsigned char>(bytes[at + k])) << (8 * k);
+  for (int k = 0; k < 4; ++k)
+    v |= static_cast<uint32_t>(static_cast<unsigned char>(bytes[at + k])) << (8 * k);
   return static_cast<int32_t>(v);
 }
 void PutI32(std::string& bytes, std::size_t at, int32_t v) {
@@ -124,7 +129,8 @@ TEST(ProfileFile, VillainWithAksOnAndDeucesSeenIsWrittenByteForByte) {
   ASSERT_EQ(expected.size(), 8u + 4 + 7 + 4 + 4 + 338 * 188);
   const std::string written = EncodeProfileFile({Villain("~0.8")});
   ASSERT_EQ(written.size(), expected.size());
-  for (std::size_t i = 0; i < expected.size(); ++i) ASSERT_EQ(written[i], expected[i]) << "first difference at byte " << i;
+  for (std::size_t i = 0; i < expected.size(); ++i)
+    ASSERT_EQ(written[i], expected[i]) << "first difference at byte " << i;
 }
 
 TEST(ProfileFile, VillainReadsBackEqualToWhatWasWritten) {
@@ -236,7 +242,8 @@ TEST(ProfileFile, ACharacterTheCodePageCannotHoldIsWrittenAsAQuestionMark) {
 TEST(ProfileFile, FiftyRandomProfilesAreIdenticalAfterSaveAndLoad) {
   std::mt19937 rng(20240607);
   const auto pick = [&](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
-  const std::vector<std::string> letters = {"a", "b", "Z", "9", " ", "\xC3\xA9", "\xC3\x9F", "\xE2\x82\xAC", "~", "."};
+  const std::vector<std::string> letters = {"a", "b", "Z", "9", " ", "\xC3\xA9", "\xC3\x9F", "\xE2\x82\xAC",
+                                            "~", "."};
   std::vector<PlayerProfile> list(50);
   for (PlayerProfile& p : list) {
     InitProfile(p);
@@ -246,8 +253,11 @@ TEST(ProfileFile, FiftyRandomProfilesAreIdenticalAfterSaveAndLoad) {
       for (int c = 0; c < kClassCount; ++c) {
         BlockRecord& r = (*layer)[c];
         switch (pick(5)) {
-          case 0: break;
-          case 1: SetBlockWhole(r, HandClasses()[c].kind == kKindSuited); break;
+          case 0:
+            break;
+          case 1:
+            SetBlockWhole(r, HandClasses()[c].kind == kKindSuited);
+            break;
           case 2:
             SetBlockWhole(r, HandClasses()[c].kind == kKindSuited);
             ClearBlockRecord(r);
@@ -300,22 +310,28 @@ TEST(ProfileFile, AnotherVersionIsReportedAndNothingPastItIsRead) {
 
 // ---- faults ----
 
-ProfileFileContents Decode(const std::string& bytes) { return DecodeProfileFile(bytes, "/data/Player_Profiles.ini"); }
+ProfileFileContents Decode(const std::string& bytes) {
+  return DecodeProfileFile(bytes, "/data/Player_Profiles.ini");
+}
 
 void ExpectFault(const ProfileFileContents& read, const std::string& why) {
   ASSERT_EQ(read.status, ProfileFileContents::Status::Faulty);
   ASSERT_TRUE(read.error.has_value());
-  EXPECT_EQ(read.error->message, "The player profile file \"/data/Player_Profiles.ini\" cannot be read: " + why + ".");
+  EXPECT_EQ(read.error->message,
+            "The player profile file \"/data/Player_Profiles.ini\" cannot be read: " + why + ".");
 }
 
-TEST(ProfileFileFaults, AnEmptyFileIsAFault) { ExpectFault(Decode(""), "it is empty"); }
+TEST(ProfileFileFaults, AnEmptyFileIsAFault) {
+  ExpectFault(Decode(""), "it is empty");
+}
 
 TEST(ProfileFileFaults, AFileTooShortForTheVersionIsAFault) {
   ExpectFault(Decode(std::string("\x01\x00", 2)), "it is only 2 bytes long, too short for the file version");
 }
 
 TEST(ProfileFileFaults, AFileEndingInTheCountIsAFault) {
-  ExpectFault(Decode(std::string("\x01\x00\x00\x00\x01", 5)), "it ends after 5 bytes, inside the profile count");
+  ExpectFault(Decode(std::string("\x01\x00\x00\x00\x01", 5)),
+              "it ends after 5 bytes, inside the profile count");
 }
 
 TEST(ProfileFileFaults, ANegativeProfileCountIsAFault) {
@@ -339,7 +355,8 @@ TEST(ProfileFileFaults, AFileCutShortKeepsTheProfilesBeforeTheCut) {
   const std::size_t block = (whole.size() - 8) / 3;
   const std::string cut = whole.substr(0, 8 + 2 * block + 100);
   const ProfileFileContents read = Decode(cut);
-  ExpectFault(read, "it ends after " + std::to_string(cut.size()) + " bytes, inside profile 3 of 3 (\"Villain\")");
+  ExpectFault(read,
+              "it ends after " + std::to_string(cut.size()) + " bytes, inside profile 3 of 3 (\"Villain\")");
   ASSERT_EQ(read.profiles.size(), 2u);
   EXPECT_EQ(read.profiles[0].rangeText, "a");
   EXPECT_EQ(read.profiles[1].rangeText, "b");
@@ -372,8 +389,10 @@ TEST(ProfileFileFaults, ANameLongerThanTheRestOfTheFileIsAFault) {
 TEST(ProfileFileFaults, ARangeTextLongerThanTheRestOfTheFileIsAFault) {
   std::string bytes = VillainBytes("");
   PutI32(bytes, 19, 100000000);
-  ExpectFault(Decode(bytes), "the range text of profile 1 of 1 (\"Villain\") is said to be 100000000 bytes long, "
-                             "but only " + std::to_string(bytes.size() - 23) + " bytes follow");
+  ExpectFault(Decode(bytes),
+              "the range text of profile 1 of 1 (\"Villain\") is said to be 100000000 bytes long, "
+              "but only " +
+                  std::to_string(bytes.size() - 23) + " bytes follow");
 }
 
 TEST(ProfileFileFaults, ADescriptorOtherThanOneSixteenZeroIsAFault) {
@@ -386,9 +405,12 @@ TEST(ProfileFileFaults, ADescriptorOtherThanOneSixteenZeroIsAFault) {
   } cases[] = {{8, 2, 2, "(2, 16, 0)"}, {10, 4, 17, "(1, 17, 0)"}, {14, 4, 1, "(1, 16, 1)"}};
   for (const auto& c : cases) {
     std::string bytes = VillainBytes("");
-    for (int k = 0; k < c.width; ++k) bytes[at + c.offset + k] = static_cast<char>((c.value >> (8 * k)) & 0xFF);
-    ExpectFault(Decode(bytes), std::string("profile 1 of 1 (\"Villain\"), AKs in the On layer, describes its suit-pair "
-                                           "list as ") + c.shown + " instead of (1, 16, 0)");
+    for (int k = 0; k < c.width; ++k)
+      bytes[at + c.offset + k] = static_cast<char>((c.value >> (8 * k)) & 0xFF);
+    ExpectFault(Decode(bytes),
+                std::string("profile 1 of 1 (\"Villain\"), AKs in the On layer, describes its suit-pair "
+                            "list as ") +
+                    c.shown + " instead of (1, 16, 0)");
   }
 }
 
@@ -396,22 +418,25 @@ TEST(ProfileFileFaults, ARecordCountOutsideZeroToSixteenIsAFault) {
   for (const int32_t count : {-1, 17, 0x7FFFFFFF}) {
     std::string bytes = VillainBytes("");
     PutI32(bytes, RecordOffset(7, 0, 168, true) + 178, count);
-    ExpectFault(Decode(bytes), "profile 1 of 1 (\"Villain\"), 22 in the Seen layer, holds " + std::to_string(count) +
-                                   " suit pairs (0 to 16 are possible)");
+    ExpectFault(Decode(bytes), "profile 1 of 1 (\"Villain\"), 22 in the Seen layer, holds " +
+                                   std::to_string(count) + " suit pairs (0 to 16 are possible)");
   }
 }
 
 TEST(ProfileFileFaults, ARecordWithAnotherClasssRanksIsAFault) {
   std::string bytes = VillainBytes("");
   PutI32(bytes, RecordOffset(7, 0, 13, false), 3);  // AKo's first rank
-  ExpectFault(Decode(bytes), "profile 1 of 1 (\"Villain\"), AKo in the On layer, has the ranks 3 and 13 instead of 14 and 13");
+  ExpectFault(
+      Decode(bytes),
+      "profile 1 of 1 (\"Villain\"), AKo in the On layer, has the ranks 3 and 13 instead of 14 and 13");
 }
 
 TEST(ProfileFileFaults, ASuitOutsideZeroToThreeInAnEntryInUseIsAFault) {
   std::string bytes = VillainBytes("");
   PutI32(bytes, RecordOffset(7, 0, 1, false) + 18 + 10 * 2 + 6, 9);  // AKs entry 3, second suit
-  ExpectFault(Decode(bytes), "profile 1 of 1 (\"Villain\"), AKs in the On layer, suit pair 3 has the suits 2 and 9 "
-                             "(0 to 3 are possible)");
+  ExpectFault(Decode(bytes),
+              "profile 1 of 1 (\"Villain\"), AKs in the On layer, suit pair 3 has the suits 2 and 9 "
+              "(0 to 3 are possible)");
 }
 
 TEST(ProfileFileFaults, ANameWithControlCharactersIsShownWithoutThemInTheMessage) {
@@ -420,7 +445,8 @@ TEST(ProfileFileFaults, ANameWithControlCharactersIsShownWithoutThemInTheMessage
   std::string bytes = EncodeProfileFile({p});
   PutI32(bytes, RecordOffset(9, 0, 0, false) + 178, 99);  // AA's count in the On layer
   const ProfileFileContents read = Decode(bytes);
-  ExpectFault(read, "profile 1 of 1 (\"Bad?Name?\"), AA in the On layer, holds 99 suit pairs (0 to 16 are possible)");
+  ExpectFault(
+      read, "profile 1 of 1 (\"Bad?Name?\"), AA in the On layer, holds 99 suit pairs (0 to 16 are possible)");
   EXPECT_EQ(read.error->message.find('\n'), std::string::npos);
 }
 
@@ -438,7 +464,8 @@ TEST(ProfileFileFaults, AFileLargerThanAnyProfileFileIsRefusedWithoutReadingIt) 
   std::filesystem::resize_file(path, kLargestProfileFileBytes + 1);  // sparse: no disk space used
   const ProfileFileContents read = ReadProfileFile(path);
   ASSERT_EQ(read.status, ProfileFileContents::Status::Faulty);
-  EXPECT_NE(read.error->message.find("more than the 1073741824 bytes such a file can hold"), std::string::npos);
+  EXPECT_NE(read.error->message.find("more than the 1073741824 bytes such a file can hold"),
+            std::string::npos);
   EXPECT_TRUE(read.bytes.empty());
 }
 

@@ -25,27 +25,35 @@ class Mutator {
     const int rounds = 1 + static_cast<int>(Below(3));
     for (int r = 0; r < rounds; ++r) {
       switch (Below(7)) {
-        case 0: bytes.resize(Below(bytes.size() + 1)); break;  // cut short
+        case 0:
+          bytes.resize(Below(bytes.size() + 1));
+          break;  // cut short
         case 1:
           for (int k = 1 + static_cast<int>(Below(8)); k > 0 && !bytes.empty(); --k) {
             bytes[Below(bytes.size())] ^= static_cast<char>(1 + Below(255));
           }
           break;
         case 2: {  // a count, length or descriptor field set to a value at an edge
-          static constexpr int32_t kEdges[] = {0, 1, -1, 2, 15, 16, 17, 188, 63552, INT_MAX, INT_MIN, 1 << 30};
+          static constexpr int32_t kEdges[] = {0,  1,   -1,    2,       15,      16,
+                                               17, 188, 63552, INT_MAX, INT_MIN, 1 << 30};
           if (fieldOffsets.empty()) break;
           const std::size_t at = fieldOffsets[Below(fieldOffsets.size())];
           const int32_t v = kEdges[Below(std::size(kEdges))];
-          for (int k = 0; k < 4 && at + k < bytes.size(); ++k) bytes[at + k] = static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF);
+          for (int k = 0; k < 4 && at + k < bytes.size(); ++k)
+            bytes[at + k] = static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF);
           break;
         }
-        case 3: bytes.insert(Below(bytes.size() + 1), Random(1 + Below(16))); break;
+        case 3:
+          bytes.insert(Below(bytes.size() + 1), Random(1 + Below(16)));
+          break;
         case 4: {
           const std::size_t at = Below(bytes.size() + 1);
           bytes.erase(at, Below(64));
           break;
         }
-        case 5: bytes = Random(Below(64)); break;
+        case 5:
+          bytes = Random(Below(64));
+          break;
         default: {
           const std::size_t at = Below(bytes.size() + 1);
           bytes.insert(at, bytes.substr(Below(bytes.size() + 1), Below(40)));  // a repeated stretch
@@ -71,7 +79,8 @@ PlayerProfile SampleProfile(const std::string& name, int seed) {
   p.name = name;
   p.rangeText = "~";
   p.rangeText += std::to_string(seed);
-  for (int c = seed % 7; c < kClassCount; c += 7) SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
+  for (int c = seed % 7; c < kClassCount; c += 7)
+    SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
   for (int c = seed % 5; c < kClassCount; c += 11) SetBlockSuitPair(p.seenLayer[c], 1, 2, true, false);
   return p;
 }
@@ -114,7 +123,8 @@ void CheckProfileResult(const ProfileFileContents& read, const std::string& byte
         ASSERT_GE(r.count, 0);
         ASSERT_LE(r.count, kSuitPairSlots);
         for (int k = 0; k < r.count; ++k) {
-          ASSERT_TRUE(r.combos[k].suit1 >= 0 && r.combos[k].suit1 <= 3 && r.combos[k].suit2 >= 0 && r.combos[k].suit2 <= 3);
+          ASSERT_TRUE(r.combos[k].suit1 >= 0 && r.combos[k].suit1 <= 3 && r.combos[k].suit2 >= 0 &&
+                      r.combos[k].suit2 <= 3);
         }
       }
     }
@@ -189,7 +199,8 @@ TEST(StorageFuzz, MutatedProfileFilesOnDiskLeaveTheWindowWorking) {
 TEST(StorageFuzz, TenThousandMutatedPreferencesFilesAreAppliedWithoutHarm) {
   Mutator mutate(0xC0FFEEULL);
   const std::string base =
-      "mnuHideEmptyCats|True\r\nmnuSimplifyOutput|True\r\nmnuSimplifyFurther|False\r\nmnuCategoryIcons|False\r\n"
+      "mnuHideEmptyCats|True\r\nmnuSimplifyOutput|True\r\nmnuSimplifyFurther|False\r\nmnuCategoryIcons|"
+      "False\r\n"
       "mnuWinLoseIcons|False\r\nmnuCalcEquityOnCook|False\r\nmnuAutoPFEquityCalc|False\r\ntxtMyHand|AhKd\r\n"
       "txtBoard|Tc8h3s\r\nColourSchemeDefault|True\r\nSelCardsAutoOK|False\r\nSelCardsAutoCook|False\r\n";
   std::vector<std::size_t> barOffsets;
