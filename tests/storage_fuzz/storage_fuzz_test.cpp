@@ -171,7 +171,7 @@ TEST(StorageFuzz, MutatedProfileFilesOnDiskLeaveTheWindowWorking) {
   const std::vector<PlayerProfile> base = {SampleProfile("Amy", 4), SampleProfile("Bob", 5)};
   const std::string encoded = EncodeProfileFile(base);
   const std::vector<std::size_t> offsets = FieldOffsets(base);
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 150; ++i) {
     const std::string bytes = mutate.Mutate(encoded, offsets);
     testing::WriteBytes(dir / kProfileFileName, bytes);
     RecordingServices services;
@@ -230,7 +230,7 @@ TEST(StorageFuzz, MutatedPreferencesFilesOnDiskAreReadWithoutHarm) {
   Mutator mutate(99);
   testing::TempFolder dir;
   const std::string base = "mnuWinLoseIcons|True\r\ntxtMyHand|AhKd\r\nSelCardsAutoOK|True\r\n";
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 150; ++i) {
     testing::WriteBytes(dir / kPreferencesFileName, mutate.Mutate(base, {15, 20, 36}));
     RecordingServices services;
     Form1Model model(services);
