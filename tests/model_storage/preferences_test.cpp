@@ -141,6 +141,29 @@ TEST_F(PreferencesModel, ColourSchemeDefaultTrueLeavesTheDefaultScheme) {
   EXPECT_TRUE(model.colourSchemeDefault);
 }
 
+TEST_F(PreferencesModel, ColourSchemeDefaultFalseIsRestoredBySwitchingTheScheme) {
+  LoadFrom("ColourSchemeDefault|False\r\n");
+  EXPECT_FALSE(model.colourSchemeDefault);
+}
+
+TEST_F(PreferencesModel, ARepeatedColourSchemeDefaultTakesItsLastValue) {
+  LoadFrom("ColourSchemeDefault|False\r\nColourSchemeDefault|False\r\n");
+  EXPECT_FALSE(model.colourSchemeDefault);
+  LoadFrom("ColourSchemeDefault|False\r\nColourSchemeDefault|True\r\n");
+  EXPECT_TRUE(model.colourSchemeDefault);
+}
+
+TEST_F(PreferencesModel, TheColourSchemeSurvivesASaveAndALoad) {
+  LoadFrom("ColourSchemeDefault|False\r\n");
+  model.SavePreferences();
+  EXPECT_NE(ReadBytes(PrefsFile()).find("\r\nColourSchemeDefault|False\r\n"), std::string::npos);
+  RecordingServices otherServices;
+  Form1Model other(otherServices);
+  other.ProfilePaths(dir.path());
+  other.LoadPreferences();
+  EXPECT_FALSE(other.colourSchemeDefault);
+}
+
 TEST_F(PreferencesModel, EverySettingSurvivesASaveAndALoad) {
   model.options.hideEmptyCats = false;
   model.options.simplifyOutput = false;
