@@ -32,6 +32,8 @@
 
 namespace quillet {
 
+struct PreferenceLine;  // storage/preferences_file.h
+
 // Mouse buttons and modifier masks as the handlers receive them.
 inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
@@ -257,6 +259,8 @@ class Form1Model {
   // ---- preferences (form1_preferences.cpp) ----
   void SavePreferences();
   void LoadPreferences();
+  // The part of LoadPreferences after the file is read: applies its lines in order.
+  void ApplyPreferences(const std::vector<PreferenceLine>& lines);
 
   // ---- main window, menus and options (form1_window.cpp) ----
   static void ToggleMenuCheck(bool& tick) { tick = !tick; }
