@@ -44,7 +44,8 @@ void Form1Model::cmdCheckPossibleHands_Click() {
                           std::to_string(liveCount) + " Possible Hands\r\n" +
                           std::to_string(categories.categorisedCount) + " Hands in categories";
 
-  // "Auto Calc Equity on Cook" (options.calcEquityOnCook) runs cmdCalcEquity_Click here, once it exists.
+  // "Auto Calc Equity on Cook": the equity command runs with all its own checks and messages.
+  if (options.calcEquityOnCook) cmdCalcEquity_Click();
 }
 
 }  // namespace quillet

@@ -296,6 +296,10 @@ class Form1Model {
 
   LabelState lblMyEquity;   // caption "57.3%", opaque and coloured after a calculation
   LabelState lbloppEquity;
+  // ---- equity state (form1_equity.cpp): the unrounded values behind the last read-outs ----
+  double myEquity = 0.0;
+  double oppEquity = 0.0;
+  int32_t equityStreet = kNoBoard;
   std::string lblCheckPossibleHands;  // the cook's three-line caption
   bool lblSeenVisible = false;
 
