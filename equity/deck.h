@@ -17,9 +17,13 @@ struct Deck {
 };
 
 // Place of a card in the deck (0..51); the card must be a real card.
-constexpr int32_t DeckIndex(Card card) { return card.suit * 13 + card.rank - 2; }
+constexpr int32_t DeckIndex(Card card) {
+  return card.suit * 13 + card.rank - 2;
+}
 // The card at a place in the deck (0..51).
-constexpr Card DeckCard(int32_t index) { return {index % 13 + 2, index / 13}; }
+constexpr Card DeckCard(int32_t index) {
+  return {index % 13 + 2, index / 13};
+}
 
 // Builds the deck: all 52 cards in deck order, size 52.
 Deck InitDeck();

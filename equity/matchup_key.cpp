@@ -45,8 +45,9 @@ int32_t SuitCode(int32_t shapes, int32_t a, int32_t b, int32_t c, int32_t d) {
 
 int32_t BuildMatchupKey(Card p1, Card p2, Card q1, Card q2) {
   const int32_t first = p1.rank == p2.rank ? kFirstPair : p1.suit == p2.suit ? kFirstSuited : kFirstOffsuit;
-  const int32_t second =
-      q1.rank == q2.rank ? kSecondPair : q1.suit == q2.suit ? kSecondSuited : kSecondOffsuit;
+  const int32_t second = q1.rank == q2.rank   ? kSecondPair
+                         : q1.suit == q2.suit ? kSecondSuited
+                                              : kSecondOffsuit;
   const int32_t shapes = first | second;
   const int32_t code = SuitCode(shapes, p1.suit, p2.suit, q1.suit, q2.suit);
   return shapes | code << 6 | p1.rank << 11 | p2.rank << 15 | q1.rank << 19 | q2.rank << 23;

@@ -31,11 +31,23 @@ inline constexpr int32_t kSecondOffsuit = 32;
 int32_t BuildMatchupKey(Card p1, Card p2, Card q1, Card q2);
 
 // The fields of a key, for tests and tools.
-constexpr int32_t KeyShapes(int32_t key) { return key & 63; }
-constexpr int32_t KeySuitCode(int32_t key) { return (key >> 6) & 7; }
-constexpr int32_t KeyRankP1(int32_t key) { return (key >> 11) & 15; }
-constexpr int32_t KeyRankP2(int32_t key) { return (key >> 15) & 15; }
-constexpr int32_t KeyRankQ1(int32_t key) { return (key >> 19) & 15; }
-constexpr int32_t KeyRankQ2(int32_t key) { return (key >> 23) & 15; }
+constexpr int32_t KeyShapes(int32_t key) {
+  return key & 63;
+}
+constexpr int32_t KeySuitCode(int32_t key) {
+  return (key >> 6) & 7;
+}
+constexpr int32_t KeyRankP1(int32_t key) {
+  return (key >> 11) & 15;
+}
+constexpr int32_t KeyRankP2(int32_t key) {
+  return (key >> 15) & 15;
+}
+constexpr int32_t KeyRankQ1(int32_t key) {
+  return (key >> 19) & 15;
+}
+constexpr int32_t KeyRankQ2(int32_t key) {
+  return (key >> 23) & 15;
+}
 
 }  // namespace quillet

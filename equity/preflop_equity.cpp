@@ -31,14 +31,18 @@ EquityResult PreflopEquity(const LookupTables& tables, const HandCards& hand,
   return {my, 100.0 - my};
 }
 
-EquityResult PreflopEquity(const HandCards& hand, const std::vector<HandCombo>& combos, int count,
-                           const MessageSink& message) {
-  const TablesOrError& loaded = ProgramTables();
+EquityResult PreflopEquity(const TablesOrError& loaded, const HandCards& hand,
+                           const std::vector<HandCombo>& combos, int count, const MessageSink& message) {
   if (!loaded.ok()) {
     if (message) message(loaded.error);
     return {};
   }
   return PreflopEquity(*loaded.tables, hand, combos, count, message);
+}
+
+EquityResult PreflopEquity(const HandCards& hand, const std::vector<HandCombo>& combos, int count,
+                           const MessageSink& message) {
+  return PreflopEquity(ProgramTables(), hand, combos, count, message);
 }
 
 }  // namespace quillet

@@ -21,8 +21,12 @@ inline constexpr std::string_view kPreflopLookupError = "Error calculating equit
 EquityResult PreflopEquity(const LookupTables& tables, const HandCards& hand,
                            const std::vector<HandCombo>& combos, int count, const MessageSink& message);
 
-// The same over the program's tables. When those failed to load, their error goes to `message` once
-// and the result is -1 / -1.
+// The same over loaded tables; when they failed to load, their error goes to `message` once and the
+// result is -1 / -1.
+EquityResult PreflopEquity(const TablesOrError& loaded, const HandCards& hand,
+                           const std::vector<HandCombo>& combos, int count, const MessageSink& message);
+
+// The same over the program's tables (ProgramTables()).
 EquityResult PreflopEquity(const HandCards& hand, const std::vector<HandCombo>& combos, int count,
                            const MessageSink& message);
 

@@ -26,7 +26,9 @@ void WriteU32(std::vector<unsigned char>& out, uint32_t v) {
   for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<unsigned char>(v >> shift));
 }
 
-TablesOrError Fail(const std::string& why) { return {std::nullopt, "The preflop table is damaged: " + why}; }
+TablesOrError Fail(const std::string& why) {
+  return {std::nullopt, "The preflop table is damaged: " + why};
+}
 
 }  // namespace
 
