@@ -84,10 +84,10 @@ HandValue EvaluateRanks(const std::array<uint8_t, 13>& counts) {
 }
 
 HandValue EvaluateCards(CardSet cards) {
-  const uint32_t c = SuitRanks(cards, 0);
-  const uint32_t d = SuitRanks(cards, 1);
-  const uint32_t h = SuitRanks(cards, 2);
-  const uint32_t s = SuitRanks(cards, 3);
+  const uint32_t c = CardSetSuitRanks(cards, 0);
+  const uint32_t d = CardSetSuitRanks(cards, 1);
+  const uint32_t h = CardSetSuitRanks(cards, 2);
+  const uint32_t s = CardSetSuitRanks(cards, 3);
   // With seven cards or fewer a flush rules out quads and a full house, so it can be decided first.
   for (uint32_t suit : {c, d, h, s}) {
     if (std::popcount(suit) >= 5) return EvaluateFlush(suit);
@@ -101,7 +101,7 @@ HandValue EvaluateCards(CardSet cards) {
 
 HandValue EvaluateCards(std::span<const Card> cards) {
   CardSet set = 0;
-  for (const Card& card : cards) set |= CardBit(card);
+  for (const Card& card : cards) set |= CardSetBit(card);
   return EvaluateCards(set);
 }
 

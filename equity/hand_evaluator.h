@@ -32,20 +32,20 @@ enum HandCategory : uint32_t {
   kStraightFlush = 8,  // a royal flush is the ace-high straight flush
 };
 
-constexpr HandCategory CategoryOf(HandValue value) {
+constexpr HandCategory HandCategoryOf(HandValue value) {
   return static_cast<HandCategory>(value >> 20);
 }
 // The rank in the value's first rank field: the top card, the pair, the trips, the straight's high card.
-constexpr int32_t TopRankOf(HandValue value) {
+constexpr int32_t HandTopRank(HandValue value) {
   return static_cast<int32_t>((value >> 16) & 15);
 }
 
 // A set of cards: bit 16 x suit + rank - 2, so each suit's ranks form one 13-bit field.
 using CardSet = uint64_t;
-constexpr CardSet CardBit(Card card) {
+constexpr CardSet CardSetBit(Card card) {
   return CardSet{1} << (16 * card.suit + card.rank - 2);
 }
-constexpr uint32_t SuitRanks(CardSet cards, int32_t suit) {
+constexpr uint32_t CardSetSuitRanks(CardSet cards, int32_t suit) {
   return (cards >> (16 * suit)) & 0x1FFF;
 }
 

@@ -109,7 +109,7 @@ struct Player {
 
 Player MakePlayer(const FastTables& t, Card c1, Card c2) {
   return {t.nonFlush.data() + RankPairIndex(c1.rank - 2, c2.rank - 2) * kBoardRankMultisets,
-          kFlushBias + SuitCount(c1.suit) + SuitCount(c2.suit), CardBit(c1) | CardBit(c2)};
+          kFlushBias + SuitCount(c1.suit) + SuitCount(c2.suit), CardSetBit(c1) | CardSetBit(c2)};
 }
 
 inline uint32_t Value(const FastTables& t, const Player& p, int32_t boardIndex, uint32_t boardSuits,
@@ -215,11 +215,11 @@ int64_t CountWinsTwice(Card a1, Card a2, Card b1, Card b2) {
   for (int32_t rank = 2; rank <= 14; ++rank) {
     for (int32_t suit = 0; suit < 4; ++suit) {
       const Card c{rank, suit};
-      if (used & CardBit(c)) continue;
+      if (used & CardSetBit(c)) continue;
       Remaining& r = cards[n++];
       for (int pos = 0; pos < 5; ++pos) r.term[pos] = MultisetTerm(rank - 2, pos);
       r.suitCount = SuitCount(suit);
-      r.bit = CardBit(c);
+      r.bit = CardSetBit(c);
     }
   }
 

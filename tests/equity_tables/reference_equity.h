@@ -13,12 +13,12 @@ namespace quillet::testing {
 
 // 2 x wins + ties of the first hand.
 inline int64_t ReferenceWinsTwice(Card a1, Card a2, Card b1, Card b2) {
-  const CardSet a = CardBit(a1) | CardBit(a2);
-  const CardSet b = CardBit(b1) | CardBit(b2);
+  const CardSet a = CardSetBit(a1) | CardSetBit(a2);
+  const CardSet b = CardSetBit(b1) | CardSetBit(b2);
   CardSet rest[48];
   int n = 0;
   for (int32_t i = 0; i < kDeckSize; ++i) {
-    const CardSet bit = CardBit(DeckCard(i));
+    const CardSet bit = CardSetBit(DeckCard(i));
     if (!((a | b) & bit)) rest[n++] = bit;
   }
   int64_t winsTwice = 0;
