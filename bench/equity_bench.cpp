@@ -33,8 +33,8 @@ std::vector<HandCombo> FullRange(const HandCards& hand, const BoardCards& board,
   std::vector<HandCombo> range;
   for (int i = 0; i < 52; ++i) {
     for (int j = i + 1; j < 52; ++j) {
-      const Card a = CardAtIndex(j);
-      const Card b = CardAtIndex(i);
+      const Card a = DeckCard(j);
+      const Card b = DeckCard(i);
       bool dead = a == hand.card1() || a == hand.card2() || b == hand.card1() || b == hand.card2();
       for (int k = 0; k < known; ++k) dead = dead || a == board[k] || b == board[k];
       if (!dead) range.push_back(HandCombo{true, a.rank, a.suit, b.rank, b.suit});
@@ -49,7 +49,7 @@ void BM_FullRangeFlopEquity(benchmark::State& state) {
   const std::vector<HandCombo> range = FullRange(hand, board, 3);
   int64_t showdowns = 0;
   for (auto _ : state) {
-    const EquityShares shares = FlopEquity(hand, board, range);
+    const EquityResult shares = FlopEquity(hand, board, range);
     benchmark::DoNotOptimize(shares);
     showdowns += static_cast<int64_t>(range.size()) * 990;
   }
@@ -64,7 +64,7 @@ void BM_FullRangeTurnEquity(benchmark::State& state) {
   const std::vector<HandCombo> range = FullRange(hand, board, 4);
   int64_t showdowns = 0;
   for (auto _ : state) {
-    const EquityShares shares = TurnEquity(hand, board, range);
+    const EquityResult shares = TurnEquity(hand, board, range);
     benchmark::DoNotOptimize(shares);
     showdowns += static_cast<int64_t>(range.size()) * 44;
   }

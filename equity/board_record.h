@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "cards/card.h"
+#include "equity/deck.h"
 
 namespace quillet {
 
@@ -50,13 +51,7 @@ void BoardStraightWindows(BoardRecord& board);
 // A record of five cards with its flush suit and straight windows worked out.
 BoardRecord MakeBoardRecord(const std::array<Card, 5>& cards);
 
-// The deck position of a card: suit x 13 + rank - 2 (clubs 2..A, then diamonds, hearts, spades).
-constexpr int CardIndex(Card card) {
-  return card.suit * 13 + card.rank - 2;
-}
-constexpr Card CardAtIndex(int index) {
-  return Card{index % 13 + 2, index / 13};
-}
+// A card of the deck: rank 2..14 and suit 0..3.
 constexpr bool IsDeckCard(Card card) {
   return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3;
 }

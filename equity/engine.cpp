@@ -18,7 +18,7 @@ constexpr int RankPairIndex(int32_t rank1, int32_t rank2) {
 }
 
 constexpr uint64_t CardBit(Card card) {
-  return uint64_t{1} << CardIndex(card);
+  return uint64_t{1} << DeckIndex(card);
 }
 
 // The holdings the key path takes, as parallel arrays so the inner loop reads only what it needs.
@@ -268,7 +268,7 @@ double RoundedShare(int64_t wins, int64_t decided) {
   return static_cast<double>(hundredths) / 100.0;
 }
 
-EquityShares RunPath(const HandCards& myHand, const BoardCards& board, int32_t street,
+EquityResult RunPath(const HandCards& myHand, const BoardCards& board, int32_t street,
                      std::span<const HandCombo> combos, const CaptionSink& caption) {
   if (caption) caption(kCalculatingCaption);
   const ShowdownCounts counts = CountShowdowns(myHand, board, street, combos);
@@ -278,19 +278,19 @@ EquityShares RunPath(const HandCards& myHand, const BoardCards& board, int32_t s
 
 }  // namespace
 
-EquityShares EquityFromCounts(const ShowdownCounts& counts) {
+EquityResult EquityFromCounts(const ShowdownCounts& counts) {
   const int64_t decided = counts.total - counts.ties;
   if (decided != 0) return {RoundedShare(counts.myWins, decided), RoundedShare(counts.oppWins, decided)};
   if (counts.ties > 0) return {50.0, 50.0};
   return {};
 }
 
-EquityShares FlopEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
+EquityResult FlopEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
                         const CaptionSink& caption) {
   return RunPath(myHand, board, kFlop, combos, caption);
 }
 
-EquityShares TurnEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
+EquityResult TurnEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
                         const CaptionSink& caption) {
   return RunPath(myHand, board, kTurn, combos, caption);
 }

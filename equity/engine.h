@@ -11,14 +11,9 @@
 #include <string_view>
 
 #include "cards/card.h"
+#include "equity/equity_result.h"
 
 namespace quillet {
-
-// My Equity and Opp Equity in percent; -1 and -1 when there was nothing to compare.
-struct EquityShares {
-  double my = -1.0;
-  double opp = -1.0;
-};
 
 struct ShowdownCounts {
   int64_t total = 0;
@@ -50,12 +45,12 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
 // Result R: ties are left out of the denominator, so the two shares add up to 100 before rounding; each
 // is rounded half to even to two decimals from the exact fraction. 50 and 50 when every showdown tied,
 // -1 and -1 when there was none.
-EquityShares EquityFromCounts(const ShowdownCounts& counts);
+EquityResult EquityFromCounts(const ShowdownCounts& counts);
 
 // The flop path (board cards 1..3 known) and the turn path (1..4 known).
-EquityShares FlopEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
+EquityResult FlopEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
                         const CaptionSink& caption = {});
-EquityShares TurnEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
+EquityResult TurnEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
                         const CaptionSink& caption = {});
 
 }  // namespace quillet

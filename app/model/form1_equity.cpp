@@ -7,6 +7,7 @@
 #include "categorise/cook.h"
 #include "equity/engine.h"
 #include "equity/equity_display.h"
+#include "equity/preflop_equity.h"
 
 namespace quillet {
 
@@ -51,14 +52,17 @@ void Form1Model::cmdCalcEquity_Click() {
   double my = 0.0;
   double opp = 0.0;
   switch (street) {
-    case kNoBoard:
-      // The preflop tables come with the table generator; until then there is nothing to look up.
-      my = -1.0;
-      opp = -1.0;
+    case kNoBoard: {
+      // A matchup missing from the tables shows its message for that holding; the rest still count.
+      const MessageSink showMessage = [this](std::string_view text) { services.MsgBox(text); };
+      const EquityResult result = PreflopEquity(hand, range, static_cast<int>(range.size()), showMessage);
+      my = result.my;
+      opp = result.opp;
       break;
+    }
     case kFlop:
     case kTurn: {
-      const EquityShares result = street == kFlop ? FlopEquity(hand, board, range, showCaption)
+      const EquityResult result = street == kFlop ? FlopEquity(hand, board, range, showCaption)
                                                   : TurnEquity(hand, board, range, showCaption);
       my = result.my;
       opp = result.opp;

@@ -44,6 +44,12 @@ TEST(EquityCli, AnEmptyRangeGivesMinusOne) {
   EXPECT_EQ(run.out, "{\"my\":-1,\"opp\":-1,\"street\":1,\"colour\":\"#FF0000\"}\n");
 }
 
+TEST(EquityCli, PreflopReadsTheTables) {
+  const CliRun run = RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--range", "AA", "--json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "{\"my\":50,\"opp\":50,\"street\":0,\"colour\":\"#EAC42D\"}\n");
+}
+
 TEST(EquityCli, BadCardTextIsRefusedWithTheWindowsMessages) {
   const CliRun bad = RunCommandLine({"equity", "--hand", "AhKd", "--board", "AxKd4c", "--range", "KK"});
   EXPECT_EQ(bad.status, 2);

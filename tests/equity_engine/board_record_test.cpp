@@ -72,7 +72,7 @@ TEST(RemainingCards, OnTheFlopHoldFortySevenCardsInDeckOrder) {
     EXPECT_NE(list.cards[i], C("8h"));
     EXPECT_NE(list.cards[i], C("3s"));
     if (i > 0) {
-      EXPECT_LT(CardIndex(list.cards[i - 1]), CardIndex(list.cards[i]));
+      EXPECT_LT(DeckIndex(list.cards[i - 1]), DeckIndex(list.cards[i]));
     }
   }
 }
@@ -89,14 +89,6 @@ TEST(RemainingCards, IgnoreTheCopiedRanksOfAbsentBoardCards) {
   board[3].rank = 10;
   board[4].rank = 10;
   EXPECT_EQ(RemainingCards(Hand("AhAd"), board, kFlop).count, 47);
-}
-
-TEST(CardIndex, FollowsTheDeckOrderSuitTimesThirteenPlusRankMinusTwo) {
-  EXPECT_EQ(CardIndex(C("2c")), 0);
-  EXPECT_EQ(CardIndex(C("Ac")), 12);
-  EXPECT_EQ(CardIndex(C("2d")), 13);
-  EXPECT_EQ(CardIndex(C("As")), 51);
-  for (int i = 0; i < 52; ++i) EXPECT_EQ(CardIndex(CardAtIndex(i)), i);
 }
 
 }  // namespace

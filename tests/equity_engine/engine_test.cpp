@@ -21,8 +21,8 @@ std::vector<HandCombo> AllHoldings() {
   std::vector<HandCombo> combos;
   for (int i = 0; i < 52; ++i) {
     for (int j = i + 1; j < 52; ++j) {
-      const Card a = CardAtIndex(j);
-      const Card b = CardAtIndex(i);
+      const Card a = DeckCard(j);
+      const Card b = DeckCard(i);
       combos.push_back(HandCombo{true, a.rank, a.suit, b.rank, b.suit});
     }
   }
@@ -73,7 +73,7 @@ TEST(TurnEnumeration, AcesAgainstKingsWinUnlessAKingComes) {
   EXPECT_EQ(counts.myWins, 42);
   EXPECT_EQ(counts.oppWins, 2);
   EXPECT_EQ(counts.ties, 0);
-  const EquityShares shares = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), one);
+  const EquityResult shares = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), one);
   EXPECT_DOUBLE_EQ(shares.my, 95.45);  // 42 / 44 = 95.4545...
   EXPECT_DOUBLE_EQ(shares.opp, 4.55);  // 2 / 44 = 4.5454...
 }
@@ -105,7 +105,7 @@ TEST(FlopEnumeration, FourBoardCardsOfASuitAndTwoInTheHandGiveThatPlayerNoFlush)
   EXPECT_EQ(counts.oppWins, 579);
   EXPECT_EQ(counts.ties, 0);
   EXPECT_EQ(counts, CountShowdowns(Hand("AhKh"), Board("9h5h2h"), kFlop, one, ShowdownPath::Reference));
-  const EquityShares shares = FlopEquity(Hand("AhKh"), Board("9h5h2h"), one);
+  const EquityResult shares = FlopEquity(Hand("AhKh"), Board("9h5h2h"), one);
   EXPECT_DOUBLE_EQ(shares.my, 41.52);   // 411 / 990 = 41.5151...
   EXPECT_DOUBLE_EQ(shares.opp, 58.48);  // 579 / 990 = 58.4848...
 }
@@ -116,26 +116,26 @@ TEST(FlopEnumeration, EveryShowdownTiedGivesFiftyFifty) {
   const std::vector<HandCombo> one{Combo("2d3c")};
   const ShowdownCounts counts = CountShowdowns(Hand("2c3d"), Board("AhKhQh"), kFlop, one);
   EXPECT_EQ(counts.ties, 990);
-  const EquityShares shares = FlopEquity(Hand("2c3d"), Board("AhKhQh"), one);
+  const EquityResult shares = FlopEquity(Hand("2c3d"), Board("AhKhQh"), one);
   EXPECT_EQ(shares.my, 50.0);
   EXPECT_EQ(shares.opp, 50.0);
 }
 
 TEST(TurnEnumeration, EveryShowdownTiedGivesFiftyFifty) {
   const std::vector<HandCombo> one{Combo("2d3c")};
-  const EquityShares shares = TurnEquity(Hand("2c3d"), Board("AhKhQhJh"), one);
+  const EquityResult shares = TurnEquity(Hand("2c3d"), Board("AhKhQhJh"), one);
   EXPECT_EQ(shares.my, 50.0);
   EXPECT_EQ(shares.opp, 50.0);
 }
 
 TEST(FlopEnumeration, NoLiveHoldingGivesMinusOneOnBothSides) {
-  const EquityShares empty = FlopEquity(Hand("AhAd"), Board("Tc8h3s"), {});
+  const EquityResult empty = FlopEquity(Hand("AhAd"), Board("Tc8h3s"), {});
   EXPECT_EQ(empty.my, -1.0);
   EXPECT_EQ(empty.opp, -1.0);
   HandCombo dead = Combo("KcKs");
   dead.flag = false;
   const std::vector<HandCombo> flaggedOff{dead};
-  const EquityShares none = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), flaggedOff);
+  const EquityResult none = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), flaggedOff);
   EXPECT_EQ(none.my, -1.0);
   EXPECT_EQ(none.opp, -1.0);
 }
@@ -211,33 +211,33 @@ TEST(EquityCaption, ShowsCalculatingDuringTheRunAndCalcEquityAfterIt) {
 // ---- result R ----
 
 TEST(ResultR, LeavesTiesOutOfTheDenominator) {
-  const EquityShares shares = EquityFromCounts({100, 1, 1, 98});
+  const EquityResult shares = EquityFromCounts({100, 1, 1, 98});
   EXPECT_EQ(shares.my, 50.0);
   EXPECT_EQ(shares.opp, 50.0);
 }
 
 TEST(ResultR, RoundsHalfToEvenFromTheExactFraction) {
   // 3 / 20000 is exactly 0.015 percent, 19997 / 20000 exactly 99.985: both halves go to the even digit.
-  const EquityShares up = EquityFromCounts({20000, 3, 19997, 0});
+  const EquityResult up = EquityFromCounts({20000, 3, 19997, 0});
   EXPECT_DOUBLE_EQ(up.my, 0.02);
   EXPECT_DOUBLE_EQ(up.opp, 99.98);
   // 1 / 20000 is 0.005 percent, 19999 / 20000 is 99.995.
-  const EquityShares down = EquityFromCounts({20000, 1, 19999, 0});
+  const EquityResult down = EquityFromCounts({20000, 1, 19999, 0});
   EXPECT_DOUBLE_EQ(down.my, 0.00);
   EXPECT_DOUBLE_EQ(down.opp, 100.00);
 }
 
 TEST(ResultR, RoundsOtherFractionsToTheNearestHundredth) {
-  const EquityShares shares = EquityFromCounts({3, 1, 2, 0});  // 33.333... and 66.666...
+  const EquityResult shares = EquityFromCounts({3, 1, 2, 0});  // 33.333... and 66.666...
   EXPECT_DOUBLE_EQ(shares.my, 33.33);
   EXPECT_DOUBLE_EQ(shares.opp, 66.67);
 }
 
 TEST(ResultR, GivesFiftyFiftyWhenEveryShowdownTiedAndMinusOneWithoutShowdowns) {
-  const EquityShares tied = EquityFromCounts({7, 0, 0, 7});
+  const EquityResult tied = EquityFromCounts({7, 0, 0, 7});
   EXPECT_EQ(tied.my, 50.0);
   EXPECT_EQ(tied.opp, 50.0);
-  const EquityShares none = EquityFromCounts({});
+  const EquityResult none = EquityFromCounts({});
   EXPECT_EQ(none.my, -1.0);
   EXPECT_EQ(none.opp, -1.0);
 }

@@ -31,7 +31,7 @@ std::string Describe(const std::array<Card, 9>& cards) {
 
 std::vector<Card> Deck() {
   std::vector<Card> deck;
-  for (int i = 0; i < 52; ++i) deck.push_back(CardAtIndex(i));
+  for (int i = 0; i < 52; ++i) deck.push_back(DeckCard(i));
   return deck;
 }
 
@@ -58,7 +58,7 @@ std::array<Card, 9> Deal(CardPool& pool, std::mt19937_64& random) {
 CardPool Pool(int kind, std::mt19937_64& random) {
   CardPool pool;
   if (kind == 0) {
-    for (int i = 0; i < 52; ++i) pool.Add(CardAtIndex(i));
+    for (int i = 0; i < 52; ++i) pool.Add(DeckCard(i));
   } else if (kind == 1) {
     const int32_t a = static_cast<int32_t>(random() % 4);
     const int32_t b = (a + 1 + static_cast<int32_t>(random() % 3)) % 4;

@@ -192,6 +192,35 @@ TEST(CalcEquity, TheSeenLayerAddsItsHoldingsToTheRange) {
   EXPECT_EQ(w.opp(), "58.5%");
 }
 
+TEST(CalcEquity, PreflopAcesAgainstTheOtherTwoAcesIsFiftyFifty) {
+  // With AhAd the only live aces holding is AcAs, which shares no suit: each side's chances mirror the
+  // other's, so the table gives exactly 50.
+  EquityWindow w;
+  w.Click("AA");
+  w.Calc("AhAd", "");
+  EXPECT_TRUE(w.services.messages.empty());
+  EXPECT_EQ(w.my(), "50.0%");
+  EXPECT_EQ(w.opp(), "50.0%");
+  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(234, 196, 45));
+}
+
+TEST(CalcEquity, PreflopShowsThePlainAverageOfTheTableValuesUnrounded) {
+  // AhAd against KsKc is 81.255 (no suit shared); against KhKd the table holds 82.176, the mean of the
+  // matchups its key stands for. Each holding weighs the same: (81.255 + 82.176) / 2.
+  EquityWindow w;
+  const int kings = FindClassByName("KK");
+  ASSERT_GE(kings, 0);
+  ASSERT_TRUE(SetBlockSuitPair(w.profile().rangeLayer[kings], /*suit1=*/3, /*suit2=*/0, true, false));
+  ASSERT_TRUE(SetBlockSuitPair(w.profile().rangeLayer[kings], /*suit1=*/2, /*suit2=*/1, true, false));
+  w.Calc("AhAd", "");
+  EXPECT_TRUE(w.services.messages.empty());
+  EXPECT_NEAR(w.model.myEquity, (81.255 + 82.176) / 2, 0.01);
+  EXPECT_DOUBLE_EQ(w.model.oppEquity, 100.0 - w.model.myEquity);
+  EXPECT_EQ(w.my(), "81.7%");
+  EXPECT_EQ(w.opp(), "18.3%");
+  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(0, 255, 0));
+}
+
 TEST(CalcEquity, WithAFiveCardBoardBothReadOutsShowZeroAndMyEquityTurnsRed) {
   EquityWindow w;
   w.Click("KK");
