@@ -29,6 +29,15 @@ struct FastHoldings {
   std::array<std::vector<uint16_t>, 4> suitRanks;
   std::array<std::vector<uint16_t>, 4> flushRankField;
 
+  void Reserve(std::size_t count) {
+    cardBits.reserve(count);
+    rankPair.reserve(count);
+    for (int suit = 0; suit < 4; ++suit) {
+      suitRanks[suit].reserve(count);
+      flushRankField[suit].reserve(count);
+    }
+  }
+
   void Add(const HandCombo& combo) {
     cardBits.push_back(CardBit(combo.card1()) | CardBit(combo.card2()));
     rankPair.push_back(static_cast<uint16_t>(RankPairIndex(combo.rank1, combo.rank2)));
@@ -167,6 +176,7 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   // that shares a card with them.
   const bool keyPath = path == ShowdownPath::Fast && KnownCardsAreDistinct(myHand, board, known);
   FastHoldings fast;
+  if (keyPath) fast.Reserve(combos.size());
   std::vector<HandCombo> reference;
   for (const HandCombo& combo : combos) {
     if (!combo.flag || !IsDeckCard(combo.card1()) || !IsDeckCard(combo.card2())) continue;
