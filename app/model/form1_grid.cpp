@@ -173,6 +173,8 @@ void Form1Model::RefreshSuitMatrix(bool scan) {
     grid.comboShown[k] = (grid.pairPresent && cells[k].pair) || (grid.suitedPresent && cells[k].suited) ||
                          (grid.offsuitPresent && cells[k].offsuit);
   }
+  // Cells stay on screen when a click takes their holding out, so that a second click can put it back.
+  grid.matrixCellVisible = grid.comboShown;
 }
 
 void Form1Model::mnuSwitchColourScheme_Click() {
