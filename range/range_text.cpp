@@ -103,7 +103,10 @@ std::string FormatTenths(int64_t tenths) {
   std::string text = tenths < 0 ? "-" : "";
   const int64_t magnitude = std::llabs(tenths);
   text += std::to_string(magnitude / 10);
-  if (magnitude % 10 != 0) text += "." + std::to_string(magnitude % 10);
+  if (magnitude % 10 != 0) {
+    text += '.';
+    text += static_cast<char>('0' + magnitude % 10);
+  }
   return text;
 }
 
@@ -127,7 +130,9 @@ std::string ComputedRangeText(int holdings) {
   // The nearest tenth of holdings / 1326 * 100, in integers. No count lies exactly halfway between two
   // tenths: that would need 1000 x holdings to be an odd multiple of 663.
   const int64_t tenths = (int64_t{holdings} * 2000 + kAllHoldings) / (2 * kAllHoldings);
-  return "~" + FormatTenths(tenths);
+  std::string text = "~";
+  text += FormatTenths(tenths);
+  return text;
 }
 
 }  // namespace quillet
