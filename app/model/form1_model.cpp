@@ -1,6 +1,7 @@
 #include "app/model/form1_model.h"
 
 #include "cards/hand_class.h"
+#include "categorise/categories.h"
 
 namespace quillet {
 
@@ -14,6 +15,7 @@ Form1Model::Form1Model(WindowServices& windowServices) : services(windowServices
   lblMyEquity.caption = "100%";
   lbloppEquity.caption.clear();
   InitHandGrid();
+  InitCategories(categories);
 }
 
 void Form1Model::InitHandGrid() {

@@ -32,6 +32,8 @@
 
 namespace quillet {
 
+struct PreferenceLine;  // storage/preferences_file.h
+
 // Mouse buttons and modifier masks as the handlers receive them.
 inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
@@ -181,6 +183,13 @@ class Form1Model {
   // ---- cook (form1_cook.cpp) ----
   void cmdCheckPossibleHands_Click();
 
+ private:
+  // The window's reading of My Hand and the Board: the card layer's check and parse run on the two text
+  // boxes, their messages shown as message boxes. Every command that needs the cards calls this first.
+  bool ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& street);
+
+ public:
+
   // ---- equity (form1_equity.cpp) ----
   void cmdCalcEquity_Click();
   void ClearEquityDisplay();
@@ -253,6 +262,8 @@ class Form1Model {
   // ---- preferences (form1_preferences.cpp) ----
   void SavePreferences();
   void LoadPreferences();
+  // The part of LoadPreferences after the file is read: applies its lines in order.
+  void ApplyPreferences(const std::vector<PreferenceLine>& lines);
 
   // ---- main window, menus and options (form1_window.cpp) ----
   static void ToggleMenuCheck(bool& tick) { tick = !tick; }
@@ -301,6 +312,9 @@ class Form1Model {
   int currentProfileIndex = -1;
 
   Categories categories;  // the last cook's result
+  // ---- cook state (form1_cook.cpp): the last cook's counts, set with the caption ----
+  int32_t cookRangeCount = 0;  // holdings taken from the grid
+  int32_t cookLiveCount = 0;   // of those, the ones that use no card of My Hand or the Board
   ResultsTree TV;
   int tvMousePointer = 0;  // 0 default, 99 the custom "error" pointer
   std::string exportText;

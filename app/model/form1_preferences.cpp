@@ -1,0 +1,107 @@
+#include <system_error>
+
+#include "app/model/form1_model.h"
+#include "app/model/web_addresses.h"
+#include "storage/preferences_file.h"
+
+namespace quillet {
+namespace {
+
+constexpr std::string_view kWelcomeTitle = "Welcome to Poker Quillet!";
+constexpr std::string_view kWelcomeText =
+    "Welcome to Poker Quillet Hand Range Analyzer and Odds Calculator!\r\n\r\n"
+    "If you are not already familiar with Poker Quillet, we recommend you check out the Online Poker Quillet "
+    "Guide.\r\n\r\nWould you like to visit the Poker Quillet website now?";
+
+// The seven menu ticks by key, in the order the file holds them.
+struct MenuKey {
+  const char* key;
+  bool MenuOptions::*tick;
+};
+constexpr MenuKey kMenuKeys[] = {
+    {"mnuHideEmptyCats", &MenuOptions::hideEmptyCats},
+    {"mnuSimplifyOutput", &MenuOptions::simplifyOutput},
+    {"mnuSimplifyFurther", &MenuOptions::simplifyFurther},
+    {"mnuCategoryIcons", &MenuOptions::categoryIcons},
+    {"mnuWinLoseIcons", &MenuOptions::winLoseIcons},
+    {"mnuCalcEquityOnCook", &MenuOptions::calcEquityOnCook},
+    {"mnuAutoPFEquityCalc", &MenuOptions::autoPFEquityCalc},
+};
+
+void SetBoxText(RichTextState& box, const std::string& text) {
+  box.text = text;
+  box.charColours.assign(text.size(), kWindowTextColour);  // the start-up colouring of the card texts follows
+  box.selStart = 0;
+  box.selLength = 0;
+}
+
+}  // namespace
+
+void Form1Model::SavePreferences() {
+  std::vector<PreferenceRecord> records;
+  for (const MenuKey& m : kMenuKeys) records.push_back({m.key, BooleanText(options.*m.tick)});
+  records.push_back({"txtMyHand", txtMyHand.text});
+  records.push_back({"txtBoard", txtBoard.text});
+  records.push_back({"ColourSchemeDefault", BooleanText(colourSchemeDefault)});
+  records.push_back({"SelCardsAutoOK", BooleanText(selCardsAutoOK)});
+  records.push_back({"SelCardsAutoCook", BooleanText(selCardsAutoCook)});
+  std::error_code ec;
+  if (preferencesPath.has_parent_path())
+    std::filesystem::create_directories(preferencesPath.parent_path(), ec);
+  if (auto error = WritePreferencesFile(preferencesPath, records))
+    services.MsgBox(error->message, MessageIcon::Warning);
+}
+
+void Form1Model::LoadPreferences() {
+  const PreferencesFileContents file = ReadPreferencesFile(preferencesPath);
+  switch (file.status) {
+    case PreferencesFileContents::Status::Missing:
+      if (services.AskYesNo(kWelcomeTitle, kWelcomeText, MessageIcon::Information)) {
+        services.OpenInShell(kOnlineGuideAddress);
+      }
+      return;
+    case PreferencesFileContents::Status::Faulty:
+      services.MsgBox(file.error->message, MessageIcon::Warning);
+      return;
+    case PreferencesFileContents::Status::Read:
+      ApplyPreferences(file.lines);
+      return;
+  }
+}
+
+void Form1Model::ApplyPreferences(const std::vector<PreferenceLine>& lines) {
+  for (const PreferenceLine& line : lines) {
+    // A line without "|" carries no value; the program never writes one, and it is passed over.
+    if (!line.value) continue;
+    const std::string& value = *line.value;
+    bool applied = false;
+    for (const MenuKey& m : kMenuKeys) {
+      if (line.key != m.key) continue;
+      if (const auto tick = ParseBooleanText(value)) options.*m.tick = *tick;
+      applied = true;
+      break;
+    }
+    if (applied) continue;
+    if (line.key == "txtMyHand") {
+      SetBoxText(txtMyHand, value);
+    } else if (line.key == "txtBoard") {
+      SetBoxText(txtBoard, value);
+    } else if (line.key == "ColourSchemeDefault") {
+      const auto isDefault = ParseBooleanText(value);
+      if (!isDefault) continue;
+      // The scheme is restored by switching, so that colours, caption and grid follow as they do on a click.
+      if (!*isDefault) {
+        colourSchemeDefault = true;
+        mnuSwitchColourScheme_Click();
+      } else if (!colourSchemeDefault) {
+        mnuSwitchColourScheme_Click();  // a repeated key: the last value wins, the default scheme comes back
+      }
+    } else if (line.key == "SelCardsAutoOK") {
+      if (const auto v = ParseBooleanText(value)) selCardsAutoOK = *v;
+    } else if (line.key == "SelCardsAutoCook") {
+      if (const auto v = ParseBooleanText(value)) selCardsAutoCook = *v;
+    }
+  }
+}
+
+}  // namespace quillet

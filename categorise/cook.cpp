@@ -1,0 +1,128 @@
+#include "categorise/cook.h"
+
+#include <algorithm>
+
+#include "cards/hand_class.h"
+#include "categorise/categories.h"
+#include "categorise/classify.h"
+
+namespace quillet {
+namespace {
+
+int EntriesInUse(const BlockRecord& record) {
+  return std::clamp(record.count, 0, kSuitPairSlots);
+}
+
+bool HoldsSuitPair(const BlockRecord& record, int32_t suit1, int32_t suit2) {
+  const int inUse = EntriesInUse(record);
+  for (int i = 0; i < inUse; ++i) {
+    const SuitPairEntry& e = record.combos[i];
+    if (e.suit1 == suit1 && e.suit2 == suit2) return true;
+    if (record.isPair() && e.suit1 == suit2 && e.suit2 == suit1) return true;
+  }
+  return false;
+}
+
+bool IsRealHolding(const HandCombo& c) {
+  auto valid = [](Card card) {
+    return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3;
+  };
+  return valid(c.card1()) && valid(c.card2()) && c.card1() != c.card2();
+}
+
+void AppendHolding(std::vector<HandCombo>& list, const BlockRecord& record, const SuitPairEntry& entry) {
+  const HandCombo holding{true, record.rank1, entry.suit1, record.rank2, entry.suit2};
+  if (IsRealHolding(holding)) list.push_back(holding);
+}
+
+bool SharesCard(const HandCombo& holding, const Card* inUse, int inUseCount) {
+  const Card a = holding.card1();
+  const Card b = holding.card2();
+  for (int i = 0; i < inUseCount; ++i) {
+    if (a == inUse[i] || b == inUse[i]) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer) {
+  std::vector<HandCombo> list;
+  list.reserve(1326);
+  for (int c = 0; c < kClassCount; ++c) {
+    const BlockRecord& on = onLayer[c];
+    const BlockRecord& seen = seenLayer[c];
+    const int onCount = EntriesInUse(on);
+    for (int i = 0; i < onCount; ++i) AppendHolding(list, on, on.combos[i]);
+    const int seenCount = EntriesInUse(seen);
+    for (int i = 0; i < seenCount; ++i) {
+      const SuitPairEntry& e = seen.combos[i];
+      if (!HoldsSuitPair(on, e.suit1, e.suit2)) AppendHolding(list, seen, e);
+    }
+  }
+  return list;
+}
+
+int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,
+                         const BoardCards& board, int32_t street) {
+  std::array<Card, 7> inUse{};
+  int inUseCount = 0;
+  inUse[inUseCount++] = hand.card1();
+  inUse[inUseCount++] = hand.card2();
+  const int boardCount = std::clamp(BoardCardCount(street), 0, 5);
+  for (int i = 0; i < boardCount; ++i) inUse[inUseCount++] = board[i];
+
+  count = std::clamp(count, 0, static_cast<int32_t>(list.size()));
+  int32_t live = 0;
+  for (int32_t i = 0; i < count; ++i) {
+    if (SharesCard(list[i], inUse.data(), inUseCount)) list[i].flag = false;
+    if (list[i].flag) ++live;
+  }
+  return live;
+}
+
+void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, int32_t count,
+                   const BoardCards& board, int32_t street) {
+  if (static_cast<int>(categories.nodes.size()) != kCategoryCount) InitCategories(categories);
+  for (CategoryNode& node : categories.nodes) {
+    node.count = 0;
+    node.combos.clear();  // keeps the memory for the next run
+    node.runText.clear();
+    node.runNumber = 0;
+    node.nonEmpty = true;
+    node.secondFlag = true;
+  }
+  categories.categorisedCount = 0;
+
+  count = std::clamp(count, 0, static_cast<int32_t>(list.size()));
+  if (street >= kFlop && street <= kRiver) {
+    const BoardContext context = PrepareBoard(board, street);
+    for (int32_t i = 0; i < count; ++i) {
+      const HandCombo& holding = list[i];
+      if (!holding.flag) continue;
+      AddClassifiedCombo(categories, holding, ClassifyCombo(context, holding));
+      ++categories.categorisedCount;
+    }
+  } else {
+    for (int32_t i = 0; i < count; ++i) {
+      const HandCombo& holding = list[i];
+      if (!holding.flag) continue;
+      int32_t entry = kEntryOtherHigh;
+      if (holding.rank1 == holding.rank2) {
+        entry = kEntryOnePair;
+      } else if (holding.rank1 == 14) {
+        entry = kEntryAceHigh;
+      } else if (holding.rank1 == 13) {
+        entry = kEntryKingHigh;
+      } else if (holding.rank1 == 12) {
+        entry = kEntryQueenHigh;
+      }
+      AddToCategory(categories, entry, holding);
+      ++categories.categorisedCount;
+    }
+  }
+
+  for (CategoryNode& node : categories.nodes) node.nonEmpty = node.count != 0;
+}
+
+}  // namespace quillet

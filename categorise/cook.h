@@ -1,0 +1,42 @@
+// The cook's three steps after the card inputs are read: collect the range's holdings from a profile's
+// two layers, mark the holdings that use a card already in play as dead, and classify the live ones into
+// the category table. Free of any window: the window model, the equity command and the CLI share them.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "cards/card.h"
+#include "categorise/category_node.h"
+#include "range/block_record.h"
+
+namespace quillet {
+
+// The holdings of the range, flags set: classes in grid order (0 to 168), and for each class every suit
+// pair of its On record, then every suit pair of its Seen record that the On record does not hold (for a
+// pocket pair (a, b) and (b, a) are one holding). A record entry that does not make two valid, distinct
+// cards (possible only in a damaged profile) is skipped.
+std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer);
+
+// Clears the flag of every holding among the first `count` that shares a card (same rank and suit) with
+// My Hand or with a board card of the street; returns how many of them keep their flag.
+int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,
+                         const BoardCards& board, int32_t street);
+inline int32_t RemoveDeadCombos(std::vector<HandCombo>& list, const HandCards& hand, const BoardCards& board,
+                                int32_t street) {
+  return RemoveDeadCombos(list, static_cast<int32_t>(list.size()), hand, board, street);
+}
+
+// Empties every entry (count 0, run text and number cleared, both flags set), sets the categorised count
+// to 0, and classifies each live holding among the first `count`: with a board into its made-hand entry
+// and its draw entries, without one a pair into "*One pair" and any other holding by its first rank into
+// the high-card children. Each holding raises the categorised count once. Last, each entry's non-empty
+// flag tells whether it received anything.
+void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, int32_t count,
+                   const BoardCards& board, int32_t street);
+inline void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, const BoardCards& board,
+                          int32_t street) {
+  ClassifyRange(categories, list, static_cast<int32_t>(list.size()), board, street);
+}
+
+}  // namespace quillet

@@ -1,0 +1,226 @@
+// quillet-cli profiles: list, show and add player profiles in the profile file.
+#include <ostream>
+#include <system_error>
+
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "cli/args.h"
+#include "cli/commands.h"
+#include "cli/range_list.h"
+#include "storage/code_page.h"
+#include "storage/data_folder.h"
+#include "storage/profile_file.h"
+#include "storage/profile_list.h"
+
+namespace quillet::cli {
+namespace {
+
+constexpr std::size_t kLongestProfileName = 15;
+
+std::filesystem::path DefaultProfileFile() {
+  return ChooseDataFolder(WindowProgramFolder(RunningProgramFolder())) / kProfileFileName;
+}
+
+// Loads the file into `profiles` (a missing file is an empty list). On a file that cannot be used, says why
+// on `err` in one line and returns false.
+bool LoadProfileList(const std::filesystem::path& file, std::vector<PlayerProfile>& profiles,
+                     std::ostream& err) {
+  ProfileFileContents contents = ReadProfileFile(file);
+  switch (contents.status) {
+    case ProfileFileContents::Status::Missing:
+      profiles.clear();
+      return true;
+    case ProfileFileContents::Status::Read:
+      profiles = std::move(contents.profiles);
+      return true;
+    case ProfileFileContents::Status::OtherVersion:
+      err << "The player profile file \"" << file.string() << "\" is version " << contents.version << ", "
+          << (contents.version < 1 ? "an old " : "a newer ") << "format; this program reads version "
+          << kProfileFileVersion << ".\n";
+      return false;
+    case ProfileFileContents::Status::Faulty:
+      err << contents.error->message << "\n";
+      return false;
+  }
+  return false;
+}
+
+struct LayerEntry {
+  const HandClass* handClass;
+  int32_t count;
+  bool whole;
+};
+
+std::vector<LayerEntry> ClassesHeld(const RangeLayer& layer) {
+  std::vector<LayerEntry> held;
+  for (int c = 0; c < kClassCount; ++c) {
+    if (layer[c].count > 0) held.push_back({&HandClasses()[c], layer[c].count, layer[c].whole != kFalse16});
+  }
+  return held;
+}
+
+void PrintLayer(std::ostream& out, const char* title, const RangeLayer& layer) {
+  const auto held = ClassesHeld(layer);
+  out << title << " layer (" << held.size() << (held.size() == 1 ? " class" : " classes") << ")\n";
+  for (const LayerEntry& e : held) {
+    out << "  " << e.handClass->caption << "  " << e.count << (e.count == 1 ? " holding" : " holdings")
+        << (e.whole ? ", whole" : "") << "\n";
+  }
+}
+
+std::string LayerJson(const RangeLayer& layer) {
+  std::string json = "[";
+  for (const LayerEntry& e : ClassesHeld(layer)) {
+    if (json.size() > 1) json += ",";
+    json += "{\"class\":" + JsonString(e.handClass->caption) + ",\"count\":" + std::to_string(e.count) +
+            ",\"whole\":" + (e.whole ? "true" : "false") + "}";
+  }
+  return json + "]";
+}
+
+int List(const Args& args, std::ostream& out, std::ostream& err) {
+  if (args.positional().size() != 1) {
+    err << "quillet-cli profiles list: unexpected word \"" << args.positional()[1] << "\"\n";
+    return kExitBadInput;
+  }
+  std::vector<PlayerProfile> profiles;
+  if (!LoadProfileList(args.valueOr("--file", DefaultProfileFile().string()), profiles, err))
+    return kExitBadInput;
+  for (const PlayerProfile& p : profiles) {
+    if (!p.isFree()) out << p.name << "\n";
+  }
+  return kExitOk;
+}
+
+int Show(const Args& args, std::ostream& out, std::ostream& err) {
+  if (args.positional().size() != 2) {
+    err << "quillet-cli profiles show: give exactly one profile name\n";
+    return kExitBadInput;
+  }
+  const std::string file = args.valueOr("--file", DefaultProfileFile().string());
+  std::vector<PlayerProfile> profiles;
+  if (!LoadProfileList(file, profiles, err)) return kExitBadInput;
+  const std::string& name = args.positional()[1];
+  const int index = FindProfileByName(profiles, name);
+  if (index < 0) {
+    err << "quillet-cli profiles show: there is no profile named \"" << name << "\" in \"" << file << "\"\n";
+    return kExitBadInput;
+  }
+  const PlayerProfile& p = profiles[index];
+  if (args.has("--json")) {
+    out << "{\"name\":" << JsonString(p.name) << ",\"rangeText\":" << JsonString(p.rangeText)
+        << ",\"on\":" << LayerJson(p.rangeLayer) << ",\"seen\":" << LayerJson(p.seenLayer) << "}\n";
+    return kExitOk;
+  }
+  out << "Profile: " << p.name << "\nRange text: " << p.rangeText << "\n";
+  PrintLayer(out, "On", p.rangeLayer);
+  PrintLayer(out, "Seen", p.seenLayer);
+  return kExitOk;
+}
+
+int Add(const Args& args, std::ostream& out, std::ostream& err) {
+  if (args.positional().size() != 2) {
+    err << "quillet-cli profiles add: give exactly one profile name\n";
+    return kExitBadInput;
+  }
+  // The name as the Save label takes it: trimmed, 1 to 15 characters, new.
+  std::string name = args.positional()[1];
+  name.erase(0, name.find_first_not_of(' '));
+  name.erase(name.find_last_not_of(' ') + 1);
+  if (name.empty()) {
+    err << "quillet-cli profiles add: the profile name is empty\n";
+    return kExitBadInput;
+  }
+  if (Utf8Length(name) > kLongestProfileName) {
+    err << "quillet-cli profiles add: \"" << name << "\" is longer than " << kLongestProfileName
+        << " characters\n";
+    return kExitBadInput;
+  }
+  if (Cp1252ToUtf8(Utf8ToCp1252(name)) != name) {
+    err << "quillet-cli profiles add: \"" << name << "\" has characters the profile file cannot hold\n";
+    return kExitBadInput;
+  }
+  const auto rangeText = args.value("--range");
+  if (!rangeText) {
+    err << "quillet-cli profiles add: --range LIST is needed (\"\" for an empty range)\n";
+    return kExitBadInput;
+  }
+  const RangeList onList = ParseRangeList(*rangeText);
+  const RangeList seenList = ParseRangeList(args.valueOr("--seen", ""));
+  for (const RangeList* list : {&onList, &seenList}) {
+    if (!list->error.empty()) {
+      err << "quillet-cli profiles add: " << list->error << "\n";
+      return kExitBadInput;
+    }
+  }
+
+  const bool defaultFile = !args.has("--file");
+  const std::filesystem::path file =
+      defaultFile ? DefaultProfileFile() : std::filesystem::path(*args.value("--file"));
+  RecordingServices services;
+  Form1Model model(services);
+  if (!LoadProfileList(file, model.profiles, err)) return kExitBadInput;
+  if (FindProfileByName(model.profiles, name) >= 0) {
+    err << "quillet-cli profiles add: a profile named \"" << name << "\" already exists in \""
+        << file.string() << "\"\n";
+    return kExitBadInput;
+  }
+  const int index = model.AddProfile(name);
+  PlayerProfile& profile = model.profiles[index];
+  PutClassesWhole(profile.rangeLayer, onList.classes);
+  PutClassesWhole(profile.seenLayer, seenList.classes);
+  profile.rangeText = args.valueOr("--range-text", "");
+
+  if (defaultFile) {
+    std::error_code ec;
+    std::filesystem::create_directories(file.parent_path(), ec);
+  }
+  if (auto error = WriteProfileFile(file, model.profiles)) {
+    err << error->message << "\n";
+    return kExitFailure;
+  }
+  out << "Added the profile \"" << name << "\" to \"" << file.string() << "\".\n";
+  return kExitOk;
+}
+
+int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
+  const Args args(words, {"--file", "--range", "--seen", "--range-text"}, {"--json"});
+  if (!args.error().empty()) {
+    err << "quillet-cli profiles: " << args.error() << "\n";
+    return kExitBadInput;
+  }
+  const std::string sub = args.positional().empty() ? "" : args.positional()[0];
+  const auto refuse = [&](const char* option) {
+    err << "quillet-cli profiles " << sub << ": " << option << " does not apply here\n";
+    return kExitBadInput;
+  };
+  const bool addOptions = args.has("--range") || args.has("--seen") || args.has("--range-text");
+  if (sub == "list") {
+    if (addOptions || args.has("--json"))
+      return refuse(args.has("--json") ? "--json" : "--range, --seen or --range-text");
+    return List(args, out, err);
+  }
+  if (sub == "show") {
+    if (addOptions) return refuse("--range, --seen or --range-text");
+    return Show(args, out, err);
+  }
+  if (sub == "add") {
+    if (args.has("--json")) return refuse("--json");
+    return Add(args, out, err);
+  }
+  err << "quillet-cli profiles: say list, show NAME or add NAME (see quillet-cli --help)\n";
+  return kExitBadInput;
+}
+
+const CommandRegistrar registrar({
+    "profiles",
+    "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text "
+    "TEXT] "
+    "[--file F]",
+    "list, show or add player profiles (F: the profile file, by default the one the window uses)",
+    70,
+    RunProfiles,
+});
+
+}  // namespace
+}  // namespace quillet::cli

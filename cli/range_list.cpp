@@ -1,0 +1,61 @@
+#include "cli/range_list.h"
+
+#include "cards/card.h"
+#include "cards/hand_class.h"
+
+namespace quillet::cli {
+namespace {
+
+std::string_view Trim(std::string_view text) {
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+  return text;
+}
+
+char Upper(char c) {
+  return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char Lower(char c) {
+  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The class number of one written name, or -1.
+int ClassOfName(std::string_view written) {
+  if (written.size() != 2 && written.size() != 3) return -1;
+  std::string name{Upper(written[0]), Upper(written[1])};
+  if (written.size() == 3) name.push_back(Lower(written[2]));
+  if (name.size() == 3 && name[2] == 'o') {
+    const int offsuit = FindClassByName(name.substr(0, 2));
+    return (offsuit >= 0 && HandClasses()[offsuit].kind == kKindOffsuit) ? offsuit : -1;
+  }
+  return FindClassByName(name);
+}
+
+}  // namespace
+
+RangeList ParseRangeList(std::string_view text) {
+  RangeList result;
+  while (true) {
+    const auto comma = text.find(',');
+    const std::string_view item = Trim(text.substr(0, comma));
+    if (!item.empty()) {
+      const int c = ClassOfName(item);
+      if (c < 0) {
+        result.classes.clear();
+        result.error = "unknown starting-hand class \"" + std::string(item) +
+                       "\" (write classes as AA, AKs, AK or AKo, separated by commas)";
+        return result;
+      }
+      result.classes.push_back(c);
+    }
+    if (comma == std::string_view::npos) break;
+    text.remove_prefix(comma + 1);
+  }
+  return result;
+}
+
+void PutClassesWhole(RangeLayer& layer, const std::vector<int>& classes) {
+  for (int c : classes) SetBlockWhole(layer[c], HandClasses()[c].kind == kKindSuited);
+}
+
+}  // namespace quillet::cli

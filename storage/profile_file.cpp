@@ -1,0 +1,259 @@
+#include "storage/profile_file.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "cards/hand_class.h"
+#include "storage/byte_io.h"
+#include "storage/code_page.h"
+#include "storage/file_io.h"
+
+namespace quillet {
+namespace {
+
+constexpr int16_t kDescriptorDimensions = 1;
+constexpr int32_t kDescriptorElements = kSuitPairSlots;
+constexpr int32_t kDescriptorLowerBound = 0;
+
+// A name from the file as it may be shown in a one-line message: no control characters, not too long.
+std::string Printable(std::string_view cp1252) {
+  std::string shown;
+  for (const char c : cp1252.substr(0, 40)) {
+    const auto b = static_cast<unsigned char>(c);
+    shown.push_back(b < 0x20 || b == 0x7F || (b >= 0x80 && b < 0xA0) ? '?' : c);
+  }
+  return Cp1252ToUtf8(shown) + (cp1252.size() > 40 ? "..." : "");
+}
+
+struct BlockFault {
+  bool truncated = false;
+  std::string why;  // empty: the block was read whole
+};
+
+class ProfileBlockReader {
+ public:
+  ProfileBlockReader(ByteReader& in, int number, int32_t total) : in_(in), number_(number), total_(total) {}
+
+  BlockFault Read(PlayerProfile& profile) {
+    std::string name;
+    if (auto f = ReadCountedString("name", name); !f.why.empty()) return f;
+    nameShown_ = Printable(name);
+    profile.name = Cp1252ToUtf8(name);
+    std::string text;
+    if (auto f = ReadCountedString("range text", text); !f.why.empty()) return f;
+    profile.rangeText = Cp1252ToUtf8(text);
+    const auto& classes = HandClasses();
+    for (int c = 0; c < kClassCount; ++c) {
+      if (auto f = ReadRecord(profile.rangeLayer[c], classes[c], "On"); !f.why.empty()) return f;
+      if (auto f = ReadRecord(profile.seenLayer[c], classes[c], "Seen"); !f.why.empty()) return f;
+    }
+    return {};
+  }
+
+ private:
+  std::string Which() const {
+    std::string which = "profile " + std::to_string(number_) + " of " + std::to_string(total_);
+    if (!nameShown_.empty()) which += " (\"" + nameShown_ + "\")";
+    return which;
+  }
+
+  BlockFault Truncated() const {
+    return {true,
+            "it ends after " + std::to_string(in_.offset() + in_.remaining()) + " bytes, inside " + Which()};
+  }
+
+  BlockFault ReadCountedString(const char* what, std::string& out) {
+    int32_t length = 0;
+    if (!in_.I32(length)) return Truncated();
+    if (length < 0) {
+      return {false,
+              "the " + std::string(what) + " of " + Which() + " has a length of " + std::to_string(length)};
+    }
+    if (static_cast<std::size_t>(length) > in_.remaining()) {
+      return {true, "the " + std::string(what) + " of " + Which() + " is said to be " +
+                        std::to_string(length) + " bytes long, but only " + std::to_string(in_.remaining()) +
+                        " bytes follow"};
+    }
+    std::string_view bytes;
+    in_.Bytes(static_cast<std::size_t>(length), bytes);
+    out.assign(bytes);
+    return {};
+  }
+
+  BlockFault ReadRecord(BlockRecord& record, const HandClass& handClass, const char* layer) {
+    if (in_.remaining() < kRecordBlockBytes) return Truncated();
+    const auto where = [&] { return Which() + ", " + handClass.caption + " in the " + layer + " layer, "; };
+    std::string_view block;
+    in_.Bytes(kRecordBlockBytes, block);
+    const char* p = block.data();
+    record.rank1 = LoadI32(p);
+    record.rank2 = LoadI32(p + 4);
+    const int16_t dimensions = LoadI16(p + 8);
+    const int32_t elements = LoadI32(p + 10);
+    const int32_t lowerBound = LoadI32(p + 14);
+    for (int k = 0; k < kSuitPairSlots; ++k) {
+      const char* entry = p + 18 + 10 * k;
+      record.combos[k].on = LoadI16(entry);
+      record.combos[k].suit1 = LoadI32(entry + 2);
+      record.combos[k].suit2 = LoadI32(entry + 6);
+    }
+    record.count = LoadI32(p + 178);
+    record.suited = LoadI16(p + 182);
+    record.offsuit = LoadI16(p + 184);
+    record.whole = LoadI16(p + 186);
+    if (dimensions != kDescriptorDimensions || elements != kDescriptorElements ||
+        lowerBound != kDescriptorLowerBound) {
+      return {false, where() + "describes its suit-pair list as (" + std::to_string(dimensions) + ", " +
+                         std::to_string(elements) + ", " + std::to_string(lowerBound) +
+                         ") instead of (1, 16, 0)"};
+    }
+    if (record.count < 0 || record.count > kSuitPairSlots) {
+      return {false,
+              where() + "holds " + std::to_string(record.count) + " suit pairs (0 to 16 are possible)"};
+    }
+    if (record.rank1 != handClass.rank1 || record.rank2 != handClass.rank2) {
+      return {false, where() + "has the ranks " + std::to_string(record.rank1) + " and " +
+                         std::to_string(record.rank2) + " instead of " + std::to_string(handClass.rank1) +
+                         " and " + std::to_string(handClass.rank2)};
+    }
+    for (int k = 0; k < record.count; ++k) {
+      const SuitPairEntry& e = record.combos[k];
+      if (e.suit1 < 0 || e.suit1 > 3 || e.suit2 < 0 || e.suit2 > 3) {
+        return {false, where() + "suit pair " + std::to_string(k + 1) + " has the suits " +
+                           std::to_string(e.suit1) + " and " + std::to_string(e.suit2) +
+                           " (0 to 3 are possible)"};
+      }
+    }
+    return {};
+  }
+
+  ByteReader& in_;
+  int number_;
+  int32_t total_;
+  std::string nameShown_;
+};
+
+}  // namespace
+
+std::string ProfileFileFault(const std::string& fileLabel, const std::string& why) {
+  return "The player profile file \"" + fileLabel + "\" cannot be read: " + why + ".";
+}
+
+void AppendRecordBlock(std::string& out, const BlockRecord& record) {
+  const std::size_t at = out.size();
+  out.resize(at + kRecordBlockBytes);
+  char* p = out.data() + at;
+  StoreI32(p, record.rank1);
+  StoreI32(p + 4, record.rank2);
+  StoreI16(p + 8, kDescriptorDimensions);
+  StoreI32(p + 10, kDescriptorElements);
+  StoreI32(p + 14, kDescriptorLowerBound);
+  for (int k = 0; k < kSuitPairSlots; ++k) {
+    char* entry = p + 18 + 10 * k;
+    StoreI16(entry, record.combos[k].on);
+    StoreI32(entry + 2, record.combos[k].suit1);
+    StoreI32(entry + 6, record.combos[k].suit2);
+  }
+  StoreI32(p + 178, record.count);
+  StoreI16(p + 182, record.suited);
+  StoreI16(p + 184, record.offsuit);
+  StoreI16(p + 186, record.whole);
+}
+
+std::string EncodeProfileFile(const std::vector<PlayerProfile>& profiles) {
+  struct Texts {
+    const PlayerProfile* profile;
+    std::string name, rangeText;  // in the code page
+  };
+  std::vector<Texts> named;
+  std::size_t size = 8;
+  for (const PlayerProfile& p : profiles) {
+    if (p.isFree()) continue;
+    named.push_back({&p, Utf8ToCp1252(p.name), Utf8ToCp1252(p.rangeText)});
+    size += kSmallestProfileBlockBytes + named.back().name.size() + named.back().rangeText.size();
+  }
+  std::string out;
+  out.reserve(size);
+  ByteWriter w(out);
+  w.I32(kProfileFileVersion);
+  w.I32(static_cast<int32_t>(named.size()));
+  for (const Texts& t : named) {
+    w.I32(static_cast<int32_t>(t.name.size()));
+    w.Bytes(t.name);
+    w.I32(static_cast<int32_t>(t.rangeText.size()));
+    w.Bytes(t.rangeText);
+    for (int c = 0; c < kClassCount; ++c) {
+      AppendRecordBlock(out, t.profile->rangeLayer[c]);
+      AppendRecordBlock(out, t.profile->seenLayer[c]);
+    }
+  }
+  return out;
+}
+
+ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string& fileLabel) {
+  ProfileFileContents result;
+  const auto fault = [&](const std::string& why) {
+    result.status = ProfileFileContents::Status::Faulty;
+    result.error = StorageError{ProfileFileFault(fileLabel, why)};
+    return std::move(result);
+  };
+  if (bytes.empty()) return fault("it is empty");
+  ByteReader in(bytes);
+  if (!in.I32(result.version)) {
+    return fault("it is only " + std::to_string(bytes.size()) +
+                 " bytes long, too short for the file version");
+  }
+  if (result.version != kProfileFileVersion) {
+    result.status = ProfileFileContents::Status::OtherVersion;
+    return result;
+  }
+  int32_t count = 0;
+  if (!in.I32(count))
+    return fault("it ends after " + std::to_string(bytes.size()) + " bytes, inside the profile count");
+  if (count < 0) return fault("it says it holds " + std::to_string(count) + " profiles");
+  // However large the count, the list grows only by profiles actually read.
+  const std::size_t room = in.remaining() / kSmallestProfileBlockBytes;
+  result.profiles.reserve(std::min(static_cast<std::size_t>(count), room));
+  for (int32_t i = 0; i < count; ++i) {
+    PlayerProfile profile;
+    InitProfile(profile);
+    ProfileBlockReader reader(in, i + 1, count);
+    const BlockFault f = reader.Read(profile);
+    if (!f.why.empty()) {
+      // A file cut short lacks part of one profile; a count beyond that is wrong itself.
+      if (f.truncated && static_cast<std::size_t>(count) > room + 1) {
+        return fault("it says it holds " + std::to_string(count) + " profiles, but its " +
+                     std::to_string(bytes.size()) + " bytes have room for at most " + std::to_string(room));
+      }
+      return fault(f.why);
+    }
+    result.profiles.push_back(std::move(profile));
+  }
+  result.status = ProfileFileContents::Status::Read;
+  return result;
+}
+
+ProfileFileContents ReadProfileFile(const std::filesystem::path& path) {
+  FileRead file = ReadWholeFile(path, kLargestProfileFileBytes);
+  if (file.status == FileRead::Status::Missing) return {};
+  if (file.status == FileRead::Status::Failed) {
+    ProfileFileContents result;
+    result.status = ProfileFileContents::Status::Faulty;
+    result.error = StorageError{ProfileFileFault(path.string(), file.reason)};
+    return result;
+  }
+  ProfileFileContents result = DecodeProfileFile(file.bytes, path.string());
+  if (result.status == ProfileFileContents::Status::Faulty) result.bytes = std::move(file.bytes);
+  return result;
+}
+
+std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
+                                             const std::vector<PlayerProfile>& profiles) {
+  if (auto failure = WriteFileAtomically(path, EncodeProfileFile(profiles))) {
+    return StorageError{"The player profiles could not be saved to \"" + path.string() + "\": " + *failure +
+                        ". The file there was left as it was."};
+  }
+  return std::nullopt;
+}
+
+}  // namespace quillet

@@ -1,0 +1,72 @@
+// The player profile file "Player_Profiles.ini": binary, little-endian, no padding anywhere.
+//
+//   version (int32, always 1), N (int32, the profiles with a name), then N profile blocks in list order.
+//   Profile block: the name and the range text as counted strings (int32 byte count, then that many
+//   Windows-1252 bytes, no terminator), then for each class 0..168 its On-layer record followed by its
+//   Seen-layer record (the layers alternate class by class).
+//   Record block, 188 bytes: rank1 (4), rank2 (4), the suit-pair list's array descriptor (10: dimensions
+//   int16 = 1, elements int32 = 16, lower bound int32 = 0), 16 entries of 10 bytes (on 2, suit1 4, suit2
+//   4), count (4), suited (2), offsuit (2), whole (2).
+//
+// All 16 entries are written as they stand in memory, also those past the record's count: a cleared
+// record keeps its old entries and a removed entry leaves the shifted tail, and a profile read and written
+// again comes out byte for byte the same.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "range/player_profile.h"
+#include "storage/storage_error.h"
+
+namespace quillet {
+
+inline constexpr const char* kProfileFileName = "Player_Profiles.ini";
+inline constexpr int32_t kProfileFileVersion = 1;
+inline constexpr std::size_t kRecordBlockBytes = 188;
+// A profile with an empty name and an empty range text: two lengths and 338 record blocks.
+inline constexpr std::size_t kSmallestProfileBlockBytes = 4 + 4 + 2 * 169 * kRecordBlockBytes;
+// Far beyond any real file (about 16,000 profiles); a longer file is refused rather than read into memory.
+inline constexpr std::size_t kLargestProfileFileBytes = std::size_t{1} << 30;
+
+// The whole file for the named profiles in list order; free slots (empty names) are skipped.
+std::string EncodeProfileFile(const std::vector<PlayerProfile>& profiles);
+
+// One record block (188 bytes) appended to `out`.
+void AppendRecordBlock(std::string& out, const BlockRecord& record);
+
+struct ProfileFileContents {
+  enum class Status {
+    Missing,       // no file: not an error, the list stays empty
+    Read,          // every profile read
+    OtherVersion,  // the version is not 1: nothing read past it (see `version`)
+    Faulty,        // the file could not be read whole: `error` says why, `profiles` holds those read before
+  };
+  Status status = Status::Missing;
+  int32_t version = 0;
+  std::vector<PlayerProfile> profiles;
+  std::optional<StorageError> error;
+  std::string bytes;  // a faulty file as read, so that it can be set aside unchanged
+};
+
+// Reads a profile file's bytes. `fileLabel` names the file in the error message. Never reads outside
+// `bytes`, and allocates no more than the bytes can actually hold, whatever the counts in them say.
+ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string& fileLabel);
+
+// Reads the file at `path`.
+ProfileFileContents ReadProfileFile(const std::filesystem::path& path);
+
+// Writes the file safely (see WriteFileAtomically); on failure the old file is unchanged and the error
+// says so.
+std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
+                                             const std::vector<PlayerProfile>& profiles);
+
+// The one-line message for a file that cannot be read: `The player profile file "PATH" cannot be read: WHY.`
+std::string ProfileFileFault(const std::string& fileLabel, const std::string& why);
+
+}  // namespace quillet

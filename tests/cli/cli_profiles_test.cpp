@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "storage/profile_file.h"
+#include "tests/cli/cli_run.h"
+#include "tests/storage/temp_folder.h"
+
+namespace quillet::cli {
+namespace {
+
+using quillet::testing::ReadBytes;
+using quillet::testing::TempFolder;
+using quillet::testing::WriteBytes;
+
+class ProfilesCommand : public ::testing::Test {
+ protected:
+  std::string File() const { return (dir / "Player_Profiles.ini").string(); }
+  CliRun Run(std::vector<std::string> words) {
+    words.insert(words.begin(), "profiles");
+    words.push_back("--file");
+    words.push_back(File());
+    return RunCommandLine(words);
+  }
+  TempFolder dir;
+};
+
+TEST_F(ProfilesCommand, AddCreatesTheFileWithTheClassesWholeInTheirLayers) {
+  const CliRun run = Run({"add", "Villain", "--range", "AKs", "--seen", "22", "--range-text", "~0.8"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(run.err.empty());
+  PlayerProfile expected;
+  InitProfile(expected);
+  expected.name = "Villain";
+  expected.rangeText = "~0.8";
+  SetBlockWhole(expected.rangeLayer[FindClassByName("AKs")], true);
+  SetBlockWhole(expected.seenLayer[FindClassByName("22")], false);
+  EXPECT_EQ(ReadBytes(File()), EncodeProfileFile({expected}));
+}
+
+TEST_F(ProfilesCommand, ListPrintsTheNamesInFileOrder) {
+  ASSERT_EQ(Run({"add", "Zed", "--range", "AA"}).status, 0);
+  ASSERT_EQ(Run({"add", "Amy", "--range", ""}).status, 0);
+  const CliRun run = Run({"list"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "Zed\nAmy\n");
+}
+
+TEST_F(ProfilesCommand, ListOfAMissingFileIsEmpty) {
+  const CliRun run = Run({"list"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "");
+}
+
+TEST_F(ProfilesCommand, ShowPrintsTheRangeTextAndEachHeldClassWithItsCountAndWholeFlag) {
+  ASSERT_EQ(Run({"add", "Villain", "--range", "AKs,QQ", "--seen", "AKo", "--range-text", "12.5"}).status, 0);
+  const CliRun run = Run({"show", "Villain"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out,
+            "Profile: Villain\n"
+            "Range text: 12.5\n"
+            "On layer (2 classes)\n"
+            "  AKs  4 holdings, whole\n"
+            "  QQ  6 holdings, whole\n"
+            "Seen layer (1 class)\n"
+            "  AKo  12 holdings, whole\n");
+}
+
+TEST_F(ProfilesCommand, ShowAsJsonGivesOneObject) {
+  ASSERT_EQ(Run({"add", "Villain", "--range", "AKs", "--seen", "22", "--range-text", "~0.8"}).status, 0);
+  const CliRun run = Run({"show", "Villain", "--json"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.out,
+      "{\"name\":\"Villain\",\"rangeText\":\"~0.8\",\"on\":[{\"class\":\"AKs\",\"count\":4,\"whole\":true}],"
+      "\"seen\":[{\"class\":\"22\",\"count\":6,\"whole\":true}]}\n");
+}
+
+TEST_F(ProfilesCommand, ShowReportsAPartBlockWithoutTheWholeFlag) {
+  PlayerProfile p;
+  InitProfile(p);
+  p.name = "Part";
+  BlockRecord& ak = p.rangeLayer[FindClassByName("AK")];
+  SetBlockWhole(ak, false);
+  SetBlockSuitPair(ak, 1, 0, false, false);
+  WriteBytes(File(), EncodeProfileFile({p}));
+  EXPECT_EQ(Run({"show", "Part", "--json"}).out,
+            "{\"name\":\"Part\",\"rangeText\":\"\",\"on\":[{\"class\":\"AKo\",\"count\":11,\"whole\":false}],"
+            "\"seen\":[]}\n");
+  EXPECT_NE(Run({"show", "Part"}).out.find("  AKo  11 holdings\n"), std::string::npos);
+}
+
+TEST_F(ProfilesCommand, AnOffsuitClassMayBeWrittenWithOrWithoutItsO) {
+  ASSERT_EQ(Run({"add", "A", "--range", "AK"}).status, 0);
+  ASSERT_EQ(Run({"add", "B", "--range", "AKo"}).status, 0);
+  const auto read = ReadProfileFile(File());
+  ASSERT_EQ(read.profiles.size(), 2u);
+  EXPECT_EQ(read.profiles[0].rangeLayer, read.profiles[1].rangeLayer);
+  EXPECT_EQ(read.profiles[0].rangeLayer[FindClassByName("AK")].count, 12);
+}
+
+TEST_F(ProfilesCommand, AddKeepsTheProfilesAlreadyThere) {
+  ASSERT_EQ(Run({"add", "Amy", "--range", "AA,KK"}).status, 0);
+  const std::string before = ReadBytes(File());
+  ASSERT_EQ(Run({"add", "Bob", "--range", "72"}).status, 0);
+  const std::string after = ReadBytes(File());
+  EXPECT_EQ(after.substr(8, before.size() - 8), before.substr(8));
+  EXPECT_EQ(after.substr(4, 1), "\x02");
+}
+
+TEST_F(ProfilesCommand, AnUnknownClassIsRefusedByNameAndNothingIsWritten) {
+  const CliRun run = Run({"add", "Amy", "--range", "AA,AKx"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.err.find("unknown starting-hand class \"AKx\""), std::string::npos);
+  EXPECT_TRUE(dir.Entries().empty());
+  EXPECT_EQ(Run({"add", "Amy", "--range", "AA", "--seen", "AAo"}).status, 2);  // a pair has no offsuit form
+  EXPECT_EQ(Run({"add", "Amy", "--range", "AA,,KK"}).status, 2);
+}
+
+TEST_F(ProfilesCommand, ANameThatExistsIsRefused) {
+  ASSERT_EQ(Run({"add", "Amy", "--range", "AA"}).status, 0);
+  const CliRun run = Run({"add", "Amy", "--range", "KK"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.err.find("already exists"), std::string::npos);
+}
+
+TEST_F(ProfilesCommand, ANameHasOneToFifteenCharactersAfterTrimming) {
+  EXPECT_EQ(Run({"add", "123456789012345", "--range", "AA"}).status, 0);
+  EXPECT_EQ(Run({"add", "1234567890123456", "--range", "AA"}).status, 2);
+  EXPECT_EQ(Run({"add", "   ", "--range", "AA"}).status, 2);
+  EXPECT_EQ(Run({"add", "  Pad  ", "--range", "AA"}).status, 0);
+  EXPECT_EQ(Run({"list"}).out, "123456789012345\nPad\n");
+}
+
+TEST_F(ProfilesCommand, ANameTheFileCannotHoldIsRefused) {
+  EXPECT_EQ(Run({"add", "\xD0\x98van", "--range", "AA"}).status, 2);
+  EXPECT_EQ(Run({"add", "Jos\xC3\xA9", "--range", "AA"}).status, 0);
+  EXPECT_EQ(Run({"list"}).out, "Jos\xC3\xA9\n");
+}
+
+TEST_F(ProfilesCommand, AddNeedsARange) {
+  const CliRun run = Run({"add", "Amy"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.err.find("--range"), std::string::npos);
+}
+
+TEST_F(ProfilesCommand, ShowOfAnUnknownNameIsRefused) {
+  ASSERT_EQ(Run({"add", "Amy", "--range", "AA"}).status, 0);
+  EXPECT_EQ(Run({"show", "amy"}).status, 2);
+}
+
+TEST_F(ProfilesCommand, ABadFileGivesTheWindowsMessageOnStderrWithStatusTwoAndIsLeftAlone) {
+  ASSERT_EQ(Run({"add", "Amy", "--range", "AA"}).status, 0);
+  ASSERT_EQ(Run({"add", "Bob", "--range", "KK"}).status, 0);
+  const std::string cut = ReadBytes(File()).substr(0, 70000);
+  WriteBytes(File(), cut);
+
+  RecordingServices services;
+  Form1Model window(services);
+  window.profilePath = dir / "copy" / "Player_Profiles.ini";
+  std::filesystem::create_directories(window.profilePath.parent_path());
+  WriteBytes(window.profilePath, cut);
+  window.LoadProfiles();
+  ASSERT_EQ(services.messages.size(), 1u);
+  std::string windowLine = services.messages[0].text.substr(0, services.messages[0].text.find("\r\n"));
+  windowLine.replace(windowLine.find(window.profilePath.string()), window.profilePath.string().size(),
+                     File());
+
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"list"}, {"show", "Amy"}, {"add", "Cat", "--range", "AA"}}) {
+    const CliRun run = Run(words);
+    EXPECT_EQ(run.status, 2) << words[0];
+    EXPECT_EQ(run.err, windowLine + "\n");
+    EXPECT_EQ(run.out, "");
+  }
+  EXPECT_EQ(ReadBytes(File()), cut);
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "copy"}));
+}
+
+TEST_F(ProfilesCommand, AFileOfAnotherVersionIsRefusedWithStatusTwo) {
+  WriteBytes(File(), std::string("\x02\x00\x00\x00\x00\x00\x00\x00", 8));
+  const CliRun run = Run({"add", "Amy", "--range", "AA"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "The player profile file \"" + File() +
+                         "\" is version 2, a newer format; this program reads version 1.\n");
+  EXPECT_EQ(ReadBytes(File()).size(), 8u);
+}
+
+TEST_F(ProfilesCommand, AFailedSaveIsReportedAndTheOldFileStays) {
+  const std::string missingFolder = (dir / "nowhere" / "Player_Profiles.ini").string();
+  const CliRun run = RunCommandLine({"profiles", "add", "Amy", "--range", "AA", "--file", missingFolder});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err.rfind("The player profiles could not be saved to \"" + missingFolder + "\"", 0), 0u);
+}
+
+TEST_F(ProfilesCommand, UnknownSubcommandsAndMisplacedOptionsAreRefused) {
+  EXPECT_EQ(RunCommandLine({"profiles"}).status, 2);
+  EXPECT_EQ(RunCommandLine({"profiles", "remove", "Amy"}).status, 2);
+  EXPECT_EQ(Run({"list", "--json"}).status, 2);
+  EXPECT_EQ(Run({"show", "Amy", "--range", "AA"}).status, 2);
+  EXPECT_EQ(Run({"add", "Amy", "--range", "AA", "--json"}).status, 2);
+  EXPECT_EQ(Run({"list", "extra"}).status, 2);
+}
+
+}  // namespace
+}  // namespace quillet::cli

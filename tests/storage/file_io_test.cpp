@@ -1,0 +1,204 @@
+#include "storage/file_io.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/storage/file_size_limit.h"
+#include "tests/storage/temp_folder.h"
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::FileSizeLimit;
+using testing::ReadBytes;
+using testing::TempFolder;
+using testing::WriteBytes;
+
+TEST(WriteFileAtomically, ReplacesTheFileAndLeavesNothingElseBehind) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  WriteBytes(path, "old contents");
+  ASSERT_FALSE(WriteFileAtomically(path, std::string("new\0contents", 12)).has_value());
+  EXPECT_EQ(ReadBytes(path), std::string("new\0contents", 12));
+  EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
+}
+
+TEST(WriteFileAtomically, CreatesAFileThatDidNotExist) {
+  TempFolder dir;
+  ASSERT_FALSE(WriteFileAtomically(dir / "MyPrefs.ini", "x|y\r\n").has_value());
+  EXPECT_EQ(ReadBytes(dir / "MyPrefs.ini"), "x|y\r\n");
+}
+
+TEST(WriteFileAtomically, KeepsTheOldFilesPermissions) {
+  TempFolder dir;
+  const auto path = dir / "MyPrefs.ini";
+  WriteBytes(path, "old");
+  ::chmod(path.c_str(), 0640);
+  ASSERT_FALSE(WriteFileAtomically(path, "new").has_value());
+  struct stat st {};
+  ASSERT_EQ(::stat(path.c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0640u);
+}
+
+TEST(WriteFileAtomically, ReplacesTheTargetOfASymbolicLinkAndKeepsTheLink) {
+  TempFolder dir;
+  fs::create_directory(dir / "elsewhere");
+  const auto target = dir / "elsewhere" / "Player_Profiles.ini";
+  WriteBytes(target, "old");
+  fs::create_symlink(target, dir / "Player_Profiles.ini");
+  ASSERT_FALSE(WriteFileAtomically(dir / "Player_Profiles.ini", "new").has_value());
+  EXPECT_TRUE(fs::is_symlink(dir / "Player_Profiles.ini"));
+  EXPECT_EQ(ReadBytes(target), "new");
+}
+
+TEST(WriteFileAtomically, ASaveKilledHalfwayLeavesTheOldFileUnchanged) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  const std::string old = "the profiles of months of play";
+  WriteBytes(path, old);
+  const std::string fresh(1 << 20, 'n');
+  const rlim_t half = fresh.size() / 2;
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    // The kernel kills the child with SIGXFSZ as soon as the file reaches half its size: a crash mid-write.
+    rlimit noCore{0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+    signal(SIGXFSZ, SIG_DFL);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = half;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    WriteFileAtomically(path, fresh);
+    _exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFSIGNALED(status)) << "the save ran to its end";
+  EXPECT_EQ(WTERMSIG(status), SIGXFSZ);
+  EXPECT_EQ(ReadBytes(path), old);
+  // The half-written temporary file is what the crash left; the old file was never touched.
+  std::size_t halfWritten = 0;
+  for (const auto& name : dir.Entries()) {
+    if (name != "Player_Profiles.ini" && fs::file_size(dir / name) == half) ++halfWritten;
+  }
+  EXPECT_EQ(halfWritten, 1u);
+}
+
+TEST(WriteFileAtomically, AWriteThatFailsLeavesTheOldFileAndNoTemporaryFile) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  WriteBytes(path, "old");
+  std::optional<std::string> failure;
+  {
+    FileSizeLimit limit(4096);
+    failure = WriteFileAtomically(path, std::string(100000, 'n'));
+  }
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(*failure, "writing failed (File too large)");
+  EXPECT_EQ(ReadBytes(path), "old");
+  EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
+}
+
+TEST(WriteFileAtomically, ARenameThatFailsLeavesTheOldEntryAndNoTemporaryFile) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  fs::create_directory(path);  // a folder in the file's place, not empty: nothing can be renamed over it
+  WriteBytes(path / "inside", "kept");
+  const auto failure = WriteFileAtomically(path, "new");
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(failure->rfind("the new file could not take the old one's place (", 0), 0u) << *failure;
+  EXPECT_EQ(ReadBytes(path / "inside"), "kept");
+  EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
+}
+
+TEST(WriteFileAtomically, AMissingFolderIsReported) {
+  TempFolder dir;
+  const auto failure = WriteFileAtomically(dir / "no" / "such" / "MyPrefs.ini", "x");
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(*failure, "the temporary file could not be created (No such file or directory)");
+}
+
+TEST(ReadWholeFile, ReadsEveryByte) {
+  TempFolder dir;
+  std::string bytes;
+  for (int i = 0; i < 100000; ++i) bytes.push_back(static_cast<char>(i * 7));
+  WriteBytes(dir / "f", bytes);
+  const FileRead read = ReadWholeFile(dir / "f", 1 << 20);
+  EXPECT_EQ(read.status, FileRead::Status::Read);
+  EXPECT_EQ(read.bytes, bytes);
+}
+
+TEST(ReadWholeFile, AMissingFileIsMissing) {
+  TempFolder dir;
+  EXPECT_EQ(ReadWholeFile(dir / "nothing", 100).status, FileRead::Status::Missing);
+}
+
+TEST(ReadWholeFile, AFolderIsRefused) {
+  TempFolder dir;
+  const FileRead read = ReadWholeFile(dir.path(), 100);
+  EXPECT_EQ(read.status, FileRead::Status::Failed);
+  EXPECT_EQ(read.reason, "it is a folder, not a file");
+}
+
+TEST(ReadWholeFile, APipeIsRefusedAtOnceInsteadOfWaitingForAWriter) {
+  TempFolder dir;
+  ASSERT_EQ(::mkfifo((dir / "pipe").c_str(), 0600), 0);
+  const FileRead read = ReadWholeFile(dir / "pipe", 100);
+  EXPECT_EQ(read.status, FileRead::Status::Failed);
+  EXPECT_EQ(read.reason, "it is not a regular file");
+}
+
+TEST(ReadWholeFile, ADeviceThatNeverEndsIsRefused) {
+  const FileRead read = ReadWholeFile("/dev/zero", 100);
+  EXPECT_EQ(read.status, FileRead::Status::Failed);
+}
+
+TEST(ReadWholeFile, AFileLongerThanTheLimitIsRefusedUnread) {
+  TempFolder dir;
+  WriteBytes(dir / "f", std::string(101, 'x'));
+  const FileRead read = ReadWholeFile(dir / "f", 100);
+  EXPECT_EQ(read.status, FileRead::Status::Failed);
+  EXPECT_EQ(read.reason, "it is 101 bytes long, more than the 100 bytes such a file can hold");
+  EXPECT_TRUE(read.bytes.empty());
+}
+
+TEST(KeepFileAside, KeepsACopyNamedBadBesideTheFile) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  WriteBytes(path, "broken");
+  const std::string bytes = "broken";
+  const SetAside aside = KeepFileAside(path, &bytes);
+  EXPECT_EQ(aside.copy, dir / "Player_Profiles.ini.bad");
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), "broken");
+  EXPECT_EQ(ReadBytes(path), "broken");  // the original stays until the next save replaces it
+}
+
+TEST(KeepFileAside, AnEarlierCopyIsNotOverwritten) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  WriteBytes(dir / "Player_Profiles.ini.bad", "last month");
+  const std::string bytes = "today";
+  EXPECT_EQ(KeepFileAside(path, &bytes).copy, dir / "Player_Profiles.ini.bad.2");
+  EXPECT_EQ(KeepFileAside(path, &bytes).copy, dir / "Player_Profiles.ini.bad.3");
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), "last month");
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad.3"), "today");
+}
+
+TEST(KeepFileAside, AFileWhoseBytesAreNotAtHandIsRenamed) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  fs::create_directory(path);
+  const SetAside aside = KeepFileAside(path, nullptr);
+  EXPECT_EQ(aside.copy, dir / "Player_Profiles.ini.bad");
+  EXPECT_FALSE(fs::exists(path));
+  EXPECT_TRUE(fs::is_directory(dir / "Player_Profiles.ini.bad"));
+}
+
+}  // namespace
+}  // namespace quillet
