@@ -16,14 +16,22 @@ BlockColourRule ChooseBlockColourRule(bool selectedSeen, bool selectedOn, const 
 
 Colour BlockRuleColour(BlockColourRule rule, const ColourScheme& scheme, Colour baseColour) {
   switch (rule) {
-    case BlockColourRule::SeenSelection: return scheme.seenSelection;
-    case BlockColourRule::OnSelection: return scheme.onSelection;
-    case BlockColourRule::BothLayers: return scheme.bothLayers;
-    case BlockColourRule::OnWhole: return scheme.onWhole;
-    case BlockColourRule::OnPart: return scheme.onPart;
-    case BlockColourRule::SeenWhole: return scheme.seenWhole;
-    case BlockColourRule::SeenPart: return scheme.seenPart;
-    case BlockColourRule::Base: break;
+    case BlockColourRule::SeenSelection:
+      return scheme.seenSelection;
+    case BlockColourRule::OnSelection:
+      return scheme.onSelection;
+    case BlockColourRule::BothLayers:
+      return scheme.bothLayers;
+    case BlockColourRule::OnWhole:
+      return scheme.onWhole;
+    case BlockColourRule::OnPart:
+      return scheme.onPart;
+    case BlockColourRule::SeenWhole:
+      return scheme.seenWhole;
+    case BlockColourRule::SeenPart:
+      return scheme.seenPart;
+    case BlockColourRule::Base:
+      break;
   }
   return baseColour;
 }
@@ -43,10 +51,14 @@ bool CellFitsKind(int cell, int32_t kind) {
   if (cell < 0 || cell >= kSuitMatrixCells) return false;
   const SuitMatrixCell& c = SuitMatrixCells()[cell];
   switch (kind) {
-    case kKindPair: return c.pair;
-    case kKindSuited: return c.suited;
-    case kKindOffsuit: return c.offsuit;
-    default: return false;
+    case kKindPair:
+      return c.pair;
+    case kKindSuited:
+      return c.suited;
+    case kKindOffsuit:
+      return c.offsuit;
+    default:
+      return false;
   }
 }
 

@@ -28,7 +28,8 @@ Colour BlockRuleColour(BlockColourRule rule, const ColourScheme& scheme, Colour 
 // Whether a block shown under `rule` is only partly in a layer, or in both: the rules after which a typed
 // percentage no longer describes the range.
 constexpr bool IsMixedRule(BlockColourRule rule) {
-  return rule == BlockColourRule::BothLayers || rule == BlockColourRule::OnPart || rule == BlockColourRule::SeenPart;
+  return rule == BlockColourRule::BothLayers || rule == BlockColourRule::OnPart ||
+         rule == BlockColourRule::SeenPart;
 }
 
 // The suit matrix: cell 4 x a + b stands for the suit pair (a, b). The diagonal cells are the suited

@@ -13,9 +13,13 @@ std::string_view TrimSpaces(std::string_view text) {
   return text;
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
-int64_t StepTenThousandths(const PreflopRow& row) { return std::llround(row.percent * 10.0) * 1000; }
+int64_t StepTenThousandths(const PreflopRow& row) {
+  return std::llround(row.percent * 10.0) * 1000;
+}
 
 int ClampedCount(const BlockRecord& record) {
   return record.count < 0 ? 0 : (record.count > kSuitPairSlots ? kSuitPairSlots : record.count);
@@ -110,7 +114,9 @@ std::string FormatTenths(int64_t tenths) {
   return text;
 }
 
-std::string PercentText(double percent) { return FormatTenths(std::llround(percent * 10.0)); }
+std::string PercentText(double percent) {
+  return FormatTenths(std::llround(percent * 10.0));
+}
 
 int UnionHoldingCount(const RangeLayer& onLayer, const RangeLayer& seenLayer) {
   int total = 0;

@@ -72,9 +72,13 @@ void Form1Model::txtBoard_KeyDown(int keyCode, int /*shift*/) {
   if (keyCode == kKeyEnter) cmdCheckPossibleHands_Click();
 }
 
-void Form1Model::txtMyHand_Click() { OpenPicker(*this, true); }
+void Form1Model::txtMyHand_Click() {
+  OpenPicker(*this, true);
+}
 
-void Form1Model::txtBoard_Click() { OpenPicker(*this, false); }
+void Form1Model::txtBoard_Click() {
+  OpenPicker(*this, false);
+}
 
 void Form1Model::WritePickedCards(bool targetMyHand, const std::string& text) {
   RichTextState& box = targetMyHand ? txtMyHand : txtBoard;

@@ -6,9 +6,13 @@
 namespace quillet {
 namespace {
 
-bool IsBlockIndex(int index) { return index >= 0 && index < kClassCount; }
+bool IsBlockIndex(int index) {
+  return index >= 0 && index < kClassCount;
+}
 
-int32_t KindOf(int index) { return HandClasses()[index].kind; }
+int32_t KindOf(int index) {
+  return HandClasses()[index].kind;
+}
 
 // Puts block i into the On selection and its On record in whole, as a left click does.
 void SelectIntoOnLayer(Form1Model& form, PlayerProfile& profile, int i) {
@@ -146,7 +150,8 @@ void Form1Model::SelectUpward(int index) {
     case kKindPair:  // every higher pair
       for (int i = index; i >= 0; i -= 14) SelectIntoOnLayer(*this, *profile, i);
       break;
-    default: break;
+    default:
+      break;
   }
   SetBlockColours();
   RefreshSuitMatrix(true);
@@ -159,10 +164,17 @@ void Form1Model::RefreshSuitMatrix(bool scan) {
     for (int i = 0; i < kClassCount; ++i) {
       if (!grid.selectedOn[i] && !grid.selectedSeen[i]) continue;
       switch (KindOf(i)) {
-        case kKindPair: grid.pairPresent = true; break;
-        case kKindSuited: grid.suitedPresent = true; break;
-        case kKindOffsuit: grid.offsuitPresent = true; break;
-        default: break;
+        case kKindPair:
+          grid.pairPresent = true;
+          break;
+        case kKindSuited:
+          grid.suitedPresent = true;
+          break;
+        case kKindOffsuit:
+          grid.offsuitPresent = true;
+          break;
+        default:
+          break;
       }
       if (grid.pairPresent && grid.suitedPresent && grid.offsuitPresent) break;
     }

@@ -56,11 +56,17 @@ void Form1Model::cmdAnyBroadway_Click() {
   AddGroup(*this, [](const HandClass& c) { return c.row < 5 && c.column < 5; });
 }
 
-void Form1Model::cmdClearOnBlocks_Click() { ClearLayers(*this, Layers::On); }
+void Form1Model::cmdClearOnBlocks_Click() {
+  ClearLayers(*this, Layers::On);
+}
 
-void Form1Model::cmdClearSeenBlocks_Click() { ClearLayers(*this, Layers::Seen); }
+void Form1Model::cmdClearSeenBlocks_Click() {
+  ClearLayers(*this, Layers::Seen);
+}
 
-void Form1Model::cmdClearAllBlocks_Click() { ClearLayers(*this, Layers::Both); }
+void Form1Model::cmdClearAllBlocks_Click() {
+  ClearLayers(*this, Layers::Both);
+}
 
 void Form1Model::HighlightLabel(CommandLabel which) {
   if (highlightedLabel == which) return;

@@ -22,11 +22,17 @@ void Form1Model::Slider1_MouseMove(int button, int /*shift*/) {
   ApplySliderRange();
 }
 
-void Form1Model::Slider1_KeyDown(int /*keyCode*/, int /*shift*/) { tmrSliderMoving.Enable(); }
+void Form1Model::Slider1_KeyDown(int /*keyCode*/, int /*shift*/) {
+  tmrSliderMoving.Enable();
+}
 
-void Form1Model::Slider1_KeyUp(int /*keyCode*/, int /*shift*/) { tmrSliderMoving.Disable(); }
+void Form1Model::Slider1_KeyUp(int /*keyCode*/, int /*shift*/) {
+  tmrSliderMoving.Disable();
+}
 
-void Form1Model::tmrSliderMoving_Timer() { Slider1_MouseMove(kLeftButton, 0); }
+void Form1Model::tmrSliderMoving_Timer() {
+  Slider1_MouseMove(kLeftButton, 0);
+}
 
 void Form1Model::ApplySliderRange() {
   const int k = SliderEntry(Slider1);

@@ -10,7 +10,9 @@ Colour PickerCellColour(int cell) {
   return kSuitColours[(cell / 13) % 4];
 }
 
-std::string PickerCellCaption(int cell) { return CardToText({14 - cell % 13, cell / 13}); }
+std::string PickerCellCaption(int cell) {
+  return CardToText({14 - cell % 13, cell / 13});
+}
 
 SelCardsModel::SelCardsModel(Form1Model* ownerForm) : owner(ownerForm) {
   for (int i = 0; i < kPickerCells; ++i) {
@@ -85,6 +87,8 @@ void SelCardsModel::cmdOK_Click() {
   visible = false;
 }
 
-void SelCardsModel::cmdCancel_Click() { visible = false; }
+void SelCardsModel::cmdCancel_Click() {
+  visible = false;
+}
 
 }  // namespace quillet

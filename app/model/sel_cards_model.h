@@ -29,7 +29,7 @@ struct SelCardsModel {
 
   Form1Model* owner;  // the main window the chosen cards go to
   bool visible = false;
-  std::array<Colour, 52> cellColour{};  // a chosen cell is yellow (0x00FFFF): the colour is the record
+  std::array<Colour, 52> cellColour{};   // a chosen cell is yellow (0x00FFFF): the colour is the record
   std::array<std::string, 52> captions;  // "Ac", "Kc", ... "2s"
   int minimum = 0;
   int maximum = 0;

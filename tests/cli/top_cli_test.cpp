@@ -8,7 +8,9 @@
 namespace quillet::cli {
 namespace {
 
-std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+std::string FirstLine(const std::string& text) {
+  return text.substr(0, text.find('\n'));
+}
 
 TEST(CookTop, TenTakesTheTopClassesUpToNinePointEight) {
   // Rows 0-14: 7 pairs (42), 10 suited (40) and AK, AQ, AJ, KQ offsuit (48) = 130 holdings.
@@ -50,7 +52,8 @@ TEST(CookTop, JustBelowOneHundredTakesEveryClass) {
 }
 
 TEST(CookTop, TheSeenLayerStaysBesideTheTopRange) {
-  const CliRun run = RunCommandLine({"cook", "--hand", "", "--board", "", "--top", "0", "--seen", "72", "--json"});
+  const CliRun run =
+      RunCommandLine({"cook", "--hand", "", "--board", "", "--top", "0", "--seen", "72", "--json"});
   EXPECT_EQ(run.out.rfind("{\"range\":18,", 0), 0u) << run.out;  // AA and the twelve 72 offsuit
   EXPECT_NE(run.out.find("\"rangeText\":\"0.5\""), std::string::npos);
 }

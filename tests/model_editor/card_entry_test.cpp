@@ -11,7 +11,9 @@ constexpr Colour kRed = 0x0000FF;
 constexpr Colour kYellow = 0x00FFFF;
 
 // Picker cell of a card: suit x 13 + (14 - rank).
-int Cell(int rank, int suit) { return suit * 13 + (14 - rank); }
+int Cell(int rank, int suit) {
+  return suit * 13 + (14 - rank);
+}
 
 using CardEntry = EditorTest;
 
@@ -164,7 +166,8 @@ TEST_F(CardEntry, WithoutAutoOkTheFinalClickOnlyChoosesTheCard) {
 
 TEST_F(CardEntry, ChoosingFourBoardCardsAndOkWritesFourCards) {
   form.txtBoard_Click();
-  for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3), Cell(2, 1)}) form.frmSelCards.Card_MouseUp(cell, kLeftButton, 0);
+  for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3), Cell(2, 1)})
+    form.frmSelCards.Card_MouseUp(cell, kLeftButton, 0);
   form.frmSelCards.cmdOK_Click();
   EXPECT_FALSE(form.frmSelCards.visible);
   EXPECT_EQ(form.txtBoard.text, "Tc2d8h3s");

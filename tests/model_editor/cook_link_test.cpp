@@ -9,7 +9,9 @@ constexpr Colour kBlue = 0xFF0000;
 constexpr Colour kRed = 0x0000FF;
 constexpr Colour kGreen = 0x00C000;
 
-int Cell(int rank, int suit) { return suit * 13 + (14 - rank); }
+int Cell(int rank, int suit) {
+  return suit * 13 + (14 - rank);
+}
 
 class CookLink : public EditorTest {
  protected:
@@ -84,7 +86,7 @@ TEST_F(CookLink, TheCookSeesEveryChangeOfTheRange) {
   form.PFHand_MouseUp(Block("72"), kRightButton, 0);  // into the Seen layer
   EXPECT_EQ(CookedRange(), 220);
   form.txtBoard.text = "2c2d2h";  // no equity run from the matrix
-  form.picSuit_Click(1);  // the seven of clubs with the deuce of diamonds out of the Seen layer
+  form.picSuit_Click(1);          // the seven of clubs with the deuce of diamonds out of the Seen layer
   EXPECT_EQ(CookedRange(), 219);
   form.cmdClearAllBlocks_Click();
   EXPECT_EQ(CookedRange(), 0);

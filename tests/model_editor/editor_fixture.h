@@ -69,7 +69,8 @@ class EditorTest : public ::testing::Test {
   static std::set<int> BlocksOfRows(int last) {
     std::set<int> blocks;
     for (int row = 0; row <= last; ++row) {
-      for (const std::string& name : SplitClassList(PreflopOrder()[row].classes)) blocks.insert(FindClassByName(name));
+      for (const std::string& name : SplitClassList(PreflopOrder()[row].classes))
+        blocks.insert(FindClassByName(name));
     }
     return blocks;
   }

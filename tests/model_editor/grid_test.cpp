@@ -22,7 +22,7 @@ TEST_F(Grid, APlainLeftClickPutsTheBlockWholeIntoTheOnLayerAndSelectsIt) {
 
 TEST_F(Grid, APlainClickOnEachKindOfBlockShowsItsShareOfAllHoldings) {
   form.PFHand_MouseUp(Block("QQ"), kLeftButton, 0);
-  EXPECT_EQ(form.txtRange.text, "~0.5");  // 6 of 1326
+  EXPECT_EQ(form.txtRange.text, "~0.5");             // 6 of 1326
   form.PFHand_MouseUp(Block("QQ"), kLeftButton, 0);  // out again
   form.PFHand_MouseUp(Block("T9s"), kLeftButton, 0);
   EXPECT_EQ(form.txtRange.text, "~0.3");  // 4 of 1326
@@ -155,7 +155,6 @@ TEST_F(Grid, CtrlClickSelectsTheBlocksRowAndColumn) {
   EXPECT_EQ(form.txtRange.text, "~14.3");
 }
 
-
 TEST_F(Grid, CtrlClickOnACornerBlockStaysInsideTheGrid) {
   form.PFHand_MouseUp(Block("22"), kLeftButton, kCtrlMask);
   std::set<int> expected;
@@ -268,8 +267,8 @@ struct RuleBlocks {
 };
 
 RuleBlocks PaintEveryRule(Form1Model& form) {
-  RuleBlocks b{Block("AA"), Block("KK"), Block("QQ"), Block("JJ"), Block("AKs"), Block("TT"), Block("AQs"),
-               Block("72")};
+  RuleBlocks b{Block("AA"),  Block("KK"), Block("QQ"),  Block("JJ"),
+               Block("AKs"), Block("TT"), Block("AQs"), Block("72")};
   PlayerProfile& p = form.profiles[0];
   SetBlockWhole(p.seenLayer[b.seenSelected], false);
   form.grid.selectedSeen[b.seenSelected] = true;

@@ -24,7 +24,8 @@ TEST_F(QuickSelect, AllAddsEveryBlockWhole) {
 
 TEST_F(QuickSelect, AnyPairAddsTheThirteenPairs) {
   form.cmdAnyPair_Click();
-  EXPECT_EQ(BlocksIn(onLayer()), Blocks({"AA", "KK", "QQ", "JJ", "TT", "99", "88", "77", "66", "55", "44", "33", "22"}));
+  EXPECT_EQ(BlocksIn(onLayer()),
+            Blocks({"AA", "KK", "QQ", "JJ", "TT", "99", "88", "77", "66", "55", "44", "33", "22"}));
   EXPECT_EQ(form.txtRange.text, "~5.9");  // 78 of 1326
 }
 
@@ -53,7 +54,8 @@ TEST_F(QuickSelect, AnyBroadwayAddsTheTwentyFiveClassesOfAceToTen) {
   const std::set<int> broadway = BlocksIn(onLayer());
   EXPECT_EQ(broadway.size(), 25u);
   for (int i : broadway) {
-    for (char c : HandClasses()[i].name.substr(0, 2)) EXPECT_NE(std::string("AKQJT").find(c), std::string::npos);
+    for (char c : HandClasses()[i].name.substr(0, 2))
+      EXPECT_NE(std::string("AKQJT").find(c), std::string::npos);
   }
   // 5 pairs, 10 suited and 10 offsuit classes: 30 + 40 + 120 = 190 holdings.
   EXPECT_EQ(form.txtRange.text, "~14.3");

@@ -98,7 +98,9 @@ std::set<int> CellsOfKind(int32_t kind) {
   return cells;
 }
 
-TEST(SuitMatrix, TheDiagonalHoldsTheSuitedCells) { EXPECT_EQ(CellsOfKind(11), (std::set<int>{0, 5, 10, 15})); }
+TEST(SuitMatrix, TheDiagonalHoldsTheSuitedCells) {
+  EXPECT_EQ(CellsOfKind(11), (std::set<int>{0, 5, 10, 15}));
+}
 
 TEST(SuitMatrix, TheCellsBelowTheDiagonalHoldThePairCells) {
   EXPECT_EQ(CellsOfKind(22), (std::set<int>{4, 8, 9, 12, 13, 14}));

@@ -87,7 +87,9 @@ TEST(NumberTextValue, HugeNumbersAreClampedFarBeyondEveryStep) {
 
 // ---- snapping to the preflop order ----
 
-PreflopStep Snap(const std::string& text) { return NearestPreflopStep(NumberTextToTenThousandths(text), PreflopOrder()); }
+PreflopStep Snap(const std::string& text) {
+  return NearestPreflopStep(NumberTextToTenThousandths(text), PreflopOrder());
+}
 
 TEST(NearestPreflopStep, TenSnapsToTheStepAtNinePointEight) {
   const PreflopStep step = Snap("10");
@@ -99,7 +101,7 @@ TEST(NearestPreflopStep, AValueHalfwayBetweenTwoStepsTakesTheLowerOne) {
   // 1.6 is 0.2 from 1.4 (entry 1) and from 1.8 (entry 2); 2.2 is 0.4 from 1.8 and from 2.6 (entry 3).
   EXPECT_EQ(Snap("1.6").entry, 1);
   EXPECT_EQ(Snap("2.2").entry, 2);
-  EXPECT_EQ(Snap("6.65").entry, 9);  // between 6.5 and 6.8
+  EXPECT_EQ(Snap("6.65").entry, 9);     // between 6.5 and 6.8
   EXPECT_EQ(Snap("99.55").entry, 145);  // between 99.1 and 100
 }
 
@@ -170,7 +172,9 @@ class UnionCount : public ::testing::Test {
   const int ak = FindClassByName("AK");
 };
 
-TEST_F(UnionCount, EmptyLayersHoldNothing) { EXPECT_EQ(UnionHoldingCount(on, seen), 0); }
+TEST_F(UnionCount, EmptyLayersHoldNothing) {
+  EXPECT_EQ(UnionHoldingCount(on, seen), 0);
+}
 
 TEST_F(UnionCount, ABlockWholeInBothLayersCountsOnce) {
   SetBlockWhole(on[aa], false);
