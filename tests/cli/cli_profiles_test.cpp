@@ -114,7 +114,13 @@ TEST_F(ProfilesCommand, AnUnknownClassIsRefusedByNameAndNothingIsWritten) {
   EXPECT_NE(run.err.find("unknown starting-hand class \"AKx\""), std::string::npos);
   EXPECT_TRUE(dir.Entries().empty());
   EXPECT_EQ(Run({"add", "Amy", "--range", "AA", "--seen", "AAo"}).status, 2);  // a pair has no offsuit form
-  EXPECT_EQ(Run({"add", "Amy", "--range", "AA,,KK"}).status, 2);
+}
+
+TEST_F(ProfilesCommand, EmptyItemsOfAClassListAreSkipped) {
+  EXPECT_EQ(Run({"add", "Amy", "--range", "AA,,KK,"}).status, 0);
+  const CliRun show = Run({"show", "Amy"});
+  EXPECT_NE(show.out.find("AA"), std::string::npos);
+  EXPECT_NE(show.out.find("KK"), std::string::npos);
 }
 
 TEST_F(ProfilesCommand, ANameThatExistsIsRefused) {
