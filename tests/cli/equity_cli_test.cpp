@@ -83,11 +83,28 @@ TEST(EquityCli, RefusesBadListsAndMissingOptionsAsCookDoes) {
   EXPECT_EQ(seen.err.rfind("equity: --seen: ", 0), 0u) << seen.err;
   const CliRun missing = RunCommandLine({"equity", "--hand", "AhAd", "--board", ""});
   EXPECT_EQ(missing.status, 2);
-  EXPECT_NE(missing.err.find("missing --range"), std::string::npos);
+  EXPECT_NE(missing.err.find("--range LIST or as --top PCT"), std::string::npos);
+  const CliRun noBoard = RunCommandLine({"equity", "--hand", "AhAd", "--range", "AA"});
+  EXPECT_EQ(noBoard.status, 2);
+  EXPECT_NE(noBoard.err.find("missing --board"), std::string::npos);
   const CliRun unknown =
       RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--range", "AA", "--fast"});
   EXPECT_EQ(unknown.status, 2);
   EXPECT_NE(unknown.err.find("--fast"), std::string::npos);
+}
+
+TEST(EquityCli, TopTakesTheStrongestClassesAsTheRangeBoxDoes) {
+  // 0.5 is the first step of the preflop order, the aces alone; beside AhAd only AcAs is live.
+  const CliRun run = RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--top", "0.5", "--json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "{\"my\":50,\"opp\":50,\"street\":0,\"colour\":\"#EAC42D\",\"rangeText\":\"0.5\"}\n");
+  const CliRun both =
+      RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--top", "5", "--range", "AA"});
+  EXPECT_EQ(both.status, 2);
+  EXPECT_NE(both.err.find("not both"), std::string::npos);
+  const CliRun refused = RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--top", "12a"});
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_NE(refused.err.find("12a"), std::string::npos);
 }
 
 }  // namespace

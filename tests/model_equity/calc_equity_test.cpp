@@ -288,6 +288,30 @@ TEST(EquityOptions, EachMenuItemFlipsItsOwnTick) {
   EXPECT_TRUE(w.model.options.autoPFEquityCalc);
 }
 
+TEST(EquityOptions, TheAutoPreflopOptionArmsTheTimerOnARangeChangeWithAnEmptyBoard) {
+  EquityWindow w;
+  w.model.options.autoPFEquityCalc = true;
+  w.model.txtBoard.text = "";
+  const uint64_t before = w.model.tmrCalcEquity.armCount;
+  w.Click("KK");
+  w.model.SetBlockColours();
+  EXPECT_TRUE(w.model.tmrCalcEquity.enabled);
+  EXPECT_GT(w.model.tmrCalcEquity.armCount, before);
+}
+
+TEST(EquityOptions, TheAutoPreflopOptionClearsTheReadOutsWhenTheBoardIsNotEmpty) {
+  EquityWindow w;
+  w.model.options.autoPFEquityCalc = true;
+  w.model.txtBoard.text = "Tc8h3s";
+  w.ShowOldResult();
+  w.Click("KK");
+  w.model.SetBlockColours();
+  EXPECT_FALSE(w.model.tmrCalcEquity.enabled);
+  EXPECT_EQ(w.my(), "");
+  EXPECT_EQ(w.opp(), "");
+  EXPECT_FALSE(w.model.lblMyEquity.opaque);
+}
+
 TEST(EquityOptions, TheCookRunsTheEquityCommandWhenItsOptionIsTicked) {
   EquityWindow w;
   w.Click("KK");
