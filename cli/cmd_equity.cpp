@@ -10,6 +10,7 @@
 #include "cli/args.h"
 #include "cli/commands.h"
 #include "cli/range_list.h"
+#include "cli/top_range.h"
 #include "range/colour.h"
 #include "range/player_profile.h"
 
@@ -30,7 +31,7 @@ std::string HexColour(Colour colour) {
 }
 
 int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--hand", "--board", "--range", "--seen"}, {"--json"});
+  const Args args(words, {"--hand", "--board", "--range", "--top", "--seen"}, {"--json"});
   if (!args.error().empty()) {
     err << "equity: " << args.error() << "\n";
     return kExitBadInput;
@@ -39,13 +40,18 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
     err << "equity: unexpected argument \"" << args.positional().front() << "\"\n";
     return kExitBadInput;
   }
-  for (const char* required : {"--hand", "--board", "--range"}) {
+  for (const char* required : {"--hand", "--board"}) {
     if (!args.has(required)) {
       err << "equity: missing " << required << " (an empty value is written \"\")\n";
       return kExitBadInput;
     }
   }
-  const RangeList onList = ParseRangeList(*args.value("--range"));
+  const bool top = args.has("--top");
+  if (top == args.has("--range")) {
+    err << "equity: give the range as --range LIST or as --top PCT" << (top ? ", not both" : "") << "\n";
+    return kExitBadInput;
+  }
+  const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
   if (!onList.ok()) {
     err << "equity: --range: " << onList.error << "\n";
     return kExitBadInput;
@@ -64,6 +70,13 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   model.currentProfileIndex = 0;
   PutClassesWhole(profile.rangeLayer, onList.classes);
   PutClassesWhole(profile.seenLayer, seenList.classes);
+  if (top) {
+    const std::string error = TypeTopPercent(model, *args.value("--top"));
+    if (!error.empty()) {
+      err << "equity: " << error << "\n";
+      return kExitBadInput;
+    }
+  }
 
   model.txtMyHand.text = *args.value("--hand");
   model.txtBoard.text = *args.value("--board");
@@ -83,7 +96,9 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   if (args.has("--json")) {
     out << "{\"my\":" << JsonNumber(model.myEquity) << ",\"opp\":" << JsonNumber(model.oppEquity)
         << ",\"street\":" << model.equityStreet << ",\"colour\":\"" << HexColour(model.lblMyEquity.backColour)
-        << "\"}\n";
+        << "\"";
+    if (top) out << ",\"rangeText\":" << JsonString(model.txtRange.text);
+    out << "}\n";
   } else {
     out << "My Equity: " << model.lblMyEquity.caption << "\n"
         << "Opp Equity: " << model.lbloppEquity.caption << "\n";
@@ -92,9 +107,9 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
 }
 
 const CommandRegistrar kRegisterEquity{Command{
-    "equity", "--hand TEXT --board TEXT --range LIST [--seen LIST] [--json]",
+    "equity", "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--json]",
     "My Hand's equity against every live holding of the range: the preflop tables without a board, every "
-    "completion on the flop and the turn (the river shows 0.0%); LIST as for cook; --json gives the "
+    "completion on the flop and the turn (the river shows 0.0%); LIST and PCT as for cook; --json gives the "
     "unrounded values, the street (0-3) and My Equity's colour",
     20, RunEquity}};
 
