@@ -48,7 +48,8 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   }
   const bool top = args.has("--top");
   if (top == args.has("--range")) {
-    err << "equity: give the range as --range LIST or as --top PCT" << (top ? ", not both" : "") << "\n";
+    err << "equity: "
+        << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
     return kExitBadInput;
   }
   const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
