@@ -72,7 +72,8 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   }
   const bool top = args.has("--top");
   if (top == args.has("--range")) {
-    err << "cook: give the range as --range LIST or as --top PCT" << (top ? ", not both" : "") << "\n";
+    err << "cook: "
+        << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
     return kExitBadInput;
   }
   const RangeList onList = ParseRangeList(args.valueOr("--range", ""));

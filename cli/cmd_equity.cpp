@@ -48,7 +48,8 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   }
   const bool top = args.has("--top");
   if (top == args.has("--range")) {
-    err << "equity: give the range as --range LIST or as --top PCT" << (top ? ", not both" : "") << "\n";
+    err << "equity: "
+        << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
     return kExitBadInput;
   }
   const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
@@ -109,7 +110,7 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
 const CommandRegistrar kRegisterEquity{Command{
     "equity", "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--json]",
     "My Hand's equity against every live holding of the range: the preflop tables without a board, every "
-    "completion on the flop and the turn (the river shows 0.0%); LIST as for cook; --json gives the "
+    "completion on the flop and the turn (the river shows 0.0%); LIST and PCT as for cook; --json gives the "
     "unrounded values, the street (0-3) and My Equity's colour",
     20, RunEquity}};
 

@@ -74,5 +74,37 @@ TEST(CookTop, TopAndRangeTogetherOrNeitherAreRefused) {
   EXPECT_NE(neither.err.find("--top"), std::string::npos);
 }
 
+// The classes of the preflop order's rows 0-14, which --top 10 takes.
+constexpr const char* kTopTenClasses =
+    "AA,KK,QQ,JJ,TT,AKs,99,AQs,AK,KQs,AJs,ATs,88,AQ,KJs,QJs,KTs,AJ,KQ,QTs,A9s";
+
+TEST(EquityTop, TenGivesTheSameEquityAsItsClassesWritten) {
+  for (const char* board : {"", "Tc8h3s2d"}) {
+    const CliRun top =
+        RunCommandLine({"equity", "--hand", "7h6h", "--board", board, "--top", "10", "--json"});
+    const CliRun listed =
+        RunCommandLine({"equity", "--hand", "7h6h", "--board", board, "--range", kTopTenClasses, "--json"});
+    EXPECT_EQ(top.status, listed.status) << board;
+    ASSERT_FALSE(listed.out.empty()) << board;
+    const std::string withoutBrace = listed.out.substr(0, listed.out.size() - 2);  // drop "}\n"
+    EXPECT_EQ(top.out, withoutBrace + ",\"rangeText\":\"9.8\"}\n") << board;
+  }
+}
+
+TEST(EquityTop, TheTextReadOutsMatchTheListedRange) {
+  const CliRun top = RunCommandLine({"equity", "--hand", "AhAd", "--board", "Tc8h3s2d", "--top", "0.5"});
+  const CliRun listed = RunCommandLine({"equity", "--hand", "AhAd", "--board", "Tc8h3s2d", "--range", "AA"});
+  EXPECT_EQ(top.status, 0) << top.err;
+  EXPECT_EQ(top.out, listed.out);
+}
+
+TEST(EquityTop, ARefusedTextOrBothRangeOptionsAreRefused) {
+  EXPECT_EQ(RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--top", "1..2"}).status, 2);
+  const CliRun both =
+      RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--top", "5", "--range", "AA"});
+  EXPECT_EQ(both.status, 2);
+  EXPECT_NE(both.err.find("not both"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace quillet::cli

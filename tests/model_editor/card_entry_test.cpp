@@ -354,6 +354,19 @@ TEST_F(CardEntry, ClickingASuitCellWithABoardPresentChangesTheRangeButRunsNoEqui
   EXPECT_FALSE(form.tmrCalcEquity.enabled);
 }
 
+TEST_F(CardEntry, ClickingASuitCellWithoutABoardRunsTheEquityAtOnceWhateverTheOptions) {
+  ASSERT_FALSE(form.options.autoPFEquityCalc);
+  form.txtMyHand.text = "AhAd";
+  form.PFHand_MouseUp(Block("KK"), kLeftButton, 0);
+  ASSERT_EQ(form.lblMyEquity.caption, "");
+  form.picSuit_Click(4);
+  EXPECT_EQ(onLayer()[Block("KK")].count, 5);
+  ASSERT_FALSE(form.lblMyEquity.caption.empty());
+  EXPECT_EQ(form.lblMyEquity.caption.back(), '%');
+  EXPECT_TRUE(form.lblMyEquity.opaque);
+  EXPECT_GT(form.myEquity, 50.0);  // aces against kings
+}
+
 TEST_F(CardEntry, AClickOutsideTheMatrixOrWithNoProfileChangesNothing) {
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
   const PlayerProfile before = form.profiles[0];

@@ -112,5 +112,22 @@ TEST_F(CookLink, TheCookSeesEveryChangeOfTheRange) {
   EXPECT_EQ(CookedRange(), 0);
 }
 
+TEST_F(CookLink, WithAutoPreflopEquityTheArmedTimerCalculatesAgainstTheChangedRange) {
+  form.options.autoPFEquityCalc = true;
+  form.txtMyHand.text = "KhKd";
+  form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
+  ASSERT_TRUE(form.tmrCalcEquity.enabled);
+  form.tmrCalcEquity_Timer();
+  EXPECT_FALSE(form.tmrCalcEquity.enabled);
+  const double kingsAgainstAces = form.myEquity;
+  EXPECT_LT(kingsAgainstAces, 50.0);
+  ASSERT_FALSE(form.lblMyEquity.caption.empty());
+
+  form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);  // aces out, nothing left
+  form.PFHand_MouseUp(Block("72"), kLeftButton, 0);
+  form.tmrCalcEquity_Timer();
+  EXPECT_GT(form.myEquity, 50.0);  // kings against seven-deuce offsuit
+}
+
 }  // namespace
 }  // namespace quillet
