@@ -69,6 +69,14 @@ class TreeBuilder {
   }
 
   ResultsBuild Build() {
+    // At most a node per category and two per holding (a group and its holding); reserving that keeps the
+    // build from copying the nodes over and over as they grow.
+    std::size_t holdings = 0;
+    for (const CategoryNode& node : nodes_) holdings += static_cast<std::size_t>(OwnCount(node));
+    const std::size_t most = nodes_.size() + 2 * holdings;
+    out_.tree.nodes.reserve(most);
+    out_.tree.byKey.reserve(most);
+    out_.exportText.reserve(64 + 16 * most);
     out_.exportText = ExportHeader(cards_.myHandText, cards_.boardText);
     out_.tree.imageListAttached = options_.winLoseIcons || options_.categoryIcons;
     const int n = static_cast<int>(nodes_.size());
