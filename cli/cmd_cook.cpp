@@ -144,7 +144,8 @@ const CommandRegistrar kRegisterCook{Command{
     "[--win-lose-icons] [--category-icons] [--json]",
     "sort every live holding of the range into its made-hand and draw categories on the board and print the "
     "results as \"Copy Results to Clipboard\" gives them (CR LF line ends; --win-lose-icons adds \" [win]\", "
-    "\" [tie]\" or \" [lose]\" to a line); LIST is class names separated by commas (\"AA,KK,AKs,AK\", \"AKo\" "
+    "\" [tie]\" or \" [lose]\" to a line); LIST is class names separated by commas (\"AA,KK,AKs,AK\", "
+    "\"AKo\" "
     "also for offsuit), TEXT may be \"\"",
     10, RunCook}};
 

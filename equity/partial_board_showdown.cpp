@@ -6,25 +6,35 @@ namespace quillet {
 namespace {
 
 // +1 when a is higher, -1 when b is, 0 when equal.
-constexpr int CompareValues(int32_t a, int32_t b) { return a > b ? 1 : (a < b ? -1 : 0); }
+constexpr int CompareValues(int32_t a, int32_t b) {
+  return a > b ? 1 : (a < b ? -1 : 0);
+}
 
-constexpr StreetShowdownResult FromOrder(int order) { return StreetShowdownResult{order > 0, order < 0}; }
+constexpr StreetShowdownResult FromOrder(int order) {
+  return StreetShowdownResult{order > 0, order < 0};
+}
 
 // The rank a category is first decided by, and the one after it.
 int32_t Primary(const Multiplicity& m) {
   switch (m.code) {
-    case kMadeFourOfAKind: return m.quads;
+    case kMadeFourOfAKind:
+      return m.quads;
     case kMadeFullHouse:
-    case kMadeThreeOfAKind: return m.trips;
-    default: return m.highPair;
+    case kMadeThreeOfAKind:
+      return m.trips;
+    default:
+      return m.highPair;
   }
 }
 
 int32_t Secondary(const Multiplicity& m) {
   switch (m.code) {
-    case kMadeFullHouse: return m.highPair;
-    case kMadeTwoPair: return m.lowPair;
-    default: return 0;
+    case kMadeFullHouse:
+      return m.highPair;
+    case kMadeTwoPair:
+      return m.lowPair;
+    default:
+      return 0;
   }
 }
 
@@ -92,7 +102,8 @@ StreetShowdownResult CompareStreetHands(const StreetHand& mine, const StreetHand
 StreetShowdownResult ComparePartialBoardShowdown(const HandCards& myHand, const HandCombo& opponent,
                                                  const BoardCards& board, int32_t street) {
   const HandCombo mine{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2};
-  return CompareStreetHands(EvaluateStreetHand(mine, board, street), EvaluateStreetHand(opponent, board, street));
+  return CompareStreetHands(EvaluateStreetHand(mine, board, street),
+                            EvaluateStreetHand(opponent, board, street));
 }
 
 }  // namespace quillet

@@ -14,12 +14,20 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-char RankChar(int32_t rank) { return rank >= 2 && rank <= 14 ? kRankText[rank - 1] : '?'; }
-char SuitChar(int32_t suit) { return suit >= 0 && suit <= 3 ? kSuitText[suit] : '?'; }
+char RankChar(int32_t rank) {
+  return rank >= 2 && rank <= 14 ? kRankText[rank - 1] : '?';
+}
+char SuitChar(int32_t suit) {
+  return suit >= 0 && suit <= 3 ? kSuitText[suit] : '?';
+}
 
-bool IsHandCard(int32_t rank, int32_t suit) { return rank >= 2 && rank <= 14 && suit >= 0 && suit <= 3; }
+bool IsHandCard(int32_t rank, int32_t suit) {
+  return rank >= 2 && rank <= 14 && suit >= 0 && suit <= 3;
+}
 
-std::string CategoryKey(int i) { return std::to_string(i) + "k"; }
+std::string CategoryKey(int i) {
+  return std::to_string(i) + "k";
+}
 
 // The holdings a category really has: its count, kept within its list.
 int32_t OwnCount(const CategoryNode& node) {
@@ -47,9 +55,8 @@ std::string GroupNodeText(const ComboGroup& group) {
   text += RankChar(group.rank2);
   text += group.suited ? "s (" : (group.offsuit ? "o (" : "  (");
   text += std::to_string(group.count()) + ")";
-  const bool anyMarked = std::any_of(group.combos.begin(), group.combos.end(), [](const HandCombo& c) {
-    return !c.flag;
-  });
+  const bool anyMarked =
+      std::any_of(group.combos.begin(), group.combos.end(), [](const HandCombo& c) { return !c.flag; });
   if (anyMarked) text += " *";
   return text;
 }
@@ -59,7 +66,11 @@ class TreeBuilder {
  public:
   TreeBuilder(const Categories& categories, const ResultsOptions& options, const ResultsCards& cards,
               const MessageSink& message)
-      : categories_(categories), nodes_(categories.nodes), options_(options), cards_(cards), message_(message) {
+      : categories_(categories),
+        nodes_(categories.nodes),
+        options_(options),
+        cards_(cards),
+        message_(message) {
     const std::size_t n = nodes_.size();
     depth_.assign(n, 0);
     nonEmpty_.resize(n);
@@ -114,8 +125,10 @@ class TreeBuilder {
 
     const std::string_view shown = CategoryText(node.label);
     std::string text(shown);
-    if (!shown.empty()) text += CountText(OwnCount(node) + out_.descendantCounts[i], categories_.categorisedCount);
-    const std::string_view image = options_.categoryIcons ? std::string_view(node.iconKey) : std::string_view();
+    if (!shown.empty())
+      text += CountText(OwnCount(node) + out_.descendantCounts[i], categories_.categorisedCount);
+    const std::string_view image =
+        options_.categoryIcons ? std::string_view(node.iconKey) : std::string_view();
     const int parent = depth > 0 ? depthStack_[depth - 1] : -1;
     const std::string key = CategoryKey(i);
     AddResultNode(out_.tree, out_.exportText, depth, parent >= 0 ? CategoryKey(parent) : std::string(),
@@ -179,8 +192,8 @@ class TreeBuilder {
       const std::string groupKey = std::to_string(k) + "-" + CategoryKey(i);
       const HandCombo& first = group.combos.front();
       if (group.count() == 1) {
-        AddComboNode(depth + 1, categoryKey, groupKey, first, "  " + ComboNodeText(first), Icon(first).imageKey,
-                     true);
+        AddComboNode(depth + 1, categoryKey, groupKey, first, "  " + ComboNodeText(first),
+                     Icon(first).imageKey, true);
         continue;
       }
 
@@ -194,8 +207,8 @@ class TreeBuilder {
           if (Icon(group.combos.front()).imageKey != firstIcon.imageKey) uniform = false;
         }
       }
-      AddResultNode(out_.tree, out_.exportText, depth + 1, categoryKey, kChildNode, groupKey, GroupNodeText(group),
-                    firstIcon.imageKey, true);
+      AddResultNode(out_.tree, out_.exportText, depth + 1, categoryKey, kChildNode, groupKey,
+                    GroupNodeText(group), firstIcon.imageKey, true);
       for (int32_t m = 0; m < group.count(); ++m) {
         const HandCombo& combo = group.combos[m];
         std::string text = ComboNodeText(combo);
@@ -221,8 +234,9 @@ class TreeBuilder {
 }  // namespace
 
 std::string ExportHeader(std::string_view myHandText, std::string_view boardText) {
-  std::string header = "Poker Quillet V" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
-                       "." + std::to_string(kVersionRevision) + " Clipboard Export";
+  std::string header = "Poker Quillet V" + std::to_string(kVersionMajor) + "." +
+                       std::to_string(kVersionMinor) + "." + std::to_string(kVersionRevision) +
+                       " Clipboard Export";
   header += kLineEnd;
   header += "My Hand: ";
   header += myHandText;
@@ -275,11 +289,16 @@ WinTieLose WinTieLoseIcon(bool winLoseOn, const HandCards& myHand, const HandCom
 std::optional<Colour> ResultNodeColour(int32_t suit1, int32_t suit2) {
   if (suit1 != suit2) return Rgb(128, 64, 0);
   switch (suit1) {
-    case 0: return Rgb(0, 192, 0);
-    case 1: return Rgb(0, 0, 255);
-    case 2: return Rgb(255, 0, 0);
-    case 3: return kWindowTextColour;
-    default: return std::nullopt;
+    case 0:
+      return Rgb(0, 192, 0);
+    case 1:
+      return Rgb(0, 0, 255);
+    case 2:
+      return Rgb(255, 0, 0);
+    case 3:
+      return kWindowTextColour;
+    default:
+      return std::nullopt;
   }
 }
 

@@ -15,17 +15,17 @@ struct ResultNode {
   std::string key;        // "3k", "0-3k", "1-0-3k"
   std::string parentKey;  // empty for a root node
   std::string text;
-  std::string image;      // image-list key; empty: no image
+  std::string image;                 // image-list key; empty: no image
   std::optional<Colour> foreColour;  // none: the tree's default text colour
-  int level = 0;          // depth in the tree
-  int parent = -1;        // flat index of the parent, -1 for a root node
-  std::vector<int> children;  // flat indexes of the direct children, in order
-  bool exportLine = false;    // whether the node gave a line of the export text
+  int level = 0;                     // depth in the tree
+  int parent = -1;                   // flat index of the parent, -1 for a root node
+  std::vector<int> children;         // flat indexes of the direct children, in order
+  bool exportLine = false;           // whether the node gave a line of the export text
 };
 
 struct ResultsTree {
-  std::vector<ResultNode> nodes;  // flat index order
-  int selected = -1;              // flat index of the selected node, -1 for none
+  std::vector<ResultNode> nodes;   // flat index order
+  int selected = -1;               // flat index of the selected node, -1 for none
   bool imageListAttached = false;  // whether the tree shows images at all (either icon option on)
 
   bool empty() const { return nodes.empty(); }

@@ -51,7 +51,8 @@ std::string CardSearchMessage(std::string_view answer, const Categories& categor
   const int32_t suit = SuitFromChar(card.substr(1, 1));
   if (rank == kNoCard || suit == kNoCard) return "Invalid Card";
   for (const CategoryNode& node : categories.nodes) {
-    const auto own = std::min<std::size_t>(static_cast<std::size_t>(std::max(node.count, 0)), node.combos.size());
+    const auto own =
+        std::min<std::size_t>(static_cast<std::size_t>(std::max(node.count, 0)), node.combos.size());
     for (std::size_t k = 0; k < own; ++k) {
       if (node.combos[k].rank1 == rank && node.combos[k].suit1 == suit) {
         return "Found " + std::string(card) + " in category " + node.label;

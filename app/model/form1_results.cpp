@@ -23,7 +23,9 @@ void SwitchHoldingOn(RangeLayer& layer, const HandCombo& holding) {
                    true, false);
 }
 
-bool IsCard(int32_t rank, int32_t suit) { return rank >= 2 && rank <= 14 && suit >= 0 && suit <= 3; }
+bool IsCard(int32_t rank, int32_t suit) {
+  return rank >= 2 && rank <= 14 && suit >= 0 && suit <= 3;
+}
 
 // A node's text as one holding: its cleaned text must parse as four characters, rank, suit, rank, suit,
 // and (beyond what the parse checks) name two real, different cards.
@@ -66,7 +68,9 @@ void Form1Model::BuildResultsTree() {
   exportText = std::move(built.exportText);
 }
 
-void Form1Model::mnuCopyToClipboard_Click() { services.SetClipboardText(exportText); }
+void Form1Model::mnuCopyToClipboard_Click() {
+  services.SetClipboardText(exportText);
+}
 
 void Form1Model::TV_MouseUp(int button) {
   if (button == kRightButton && !TV.empty()) services.PopUpMenu(PopupMenuId::Tree);

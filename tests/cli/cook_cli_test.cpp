@@ -35,14 +35,32 @@ const std::string kBullet = "\xE2\x80\xA2";
 TEST(CookCli, PrintsTheExportTextOfTheSimplifiedTree) {
   const CliRun run = RunCommandLine({"cook", "--hand", "", "--board", "9hThKh", "--range", "A2s"});
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, Header("", "9hThKh") +
-                         CrLf({"High cards (3) 75%", "  A high (3) 75%", "    ~A2s (3)", "      Ac 2c", "      Ad 2d",
-                               "      As 2s", "", "8 out or better draw (1) 25%", "  Flush draws (1) 25%",
-                               "      Ah 2h", "", "Gutshot and backdoor draws (7) 175%",
-                               "  Backdoor Flush draw (3) 75%", "    ~A2s (3)", "      Ac 2c", "      Ad 2d",
-                               "      As 2s", "  Backdoor Straight draw (4) 100%", "    " + kBullet + "A2s (4) *",
-                               "      Ac 2c", "      Ad 2d", "      Ah 2h *", "      As 2s", "", "Flush (1) 25%",
-                               "    Ah 2h"}));
+  EXPECT_EQ(run.out, Header("", "9hThKh") + CrLf({"High cards (3) 75%",
+                                                  "  A high (3) 75%",
+                                                  "    ~A2s (3)",
+                                                  "      Ac 2c",
+                                                  "      Ad 2d",
+                                                  "      As 2s",
+                                                  "",
+                                                  "8 out or better draw (1) 25%",
+                                                  "  Flush draws (1) 25%",
+                                                  "      Ah 2h",
+                                                  "",
+                                                  "Gutshot and backdoor draws (7) 175%",
+                                                  "  Backdoor Flush draw (3) 75%",
+                                                  "    ~A2s (3)",
+                                                  "      Ac 2c",
+                                                  "      Ad 2d",
+                                                  "      As 2s",
+                                                  "  Backdoor Straight draw (4) 100%",
+                                                  "    " + kBullet + "A2s (4) *",
+                                                  "      Ac 2c",
+                                                  "      Ad 2d",
+                                                  "      Ah 2h *",
+                                                  "      As 2s",
+                                                  "",
+                                                  "Flush (1) 25%",
+                                                  "    Ah 2h"}));
   EXPECT_TRUE(run.err.empty());
 }
 
@@ -52,23 +70,26 @@ TEST(CookCli, NoSimplifyListsEveryHoldingAndWinLoseIconsMarkTheLines) {
   const CliRun run = RunCommandLine({"cook", "--hand", "ahkd", "--board", "JhTh7c5d2h", "--range", "KQs,AA",
                                      "--no-simplify", "--win-lose-icons"});
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, Header("AhKd", "JhTh7c5d2h") +
-                         CrLf({"High cards (2) 33%", "  K high (2) 33%", "    Kc Qc [win]", "    Ks Qs [win]", "",
-                               "One pair (3) 50%", "  O pair (3) 50%", "    Ac Ad [lose]", "    Ac As [lose]",
-                               "    Ad As [lose]", "", "Flush (1) 16%", "  Kh Qh [lose]"}));
+  EXPECT_EQ(run.out,
+            Header("AhKd", "JhTh7c5d2h") +
+                CrLf({"High cards (2) 33%", "  K high (2) 33%", "    Kc Qc [win]", "    Ks Qs [win]", "",
+                      "One pair (3) 50%", "  O pair (3) 50%", "    Ac Ad [lose]", "    Ac As [lose]",
+                      "    Ad As [lose]", "", "Flush (1) 16%", "  Kh Qh [lose]"}));
 }
 
 TEST(CookCli, SimplifyFurtherLeavesOutTheHoldingsOfTheGroups) {
   const CliRun further =
       RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AKs,QQ", "--simplify-further"});
   EXPECT_EQ(further.status, 0) << further.err;
-  EXPECT_EQ(further.out, Header("", "") + CrLf({"High cards (4) 40%", "  A high (4) 40%", "    " + kBullet + "AKs (4)",
-                                                 "", "One pair (6) 60%", "  " + kBullet + "QQ  (6)"}));
+  EXPECT_EQ(further.out,
+            Header("", "") + CrLf({"High cards (4) 40%", "  A high (4) 40%", "    " + kBullet + "AKs (4)", "",
+                                   "One pair (6) 60%", "  " + kBullet + "QQ  (6)"}));
   const CliRun plain = RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AKs,QQ"});
-  EXPECT_EQ(plain.out, Header("", "") + CrLf({"High cards (4) 40%", "  A high (4) 40%", "    " + kBullet + "AKs (4)",
-                                               "      Ac Kc", "      Ad Kd", "      Ah Kh", "      As Ks", "",
-                                               "One pair (6) 60%", "  " + kBullet + "QQ  (6)", "    Qc Qd",
-                                               "    Qc Qh", "    Qc Qs", "    Qd Qh", "    Qd Qs", "    Qh Qs"}));
+  EXPECT_EQ(plain.out,
+            Header("", "") + CrLf({"High cards (4) 40%", "  A high (4) 40%", "    " + kBullet + "AKs (4)",
+                                   "      Ac Kc", "      Ad Kd", "      Ah Kh", "      As Ks", "",
+                                   "One pair (6) 60%", "  " + kBullet + "QQ  (6)", "    Qc Qd", "    Qc Qh",
+                                   "    Qc Qs", "    Qd Qh", "    Qd Qs", "    Qh Qs"}));
 }
 
 TEST(CookCli, ShowEmptyListsEveryCategory) {
@@ -81,7 +102,8 @@ TEST(CookCli, ShowEmptyListsEveryCategory) {
 }
 
 TEST(CookCli, WinLoseIconsWithoutABoardMarkNothing) {
-  const CliRun run = RunCommandLine({"cook", "--hand", "AhAd", "--board", "", "--range", "KK", "--win-lose-icons"});
+  const CliRun run =
+      RunCommandLine({"cook", "--hand", "AhAd", "--board", "", "--range", "KK", "--win-lose-icons"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out.find("["), std::string::npos) << run.out;
 }
@@ -90,24 +112,30 @@ TEST(CookCli, JsonAddsTheTreeAndTheExportText) {
   const CliRun run = RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AKs,QQ", "--json"});
   ASSERT_EQ(run.status, 0) << run.err;
   const std::string& j = run.out;
-  EXPECT_NE(j.find("],\"tree\":[{\"key\":\"0k\",\"parent\":\"\",\"text\":\"High cards (4) 40%\",\"image\":\"\","
-                   "\"colour\":null,\"level\":0},{\"key\":\"1k\",\"parent\":\"0k\",\"text\":\"A high (4) 40%\","),
-            std::string::npos)
+  EXPECT_NE(
+      j.find("],\"tree\":[{\"key\":\"0k\",\"parent\":\"\",\"text\":\"High cards (4) 40%\",\"image\":\"\","
+             "\"colour\":null,\"level\":0},{\"key\":\"1k\",\"parent\":\"0k\",\"text\":\"A high (4) 40%\","),
+      std::string::npos)
       << j;
   EXPECT_NE(j.find("{\"key\":\"0-1k\",\"parent\":\"1k\",\"text\":\"" + kBullet +
                    "AKs (4)\",\"image\":\"\",\"colour\":null,\"level\":2}"),
             std::string::npos);
-  EXPECT_NE(j.find("{\"key\":\"0-0-1k\",\"parent\":\"0-1k\",\"text\":\"Ac Kc\",\"image\":\"\",\"colour\":\"#00C000\","
-                   "\"level\":3}"),
-            std::string::npos);
+  EXPECT_NE(
+      j.find(
+          "{\"key\":\"0-0-1k\",\"parent\":\"0-1k\",\"text\":\"Ac Kc\",\"image\":\"\",\"colour\":\"#00C000\","
+          "\"level\":3}"),
+      std::string::npos);
   EXPECT_NE(j.find("\"text\":\"Ad Kd\",\"image\":\"\",\"colour\":\"#0000FF\""), std::string::npos);
   EXPECT_NE(j.find("\"text\":\"Ah Kh\",\"image\":\"\",\"colour\":\"#FF0000\""), std::string::npos);
   EXPECT_NE(j.find("\"text\":\"As Ks\",\"image\":\"\",\"colour\":\"#000000\""), std::string::npos);
-  EXPECT_NE(j.find("{\"key\":\"0-0-6k\",\"parent\":\"0-6k\",\"text\":\"Qc Qd\",\"image\":\"\",\"colour\":\"#804000\","
-                   "\"level\":2}"),
-            std::string::npos);
-  const std::string exportText = "\"export\":\"Poker Quillet V" + std::string(kVersionText) +
-                                 " Clipboard Export\\r\\nMy Hand:    Board: \\r\\n\\r\\nHigh cards (4) 40%\\r\\n";
+  EXPECT_NE(
+      j.find(
+          "{\"key\":\"0-0-6k\",\"parent\":\"0-6k\",\"text\":\"Qc Qd\",\"image\":\"\",\"colour\":\"#804000\","
+          "\"level\":2}"),
+      std::string::npos);
+  const std::string exportText =
+      "\"export\":\"Poker Quillet V" + std::string(kVersionText) +
+      " Clipboard Export\\r\\nMy Hand:    Board: \\r\\n\\r\\nHigh cards (4) 40%\\r\\n";
   EXPECT_NE(j.find(exportText), std::string::npos) << j;
   EXPECT_TRUE(j.ends_with("\\r\\n    Qh Qs\\r\\n\"}\n")) << j;
 }
@@ -116,8 +144,9 @@ TEST(CookCli, CategoryIconsNameTheIconOfEachCategory) {
   const CliRun run =
       RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "QQ", "--json", "--category-icons"});
   ASSERT_EQ(run.status, 0) << run.err;
-  EXPECT_NE(run.out.find("{\"key\":\"6k\",\"parent\":\"\",\"text\":\"One pair (6) 100%\",\"image\":\"pairm\""),
-            std::string::npos)
+  EXPECT_NE(
+      run.out.find("{\"key\":\"6k\",\"parent\":\"\",\"text\":\"One pair (6) 100%\",\"image\":\"pairm\""),
+      std::string::npos)
       << run.out;
 }
 
@@ -188,7 +217,8 @@ TEST(CookCli, AnEmptyRangeIsNoError) {
   const CliRun run = RunCommandLine({"cook", "--hand", "AhAd", "--board", "Tc8h3s", "--range", ""});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, Header("AhAd", "Tc8h3s"));
-  const CliRun json = RunCommandLine({"cook", "--hand", "AhAd", "--board", "Tc8h3s", "--range", "", "--json"});
+  const CliRun json =
+      RunCommandLine({"cook", "--hand", "AhAd", "--board", "Tc8h3s", "--range", "", "--json"});
   EXPECT_EQ(json.out.rfind("{\"range\":0,\"possible\":0,\"categorised\":0,", 0), 0u) << json.out;
 }
 

@@ -41,10 +41,10 @@ TEST(ResultsHandlers, TheExportHeaderShowsTheBoxTextsAsTheCookNormalisedThem) {
   w.Cook(" ah kd ", "tc8H3s");
   const std::string version = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
                               std::to_string(kVersionRevision);
-  EXPECT_EQ(w.model.exportText.rfind("Poker Quillet V" + version +
-                                         " Clipboard Export\r\nMy Hand: AhKd   Board: Tc8h3s\r\n\r\n",
-                                     0),
-            0u)
+  EXPECT_EQ(
+      w.model.exportText.rfind(
+          "Poker Quillet V" + version + " Clipboard Export\r\nMy Hand: AhKd   Board: Tc8h3s\r\n\r\n", 0),
+      0u)
       << w.model.exportText;
 }
 
@@ -89,7 +89,8 @@ TEST(ResultsHandlers, WinLoseIconsNeedABoardAndMyHand) {
   int wins = 0;
   for (const ResultNode& node : w.model.TV.nodes) wins += node.image == "win" ? 1 : 0;
   EXPECT_EQ(wins, 6);  // aces beat kings on T-8-3
-  for (const auto& [hand, board] : std::vector<std::pair<std::string, std::string>>{{"", "Tc8h3s"}, {"AhAd", ""}}) {
+  for (const auto& [hand, board] :
+       std::vector<std::pair<std::string, std::string>>{{"", "Tc8h3s"}, {"AhAd", ""}}) {
     w.Cook(hand, board);
     ASSERT_FALSE(w.model.TV.empty());
     for (const ResultNode& node : w.model.TV.nodes) EXPECT_EQ(node.image, "") << hand << " " << board;
@@ -107,8 +108,11 @@ TEST(ResultsHandlers, CopyPutsTheExportTextOfTheLastCookOnTheClipboard) {
   w.model.mnuCopyToClipboard_Click();
   ASSERT_EQ(w.services.clipboard.size(), 2u);
   EXPECT_EQ(w.services.clipboard[1], w.model.exportText);
-  EXPECT_EQ(w.services.clipboard[1], ExportHeader("", "") + "\r\nOne pair (6) 100%\r\n  \xE2\x80\xA2" "AA  (6)\r\n" +
-                                         "    Ac Ad\r\n    Ac Ah\r\n    Ac As\r\n    Ad Ah\r\n    Ad As\r\n    Ah As\r\n");
+  EXPECT_EQ(w.services.clipboard[1],
+            ExportHeader("", "") +
+                "\r\nOne pair (6) 100%\r\n  \xE2\x80\xA2"
+                "AA  (6)\r\n" +
+                "    Ac Ad\r\n    Ac Ah\r\n    Ac As\r\n    Ad Ah\r\n    Ad As\r\n    Ah As\r\n");
 }
 
 TEST(ResultsHandlers, ARightClickOnAnEmptyTreeShowsNoMenu) {

@@ -34,7 +34,8 @@ struct ResultsWindow {
 
   // Puts a class whole into a layer, as a click on its block does.
   void PutOn(const std::string& className) {
-    SetBlockWhole(profile().rangeLayer[Block(className)], HandClasses()[Block(className)].kind == kKindSuited);
+    SetBlockWhole(profile().rangeLayer[Block(className)],
+                  HandClasses()[Block(className)].kind == kKindSuited);
   }
   void PutSeen(const std::string& className) {
     SetBlockWhole(profile().seenLayer[Block(className)], HandClasses()[Block(className)].kind == kKindSuited);

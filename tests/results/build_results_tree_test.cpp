@@ -40,7 +40,8 @@ TEST(ExportHeader, NamesTheVersionThenMyHandAndTheBoardWithCarriageReturnLineFee
                               std::to_string(kVersionRevision);
   EXPECT_EQ(ExportHeader("AhKd", "Tc8h3s"),
             "Poker Quillet V" + version + " Clipboard Export\r\nMy Hand: AhKd   Board: Tc8h3s\r\n\r\n");
-  EXPECT_EQ(ExportHeader("", ""), "Poker Quillet V" + version + " Clipboard Export\r\nMy Hand:    Board: \r\n\r\n");
+  EXPECT_EQ(ExportHeader("", ""),
+            "Poker Quillet V" + version + " Clipboard Export\r\nMy Hand:    Board: \r\n\r\n");
 }
 
 TEST(BuildResultsTree, EveryBuildStartsTheExportTextWithTheHeader) {
@@ -88,8 +89,8 @@ TEST(BuildResultsTree, PercentagesAreTruncatedNotRounded) {
   table.Add(kEntryAceHigh, {"AcKd", "AdKc"}).Add(kEntryKingHigh, {"KcQd"}).Finish(3);
   const ResultsCards cards = Cards("", "");
   const Lines lines = ExportLines(Build(table, Options(true, false), cards), cards);
-  EXPECT_EQ(lines, (Lines{"High cards (3) 100%", "  A high (2) 66%", "    Ac Kd", "    Ad Kc", "  K high (1) 33%",
-                          "    Kc Qd"}));
+  EXPECT_EQ(lines, (Lines{"High cards (3) 100%", "  A high (2) 66%", "    Ac Kd", "    Ad Kc",
+                          "  K high (1) 33%", "    Kc Qd"}));
 }
 
 TEST(BuildResultsTree, AGroupCategoryCountsTheHoldingsOfItsChildren) {
@@ -119,8 +120,9 @@ TEST(BuildResultsTree, TheFirstCategoryHasNoSpacerInFrontAndTheLastNoneBehind) {
   ResultsTable table;
   table.Add(kEntryAceHigh, {"AcKd"}).Add(kEntryRoyalFlush, {"AhKh"}).Finish(2);
   const ResultsCards cards = Cards("", "");
-  EXPECT_EQ(ExportLines(Build(table, Options(true, false), cards), cards),
-            (Lines{"High cards (1) 50%", "  A high (1) 50%", "    Ac Kd", "", "Royal Flush (1) 50%", "  Ah Kh"}));
+  EXPECT_EQ(
+      ExportLines(Build(table, Options(true, false), cards), cards),
+      (Lines{"High cards (1) 50%", "  A high (1) 50%", "    Ac Kd", "", "Royal Flush (1) 50%", "  Ah Kh"}));
 }
 
 TEST(BuildResultsTree, CategoryNodesAreKeyedByIndexAndHangUnderTheLastCategoryOneLevelUp) {
@@ -145,8 +147,8 @@ TEST(BuildResultsTree, ARootLineHasNoBlanksADepthTwoCategoryFourItsHoldingsSixOr
   EXPECT_EQ(ExportLines(Build(table, Options(true, false), cards), cards),
             (Lines{"Top (2) 100%", "  Middle (2) 100%", "    Deep (2) 100%", "      Ac Kc", "      Ad Kd"}));
   EXPECT_EQ(ExportLines(Build(table, Options(true, true), cards), cards),
-            (Lines{"Top (2) 100%", "  Middle (2) 100%", "    Deep (2) 100%", "      ~AKs (2)", "        Ac Kc",
-                   "        Ad Kd"}));
+            (Lines{"Top (2) 100%", "  Middle (2) 100%", "    Deep (2) 100%", "      ~AKs (2)",
+                   "        Ac Kc", "        Ad Kd"}));
   const ResultsBuild build = Build(table, Options(true, false), cards);
   EXPECT_EQ(NodeWithKey(build.tree, "2k").parentKey, "1k");
   EXPECT_EQ(NodeWithKey(build.tree, "2k").level, 2);
@@ -163,8 +165,8 @@ TEST(BuildResultsTree, ALabelWithoutAStarIsReportedAndTheBuildGoesOnAtTheDepthBe
   // the category being summed, taking it at the depth met last; "Oops" itself is reported in its turn.
   EXPECT_EQ(messages, (std::vector<std::string>{"Category error: 0 *Top", "Category error: 1 >*Child",
                                                 "Category error: 2 Oops"}));
-  EXPECT_EQ(ExportLines(build, cards),
-            (Lines{"Top (2) 100%", "  Child (0) 0%", "  Oops (1) 50%", "    Ac Kc", "  Last (1) 50%", "    Qc Jc"}));
+  EXPECT_EQ(ExportLines(build, cards), (Lines{"Top (2) 100%", "  Child (0) 0%", "  Oops (1) 50%", "    Ac Kc",
+                                              "  Last (1) 50%", "    Qc Jc"}));
   EXPECT_EQ(NodeWithKey(build.tree, "2k").parentKey, "0k");
 }
 
@@ -190,8 +192,8 @@ TEST(BuildResultsTree, PlainModeListsHoldingsInDisplayOrderMarkingClearedFlags) 
   table.AddHolding(kEntryAceHigh, Holding("AcKc")).AddHolding(kEntryAceHigh, Marked("AdQd")).Finish(4);
   const ResultsCards cards = Cards("", "");
   const ResultsBuild build = Build(table, Options(true, false), cards);
-  EXPECT_EQ(ExportLines(build, cards), (Lines{"High cards (4) 100%", "  A high (4) 100%", "    Ac Kc", "    As Ks",
-                                              "    Ah Kd", "    Ad Qd *"}));
+  EXPECT_EQ(ExportLines(build, cards), (Lines{"High cards (4) 100%", "  A high (4) 100%", "    Ac Kc",
+                                              "    As Ks", "    Ah Kd", "    Ad Qd *"}));
   for (int k = 0; k < 4; ++k) {
     const ResultNode& node = NodeWithKey(build.tree, std::to_string(k) + "-1k");
     EXPECT_EQ(node.parentKey, "1k");
@@ -249,11 +251,16 @@ TEST(SimplifyOutput, TwoHoldingsOfAClassGiveOnePartGroupAndOneGivesAPlainLineWit
 }
 
 TEST(SimplifyOutput, AWholeClassGetsTheBullet) {
-  EXPECT_EQ(SimplifiedLines({"AcKc", "AdKd", "AhKh", "AsKs"})[0], "    \xE2\x80\xA2" "AKs (4)");
-  EXPECT_EQ(SimplifiedLines({"AcKd", "AcKh", "AcKs", "AdKc", "AdKh", "AdKs", "AhKc", "AhKd", "AhKs", "AsKc", "AsKd",
-                             "AsKh"})[0],
-            "    \xE2\x80\xA2" "AKo (12)");
-  EXPECT_EQ(SimplifiedLines({"QcQd", "QcQh", "QcQs", "QdQh", "QdQs", "QhQs"})[0], "    \xE2\x80\xA2" "QQ  (6)");
+  EXPECT_EQ(SimplifiedLines({"AcKc", "AdKd", "AhKh", "AsKs"})[0],
+            "    \xE2\x80\xA2"
+            "AKs (4)");
+  EXPECT_EQ(SimplifiedLines({"AcKd", "AcKh", "AcKs", "AdKc", "AdKh", "AdKs", "AhKc", "AhKd", "AhKs", "AsKc",
+                             "AsKd", "AsKh"})[0],
+            "    \xE2\x80\xA2"
+            "AKo (12)");
+  EXPECT_EQ(SimplifiedLines({"QcQd", "QcQh", "QcQs", "QdQh", "QdQs", "QhQs"})[0],
+            "    \xE2\x80\xA2"
+            "QQ  (6)");
 }
 
 TEST(SimplifyOutput, ThreeOffsuitHoldingsCarryNeitherMarkSinceTheOffsuitMarkNeedsFive) {
@@ -271,8 +278,8 @@ TEST(SimplifyOutput, AGroupIsMarkedWhenAnyOfItsHoldingsIsButASingleLineNeverIs) 
   table.AddHolding(kEntryAceHigh, Marked("AcQd")).Finish(3);
   const ResultsCards cards = Cards("", "");
   EXPECT_EQ(ExportLines(Build(table, Options(true, true), cards), cards),
-            (Lines{"High cards (3) 100%", "  A high (3) 100%", "    ~AKs (2) *", "      Ac Kc", "      Ad Kd *",
-                   "      Ac Qd"}));
+            (Lines{"High cards (3) 100%", "  A high (3) 100%", "    ~AKs (2) *", "      Ac Kc",
+                   "      Ad Kd *", "      Ac Qd"}));
 }
 
 TEST(SimplifyOutput, GroupsComeInOrderOfFirstAppearanceWithTheirHoldingsInStoredOrder) {
@@ -308,7 +315,8 @@ TEST(SimplifyFurther, LeavesTheHoldingsUnderAGroupOutOfTheTextButInTheTree) {
   table.Add(kEntryAceHigh, {"AcKc", "AdKd", "AhQh"}).Finish(3);
   const ResultsCards cards = Cards("", "");
   const ResultsBuild build = Build(table, Options(true, true, true), cards);
-  EXPECT_EQ(ExportLines(build, cards), (Lines{"High cards (3) 100%", "  A high (3) 100%", "    ~AKs (2)", "      Ah Qh"}));
+  EXPECT_EQ(ExportLines(build, cards),
+            (Lines{"High cards (3) 100%", "  A high (3) 100%", "    ~AKs (2)", "      Ah Qh"}));
   EXPECT_EQ(build.tree.nodes.size(), 6u);
   EXPECT_FALSE(NodeWithKey(build.tree, "0-0-1k").exportLine);
 }

@@ -37,7 +37,9 @@ inline HandCards Hand(const std::string& text) {
   return HandCards{0, h.rank1, h.suit1, h.rank2, h.suit2};
 }
 
-inline HandCards NoHand() { return HandCards{0, kNoCard, kNoCard, kNoCard, kNoCard}; }
+inline HandCards NoHand() {
+  return HandCards{0, kNoCard, kNoCard, kNoCard, kNoCard};
+}
 
 struct TestBoard {
   BoardCards cards;

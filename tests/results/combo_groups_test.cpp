@@ -48,7 +48,9 @@ TEST(GroupCombosByClass, KeepsTheFlagsOfTheHoldings) {
   EXPECT_FALSE(groups[0].combos[1].flag);
 }
 
-TEST(GroupCombosByClass, NothingGivesNoGroups) { EXPECT_TRUE(GroupCombosByClass({}).empty()); }
+TEST(GroupCombosByClass, NothingGivesNoGroups) {
+  EXPECT_TRUE(GroupCombosByClass({}).empty());
+}
 
 TEST(SetGroupFlags, APairIsWholeWithSixHoldingsOnly) {
   const ComboGroup whole = OneGroup({"QcQd", "QcQh", "QcQs", "QdQh", "QdQs", "QhQs"});
@@ -77,8 +79,8 @@ TEST(SetGroupFlags, OffsuitHoldingsNeedFiveForTheMarkAndTwelveToBeWhole) {
   const ComboGroup five = OneGroup({"AcKd", "AcKh", "AcKs", "AdKc", "AdKh"});
   EXPECT_TRUE(five.offsuit);
   EXPECT_FALSE(five.whole);
-  const ComboGroup twelve =
-      OneGroup({"AcKd", "AcKh", "AcKs", "AdKc", "AdKh", "AdKs", "AhKc", "AhKd", "AhKs", "AsKc", "AsKd", "AsKh"});
+  const ComboGroup twelve = OneGroup(
+      {"AcKd", "AcKh", "AcKs", "AdKc", "AdKh", "AdKs", "AhKc", "AhKd", "AhKs", "AsKc", "AsKd", "AsKh"});
   EXPECT_TRUE(twelve.offsuit);
   EXPECT_TRUE(twelve.whole);
 }
@@ -88,8 +90,8 @@ TEST(SetGroupFlags, AMixOfSuitedAndOffsuitCarriesNeitherMarkButAllSixteenAreWhol
   EXPECT_FALSE(mixed.suited);
   EXPECT_FALSE(mixed.offsuit);
   EXPECT_FALSE(mixed.whole);
-  const ComboGroup all = OneGroup({"AcKc", "AdKd", "AhKh", "AsKs", "AcKd", "AcKh", "AcKs", "AdKc", "AdKh", "AdKs",
-                                   "AhKc", "AhKd", "AhKs", "AsKc", "AsKd", "AsKh"});
+  const ComboGroup all = OneGroup({"AcKc", "AdKd", "AhKh", "AsKs", "AcKd", "AcKh", "AcKs", "AdKc", "AdKh",
+                                   "AdKs", "AhKc", "AhKd", "AhKs", "AsKc", "AsKd", "AsKh"});
   EXPECT_TRUE(all.whole);
   EXPECT_FALSE(all.suited);
   EXPECT_FALSE(all.offsuit);

@@ -90,7 +90,7 @@ TEST(PartialBoardShowdown, OnePairTripsAndQuadsGoByTheirRankThenTheKicker) {
 
 TEST(PartialBoardShowdown, AFullHouseGoesByItsTripsThenItsPairThenTies) {
   EXPECT_EQ(Showdown("2c3d", "4c6d", "KcKdKh5c5d"), kTie);
-  EXPECT_EQ(Showdown("5h2c", "4c6d", "KcKdKh5c5d"), kTie);  // K full of 5 either way
+  EXPECT_EQ(Showdown("5h2c", "4c6d", "KcKdKh5c5d"), kTie);   // K full of 5 either way
   EXPECT_EQ(Showdown("5h5s", "KsQd", "KcKd2h5c2d"), kLose);  // fives full of kings against kings full
 }
 

@@ -43,7 +43,8 @@ struct CookRun {
   int32_t liveCount = 0;
 };
 
-CookRun Cook(const std::string& hand, const std::string& board, const RangeLayer& on, const RangeLayer& seen) {
+CookRun Cook(const std::string& hand, const std::string& board, const RangeLayer& on,
+             const RangeLayer& seen) {
   CookRun run;
   run.cards.myHandText = hand;
   run.cards.boardText = board;
@@ -60,8 +61,10 @@ CookRun Cook(const std::string& hand, const std::string& board, const RangeLayer
 }
 
 Lines ExportOf(const CookRun& run, bool simplify, bool further) {
-  const ResultsBuild build = BuildResultsTree(run.categories, Options(true, simplify, further), run.cards, nullptr);
-  EXPECT_EQ(build.exportText, ExportHeader(run.cards.myHandText, run.cards.boardText) + ExportFromNodes(build.tree));
+  const ResultsBuild build =
+      BuildResultsTree(run.categories, Options(true, simplify, further), run.cards, nullptr);
+  EXPECT_EQ(build.exportText,
+            ExportHeader(run.cards.myHandText, run.cards.boardText) + ExportFromNodes(build.tree));
   return ExportLines(build, run.cards);
 }
 
@@ -99,7 +102,7 @@ class TenPercentOnTheTurn : public ::testing::Test {
   void SetUp() override {
     RangeLayer on = MakeEmptyLayer();
     const RangeLayer seen = MakeEmptyLayer();
-    const Lines classes = {"AA", "KK",  "QQ",  "JJ", "TT",  "AKs", "99",  "AQs", "AK", "KQs", "AJs",
+    const Lines classes = {"AA",  "KK", "QQ", "JJ",  "TT",  "AKs", "99", "AQs", "AK",  "KQs", "AJs",
                            "ATs", "88", "AQ", "KJs", "QJs", "KTs", "AJ", "KQ",  "QTs", "A9s"};
     // The same classes as the first fifteen rows of the preflop order.
     Lines rows;
@@ -123,7 +126,8 @@ TEST_F(TenPercentOnTheTurn, PlainOutputListsEveryHoldingInDisplayOrder) {
   const Lines aceHigh = {"Ac Qc", "Ad Qd", "As Qs", "Ac Qd", "Ac Qh", "Ac Qs", "Ad Qc", "Ad Qh", "Ad Qs",
                          "As Qc", "As Qd", "As Qh", "Ac Jc", "Ad Jd", "As Js", "Ac Jd", "Ac Jh", "Ac Js",
                          "Ad Jc", "Ad Jh", "Ad Js", "As Jc", "As Jd", "As Jh", "Ac Tc", "Ad Td", "As Ts"};
-  const Lines queenHigh = {"Qc Jc *", "Qd Jd *", "Qh Jh *", "Qs Js *", "Qc Tc *", "Qd Td *", "Qh Th *", "Qs Ts *"};
+  const Lines queenHigh = {"Qc Jc *", "Qd Jd *", "Qh Jh *", "Qs Js *",
+                           "Qc Tc *", "Qd Td *", "Qh Th *", "Qs Ts *"};
   const Lines topPair = {"Ac Kc", "Ad Kd", "As Ks", "Ac Kd", "Ac Ks", "Ad Kc", "Ad Ks", "As Kc", "As Kd",
                          "Kc Qc", "Kd Qd", "Ks Qs", "Kc Qd", "Kc Qh", "Kc Qs", "Kd Qc", "Kd Qh", "Kd Qs",
                          "Ks Qc", "Ks Qd", "Ks Qh", "Kc Jc", "Kd Jd", "Ks Js", "Kc Tc", "Kd Td", "Ks Ts"};
@@ -146,8 +150,8 @@ TEST_F(TenPercentOnTheTurn, PlainOutputListsEveryHoldingInDisplayOrder) {
                     Indented(4, eights),
                     {"", "Gutshot and backdoor draws (8) 8%", "  Gutshot Straight draw no pair (8) 8%"},
                     Indented(4, gutshots),
-                    {"", "Sets (4) 4%", "  T set (3) 3%", "    Kc Kd", "    Kc Ks", "    Kd Ks", "  M set (1) 1%",
-                     "    9d 9s"}}));
+                    {"", "Sets (4) 4%", "  T set (3) 3%", "    Kc Kd", "    Kc Ks", "    Kd Ks",
+                     "  M set (1) 1%", "    9d 9s"}}));
 }
 
 // Groups in the order the cook met them (grid order), each with its holdings in stored order. A group is
@@ -161,37 +165,38 @@ Lines TenPercentSimplified(bool withHoldings) {
     return out;
   };
   const std::string bullet = "\xE2\x80\xA2";
-  return Join({{"High cards (35) 36%", "  A high (27) 28%"},
-               group("~AQ  (12)", {"Ac Qc", "Ad Qd", "As Qs", "Ac Qd", "Ac Qh", "Ac Qs", "Ad Qc", "Ad Qh", "Ad Qs",
-                                   "As Qc", "As Qd", "As Qh"}),
-               group("~AJ  (12)", {"Ac Jc", "Ad Jd", "As Js", "Ac Jd", "Ac Jh", "Ac Js", "Ad Jc", "Ad Jh", "Ad Js",
-                                   "As Jc", "As Jd", "As Jh"}),
-               group("~ATs (3)", {"Ac Tc", "Ad Td", "As Ts"}),
-               {"  Q high (8) 8%"},
-               group(bullet + "QJs (4) *", {"Qc Jc *", "Qd Jd *", "Qh Jh *", "Qs Js *"}),
-               group(bullet + "QTs (4) *", {"Qc Tc *", "Qd Td *", "Qh Th *", "Qs Ts *"}),
-               {"", "One pair (56) 58%", "  O pair (3) 3%"},
-               group("~AA  (3)", {"Ac Ad", "Ac As", "Ad As"}),
-               {"  T pair (27) 28%"},
-               group("~AK  (9)", {"Ac Kc", "Ad Kd", "As Ks", "Ac Kd", "Ac Ks", "Ad Kc", "Ad Ks", "As Kc", "As Kd"}),
-               group("~KQ  (12)", {"Kc Qc", "Kd Qd", "Ks Qs", "Kc Qd", "Kc Qh", "Kc Qs", "Kd Qc", "Kd Qh", "Kd Qs",
-                                   "Ks Qc", "Ks Qd", "Ks Qh"}),
-               group("~KJs (3)", {"Kc Jc", "Kd Jd", "Ks Js"}),
-               group("~KTs (3)", {"Kc Tc", "Kd Td", "Ks Ts"}),
-               {"  ~ pair (18) 18%"},
-               group(bullet + "QQ  (6)", {"Qc Qd", "Qc Qh", "Qc Qs", "Qd Qh", "Qd Qs", "Qh Qs"}),
-               group(bullet + "JJ  (6)", {"Jc Jd", "Jc Jh", "Jc Js", "Jd Jh", "Jd Js", "Jh Js"}),
-               group(bullet + "TT  (6)", {"Tc Td", "Tc Th", "Tc Ts", "Td Th", "Td Ts", "Th Ts"}),
-               {"  M pair (2) 2%"},
-               group("~A9s (2)", {"Ad 9d", "As 9s"}),
-               {"  ~ pair (6) 6%"},
-               group(bullet + "88  (6)", {"8c 8d", "8c 8h", "8c 8s", "8d 8h", "8d 8s", "8h 8s"}),
-               {"", "Gutshot and backdoor draws (8) 8%", "  Gutshot Straight draw no pair (8) 8%"},
-               group(bullet + "QJs (4)", {"Qc Jc", "Qd Jd", "Qh Jh", "Qs Js"}),
-               group(bullet + "QTs (4)", {"Qc Tc", "Qd Td", "Qh Th", "Qs Ts"}),
-               {"", "Sets (4) 4%", "  T set (3) 3%"},
-               group("~KK  (3)", {"Kc Kd", "Kc Ks", "Kd Ks"}),
-               {"  M set (1) 1%", "      9d 9s"}});
+  return Join(
+      {{"High cards (35) 36%", "  A high (27) 28%"},
+       group("~AQ  (12)", {"Ac Qc", "Ad Qd", "As Qs", "Ac Qd", "Ac Qh", "Ac Qs", "Ad Qc", "Ad Qh", "Ad Qs",
+                           "As Qc", "As Qd", "As Qh"}),
+       group("~AJ  (12)", {"Ac Jc", "Ad Jd", "As Js", "Ac Jd", "Ac Jh", "Ac Js", "Ad Jc", "Ad Jh", "Ad Js",
+                           "As Jc", "As Jd", "As Jh"}),
+       group("~ATs (3)", {"Ac Tc", "Ad Td", "As Ts"}),
+       {"  Q high (8) 8%"},
+       group(bullet + "QJs (4) *", {"Qc Jc *", "Qd Jd *", "Qh Jh *", "Qs Js *"}),
+       group(bullet + "QTs (4) *", {"Qc Tc *", "Qd Td *", "Qh Th *", "Qs Ts *"}),
+       {"", "One pair (56) 58%", "  O pair (3) 3%"},
+       group("~AA  (3)", {"Ac Ad", "Ac As", "Ad As"}),
+       {"  T pair (27) 28%"},
+       group("~AK  (9)", {"Ac Kc", "Ad Kd", "As Ks", "Ac Kd", "Ac Ks", "Ad Kc", "Ad Ks", "As Kc", "As Kd"}),
+       group("~KQ  (12)", {"Kc Qc", "Kd Qd", "Ks Qs", "Kc Qd", "Kc Qh", "Kc Qs", "Kd Qc", "Kd Qh", "Kd Qs",
+                           "Ks Qc", "Ks Qd", "Ks Qh"}),
+       group("~KJs (3)", {"Kc Jc", "Kd Jd", "Ks Js"}),
+       group("~KTs (3)", {"Kc Tc", "Kd Td", "Ks Ts"}),
+       {"  ~ pair (18) 18%"},
+       group(bullet + "QQ  (6)", {"Qc Qd", "Qc Qh", "Qc Qs", "Qd Qh", "Qd Qs", "Qh Qs"}),
+       group(bullet + "JJ  (6)", {"Jc Jd", "Jc Jh", "Jc Js", "Jd Jh", "Jd Js", "Jh Js"}),
+       group(bullet + "TT  (6)", {"Tc Td", "Tc Th", "Tc Ts", "Td Th", "Td Ts", "Th Ts"}),
+       {"  M pair (2) 2%"},
+       group("~A9s (2)", {"Ad 9d", "As 9s"}),
+       {"  ~ pair (6) 6%"},
+       group(bullet + "88  (6)", {"8c 8d", "8c 8h", "8c 8s", "8d 8h", "8d 8s", "8h 8s"}),
+       {"", "Gutshot and backdoor draws (8) 8%", "  Gutshot Straight draw no pair (8) 8%"},
+       group(bullet + "QJs (4)", {"Qc Jc", "Qd Jd", "Qh Jh", "Qs Js"}),
+       group(bullet + "QTs (4)", {"Qc Tc", "Qd Td", "Qh Th", "Qs Ts"}),
+       {"", "Sets (4) 4%", "  T set (3) 3%"},
+       group("~KK  (3)", {"Kc Kd", "Kc Ks", "Kd Ks"}),
+       {"  M set (1) 1%", "      9d 9s"}});
 }
 
 TEST_F(TenPercentOnTheTurn, SimplifiedOutputGroupsEachClass) {
@@ -232,30 +237,87 @@ class MixedRangeOnTheRiver : public ::testing::Test {
 };
 
 TEST_F(MixedRangeOnTheRiver, PlainOutputListsEveryHoldingInDisplayOrder) {
-  ExpectLines(ExportOf(run, false, false),
-              {"High cards (2) 13%", "  K high (2) 13%", "    Kc Qc", "    Ks Qs", "", "One pair (5) 33%",
-               "  O pair (3) 20%", "    Ac Ad", "    Ac As", "    Ad As", "  ~ pair (2) 13%", "    7d 6d", "    7s 6s", "",
-               "Two pair (3) 20%", "  TM own 2pair (3) 20%", "    Jc Tc", "    Jd Td", "    Js Ts", "", "Sets (3) 20%",
-               "  ~ set (3) 20%", "    5c 5h", "    5c 5s", "    5h 5s", "", "Flush (2) 13%", "  Kh Qh", "  7h 6h"});
+  ExpectLines(ExportOf(run, false, false), {"High cards (2) 13%",
+                                            "  K high (2) 13%",
+                                            "    Kc Qc",
+                                            "    Ks Qs",
+                                            "",
+                                            "One pair (5) 33%",
+                                            "  O pair (3) 20%",
+                                            "    Ac Ad",
+                                            "    Ac As",
+                                            "    Ad As",
+                                            "  ~ pair (2) 13%",
+                                            "    7d 6d",
+                                            "    7s 6s",
+                                            "",
+                                            "Two pair (3) 20%",
+                                            "  TM own 2pair (3) 20%",
+                                            "    Jc Tc",
+                                            "    Jd Td",
+                                            "    Js Ts",
+                                            "",
+                                            "Sets (3) 20%",
+                                            "  ~ set (3) 20%",
+                                            "    5c 5h",
+                                            "    5c 5s",
+                                            "    5h 5s",
+                                            "",
+                                            "Flush (2) 13%",
+                                            "  Kh Qh",
+                                            "  7h 6h"});
 }
 
 TEST_F(MixedRangeOnTheRiver, SimplifiedOutputGroupsEachClassInTheOrderTheCookMetIt) {
   // KsQs (On) comes before KcQc (a Seen extra) within KQs.
-  ExpectLines(ExportOf(run, true, false),
-              {"High cards (2) 13%", "  K high (2) 13%", "    ~KQs (2)", "      Ks Qs", "      Kc Qc", "",
-               "One pair (5) 33%", "  O pair (3) 20%", "    ~AA  (3)", "      Ac Ad", "      Ac As", "      Ad As",
-               "  ~ pair (2) 13%", "    ~76s (2)", "      7d 6d", "      7s 6s", "", "Two pair (3) 20%",
-               "  TM own 2pair (3) 20%", "    ~JTs (3)", "      Jc Tc", "      Jd Td", "      Js Ts", "",
-               "Sets (3) 20%", "  ~ set (3) 20%", "    ~55  (3)", "      5c 5h", "      5c 5s", "      5h 5s", "",
-               "Flush (2) 13%", "    Kh Qh", "    7h 6h"});
+  ExpectLines(ExportOf(run, true, false), {"High cards (2) 13%",
+                                           "  K high (2) 13%",
+                                           "    ~KQs (2)",
+                                           "      Ks Qs",
+                                           "      Kc Qc",
+                                           "",
+                                           "One pair (5) 33%",
+                                           "  O pair (3) 20%",
+                                           "    ~AA  (3)",
+                                           "      Ac Ad",
+                                           "      Ac As",
+                                           "      Ad As",
+                                           "  ~ pair (2) 13%",
+                                           "    ~76s (2)",
+                                           "      7d 6d",
+                                           "      7s 6s",
+                                           "",
+                                           "Two pair (3) 20%",
+                                           "  TM own 2pair (3) 20%",
+                                           "    ~JTs (3)",
+                                           "      Jc Tc",
+                                           "      Jd Td",
+                                           "      Js Ts",
+                                           "",
+                                           "Sets (3) 20%",
+                                           "  ~ set (3) 20%",
+                                           "    ~55  (3)",
+                                           "      5c 5h",
+                                           "      5c 5s",
+                                           "      5h 5s",
+                                           "",
+                                           "Flush (2) 13%",
+                                           "    Kh Qh",
+                                           "    7h 6h"});
 }
 
 TEST_F(MixedRangeOnTheRiver, SimplifyFurtherKeepsTheGroupAndSingleLinesOnly) {
-  ExpectLines(ExportOf(run, true, true),
-              {"High cards (2) 13%", "  K high (2) 13%", "    ~KQs (2)", "", "One pair (5) 33%", "  O pair (3) 20%",
-               "    ~AA  (3)", "  ~ pair (2) 13%", "    ~76s (2)", "", "Two pair (3) 20%", "  TM own 2pair (3) 20%",
-               "    ~JTs (3)", "", "Sets (3) 20%", "  ~ set (3) 20%", "    ~55  (3)", "", "Flush (2) 13%",
-               "    Kh Qh", "    7h 6h"});
+  ExpectLines(ExportOf(run, true, true), {"High cards (2) 13%", "  K high (2) 13%",
+                                          "    ~KQs (2)",       "",
+                                          "One pair (5) 33%",   "  O pair (3) 20%",
+                                          "    ~AA  (3)",       "  ~ pair (2) 13%",
+                                          "    ~76s (2)",       "",
+                                          "Two pair (3) 20%",   "  TM own 2pair (3) 20%",
+                                          "    ~JTs (3)",       "",
+                                          "Sets (3) 20%",       "  ~ set (3) 20%",
+                                          "    ~55  (3)",       "",
+                                          "Flush (2) 13%",      "    Kh Qh",
+                                          "    7h 6h"});
 }
 
 TEST_F(MixedRangeOnTheRiver, WinLoseIconsMarkTheKingHighHoldingsAsBeatenByMyAceHigh) {
@@ -333,7 +395,8 @@ class FullRangeOnTheFlop : public ::testing::Test {
       const ParsedLine& p = parsed[i];
       if (p.kind == ParsedLine::Spacer) {
         // A spacer stands only in front of a shown top-level category.
-        EXPECT_TRUE(i + 1 < parsed.size() && parsed[i + 1].kind == ParsedLine::Category && parsed[i + 1].indent == 0)
+        EXPECT_TRUE(i + 1 < parsed.size() && parsed[i + 1].kind == ParsedLine::Category &&
+                    parsed[i + 1].indent == 0)
             << "spacer at line " << i + 1;
         EXPECT_NE(i, 0u) << "the first line is a spacer";
         continue;
@@ -383,7 +446,8 @@ class FullRangeOnTheFlop : public ::testing::Test {
     int total = 0;
     for (const ParsedLine& p : parsed) {
       if (p.kind != ParsedLine::Category || p.indent != 0) continue;
-      if (p.text.starts_with("8 out or better draw") || p.text.starts_with("Gutshot and backdoor draws")) continue;
+      if (p.text.starts_with("8 out or better draw") || p.text.starts_with("Gutshot and backdoor draws"))
+        continue;
       total += p.count;
     }
     return total;

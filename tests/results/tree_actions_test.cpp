@@ -21,7 +21,9 @@ TEST(CleanNodeText, TakesOutBlanksMarksAndTheCountInParentheses) {
   EXPECT_EQ(CleanNodeText("~AKs (4)"), "AKs");
   EXPECT_EQ(CleanNodeText("~AKo (5) *"), "AK");
   EXPECT_EQ(CleanNodeText("\xE2\x80\xA2QQ  (6)"), "QQ");
-  EXPECT_EQ(CleanNodeText("\xE2\x80\xA2" "AKo (12)"), "AK");
+  EXPECT_EQ(CleanNodeText("\xE2\x80\xA2"
+                          "AKo (12)"),
+            "AK");
   EXPECT_EQ(CleanNodeText("T pair (3) 25%"), "Tpair");
   EXPECT_EQ(CleanNodeText("One pair (3) 25%"), "Onepair");  // only the lower-case "o" goes
   EXPECT_EQ(CleanNodeText(""), "");
