@@ -10,6 +10,7 @@
 #include "cli/args.h"
 #include "cli/commands.h"
 #include "cli/range_list.h"
+#include "cli/top_range.h"
 #include "range/colour.h"
 #include "range/player_profile.h"
 #include "results/build_results_tree.h"
@@ -55,7 +56,7 @@ void WriteTreeJson(const ResultsTree& tree, std::ostream& out) {
   out << "]";
 }
 
-void WriteJson(const Form1Model& model, std::ostream& out) {
+void WriteJson(const Form1Model& model, bool withRangeText, std::ostream& out) {
   out << "{\"range\":" << model.cookRangeCount << ",\"possible\":" << model.cookLiveCount
       << ",\"categorised\":" << model.categories.categorisedCount << ",\"categories\":[";
   const auto& nodes = model.categories.nodes;
@@ -71,13 +72,15 @@ void WriteJson(const Form1Model& model, std::ostream& out) {
     }
     out << "]}";
   }
-  out << "],\"tree\":";
+  out << "]";
+  if (withRangeText) out << ",\"rangeText\":" << JsonString(model.txtRange.text);
+  out << ",\"tree\":";
   WriteTreeJson(model.TV, out);
   out << ",\"export\":" << JsonString(model.exportText) << "}\n";
 }
 
 int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--hand", "--board", "--range", "--seen"},
+  const Args args(words, {"--hand", "--board", "--range", "--top", "--seen"},
                   {"--json", "--no-simplify", "--simplify-further", "--show-empty", "--win-lose-icons",
                    "--category-icons"});
   if (!args.error().empty()) {
@@ -88,13 +91,18 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
     err << "cook: unexpected argument \"" << args.positional().front() << "\"\n";
     return kExitBadInput;
   }
-  for (const char* required : {"--hand", "--board", "--range"}) {
+  for (const char* required : {"--hand", "--board"}) {
     if (!args.has(required)) {
       err << "cook: missing " << required << " (an empty value is written \"\")\n";
       return kExitBadInput;
     }
   }
-  const RangeList onList = ParseRangeList(*args.value("--range"));
+  const bool top = args.has("--top");
+  if (top == args.has("--range")) {
+    err << "cook: give the range as --range LIST or as --top PCT" << (top ? ", not both" : "") << "\n";
+    return kExitBadInput;
+  }
+  const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
   if (!onList.ok()) {
     err << "cook: --range: " << onList.error << "\n";
     return kExitBadInput;
@@ -113,6 +121,13 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   model.currentProfileIndex = 0;
   PutClassesWhole(profile.rangeLayer, onList.classes);
   PutClassesWhole(profile.seenLayer, seenList.classes);
+  if (top) {
+    const std::string error = TypeTopPercent(model, *args.value("--top"));
+    if (!error.empty()) {
+      err << "cook: " << error << "\n";
+      return kExitBadInput;
+    }
+  }
 
   // The output options are the window's menu ticks, from their first-start values.
   model.options.simplifyOutput = !args.has("--no-simplify");
@@ -131,7 +146,7 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   }
 
   if (args.has("--json")) {
-    WriteJson(model, out);
+    WriteJson(model, top, out);
   } else {
     WriteText(model, out);
   }
@@ -140,13 +155,14 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
 
 const CommandRegistrar kRegisterCook{Command{
     "cook",
-    "--hand TEXT --board TEXT --range LIST [--seen LIST] [--no-simplify] [--simplify-further] [--show-empty] "
-    "[--win-lose-icons] [--category-icons] [--json]",
+    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--no-simplify] [--simplify-further] "
+    "[--show-empty] [--win-lose-icons] [--category-icons] [--json]",
     "sort every live holding of the range into its made-hand and draw categories on the board and print the "
     "results as \"Copy Results to Clipboard\" gives them (CR LF line ends; --win-lose-icons adds \" [win]\", "
     "\" [tie]\" or \" [lose]\" to a line); LIST is class names separated by commas (\"AA,KK,AKs,AK\", "
     "\"AKo\" "
-    "also for offsuit), TEXT may be \"\"",
+    "also for offsuit), PCT the top percent of the preflop order as the range box takes it (10 gives 9.8), "
+    "TEXT may be \"\"",
     10, RunCook}};
 
 }  // namespace

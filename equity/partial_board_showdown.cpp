@@ -10,8 +10,8 @@ constexpr int CompareValues(int32_t a, int32_t b) {
   return a > b ? 1 : (a < b ? -1 : 0);
 }
 
-constexpr StreetShowdownResult FromOrder(int order) {
-  return StreetShowdownResult{order > 0, order < 0};
+constexpr ShowdownResult FromOrder(int order) {
+  return ShowdownResult{order > 0, order < 0};
 }
 
 // The rank a category is first decided by, and the one after it.
@@ -58,7 +58,7 @@ StreetHand EvaluateStreetHand(const HandCombo& holding, const BoardCards& board,
   return hand;
 }
 
-StreetShowdownResult CompareStreetHands(const StreetHand& mine, const StreetHand& theirs) {
+ShowdownResult CompareStreetHands(const StreetHand& mine, const StreetHand& theirs) {
   // A flush beats anything short of a full house at once; two flushes go on to the flush ranks.
   if (mine.flush.flush && !theirs.flush.flush && theirs.pairType.code < kMadeFlush) return {true, false};
   if (theirs.flush.flush && !mine.flush.flush && mine.pairType.code < kMadeFlush) return {false, true};
@@ -99,8 +99,8 @@ StreetShowdownResult CompareStreetHands(const StreetHand& mine, const StreetHand
   }
 }
 
-StreetShowdownResult ComparePartialBoardShowdown(const HandCards& myHand, const HandCombo& opponent,
-                                                 const BoardCards& board, int32_t street) {
+ShowdownResult ComparePartialBoardShowdown(const HandCards& myHand, const HandCombo& opponent,
+                                           const BoardCards& board, int32_t street) {
   const HandCombo mine{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2};
   return CompareStreetHands(EvaluateStreetHand(mine, board, street),
                             EvaluateStreetHand(opponent, board, street));

@@ -19,6 +19,7 @@
 
 #include "cards/card.h"
 #include "categorise/board_analysis.h"
+#include "equity/showdown.h"
 
 namespace quillet {
 
@@ -35,17 +36,10 @@ struct StreetHand {
 
 StreetHand EvaluateStreetHand(const HandCombo& holding, const BoardCards& board, int32_t street);
 
-// Both false is a tie.
-struct StreetShowdownResult {
-  bool myWin = false;
-  bool oppWin = false;
-  friend constexpr bool operator==(const StreetShowdownResult&, const StreetShowdownResult&) = default;
-};
+ShowdownResult CompareStreetHands(const StreetHand& mine, const StreetHand& theirs);
 
-StreetShowdownResult CompareStreetHands(const StreetHand& mine, const StreetHand& theirs);
-
-// My Hand against `opponent` on the board cards that exist on `street`.
-StreetShowdownResult ComparePartialBoardShowdown(const HandCards& myHand, const HandCombo& opponent,
-                                                 const BoardCards& board, int32_t street);
+// My Hand against `opponent` on the board cards that exist on `street`; both flags false is a tie.
+ShowdownResult ComparePartialBoardShowdown(const HandCards& myHand, const HandCombo& opponent,
+                                           const BoardCards& board, int32_t street);
 
 }  // namespace quillet

@@ -280,7 +280,7 @@ WinTieLose WinTieLoseIcon(bool winLoseOn, const HandCards& myHand, const HandCom
                           const BoardCards& board, int32_t street) {
   if (!winLoseOn || street == kNoBoard) return {};
   if (!IsHandCard(myHand.rank1, myHand.suit1) || !IsHandCard(myHand.rank2, myHand.suit2)) return {};
-  const StreetShowdownResult result = ComparePartialBoardShowdown(myHand, combo, board, street);
+  const ShowdownResult result = ComparePartialBoardShowdown(myHand, combo, board, street);
   if (result.myWin) return {kWinImage, true};
   if (!result.oppWin) return {kTieImage, false};
   return {kLoseImage, true};

@@ -13,11 +13,11 @@ using testing::Board;
 using testing::Hand;
 using testing::Holding;
 
-constexpr StreetShowdownResult kWin{true, false};
-constexpr StreetShowdownResult kLose{false, true};
-constexpr StreetShowdownResult kTie{false, false};
+constexpr ShowdownResult kWin{true, false};
+constexpr ShowdownResult kLose{false, true};
+constexpr ShowdownResult kTie{false, false};
 
-StreetShowdownResult Showdown(const std::string& mine, const std::string& theirs, const std::string& board) {
+ShowdownResult Showdown(const std::string& mine, const std::string& theirs, const std::string& board) {
   const testing::TestBoard b = Board(board);
   return ComparePartialBoardShowdown(Hand(mine), Holding(theirs), b.cards, b.street);
 }
