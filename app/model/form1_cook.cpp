@@ -40,7 +40,7 @@ void Form1Model::cmdCheckPossibleHands_Click() {
   const int32_t liveCount = RemoveDeadCombos(range, rangeCount, hand, board, street);
   ClassifyRange(categories, range, rangeCount, board, street);
 
-  // The results tree is rebuilt from `categories` here, once it exists.
+  BuildResultsTree();
 
   cookRangeCount = rangeCount;
   cookLiveCount = liveCount;
