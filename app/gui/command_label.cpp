@@ -1,0 +1,83 @@
+#include "app/gui/command_label.h"
+
+#include <QFontDatabase>
+#include <QMouseEvent>
+
+#include "app/gui/qt_convert.h"
+
+namespace quillet::gui {
+
+QFont CommandLabelFont() {
+  QFont font;
+  font.setFamilies({QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
+  font.setStyleHint(QFont::SansSerif);
+  font.setPixelSize(12);
+  return font;
+}
+
+void ShowLabelBackground(QLabel& label, bool opaque, Colour backColour) {
+  label.setAutoFillBackground(opaque);
+  if (opaque) {
+    QPalette palette = label.palette();
+    const QColor colour = ToQColor(backColour, palette);
+    palette.setColor(QPalette::Window, colour);
+    palette.setColor(QPalette::WindowText, ReadableTextOn(colour));
+    label.setPalette(palette);
+  } else {
+    label.setPalette(QPalette());
+  }
+}
+
+CommandLabelWidget::CommandLabelWidget(CommandLabel id, QWidget* parent) : QLabel(parent), id_(id) {
+  setFont(CommandLabelFont());
+  setAlignment(Qt::AlignCenter);
+  setMouseTracking(true);
+  setCursor(Qt::PointingHandCursor);
+}
+
+void CommandLabelWidget::ShowState(const LabelState& state) {
+  const QString caption = ToQString(state.caption);
+  if (text() != caption) setText(caption);
+  if (isVisibleTo(parentWidget()) != state.visible) setVisible(state.visible);
+  if (autoFillBackground() != state.opaque ||
+      (state.opaque && palette().color(QPalette::Window) != ToQColor(state.backColour, palette()))) {
+    ShowLabelBackground(*this, state.opaque, state.backColour);
+  }
+}
+
+void CommandLabelWidget::enterEvent(QEnterEvent* event) {
+  QLabel::enterEvent(event);
+  emit hovered(id_);
+}
+
+void CommandLabelWidget::mouseMoveEvent(QMouseEvent* event) {
+  QLabel::mouseMoveEvent(event);
+  emit hovered(id_);
+}
+
+void CommandLabelWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) pressed_ = true;
+  event->accept();
+}
+
+void CommandLabelWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const bool click = pressed_ && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
+  if (event->button() == Qt::LeftButton) pressed_ = false;
+  event->accept();
+  if (click) emit clicked(id_);
+}
+
+CaptionLabel::CaptionLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+ClickableLabel::ClickableLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+  setCursor(Qt::PointingHandCursor);
+}
+
+void ClickableLabel::mouseReleaseEvent(QMouseEvent* event) {
+  QLabel::mouseReleaseEvent(event);
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit clicked();
+}
+
+}  // namespace quillet::gui
