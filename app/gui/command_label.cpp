@@ -51,7 +51,8 @@ void CommandLabelWidget::enterEvent(QEnterEvent* event) {
 }
 
 void CommandLabelWidget::mouseMoveEvent(QMouseEvent* event) {
-  QLabel::mouseMoveEvent(event);
+  // Taken here: passed on, the move would reach the window beneath as a move over the bare window.
+  event->accept();
   emit hovered(id_);
 }
 

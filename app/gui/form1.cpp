@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -202,7 +203,8 @@ void Form1::BuildMenus() {
     action->setObjectName(QString::fromLatin1(name));
     action->setCheckable(true);
     tickActions_.push_back({action, option});
-    connect(action, &QAction::triggered, this, [this, handler] { Act([this, handler] { (model_.*handler)(); }); });
+    const std::function<void()> run = std::bind(handler, &model_);
+    connect(action, &QAction::triggered, this, [this, run] { Act(run); });
     return action;
   };
 

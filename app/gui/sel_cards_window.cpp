@@ -138,7 +138,7 @@ void SelCardsWindow::ShowState(const QWidget* anchor) {
     move(anchor->mapToGlobal(QPoint(picker_.offsetX, picker_.offsetY)));
   }
   if (!isVisible()) show();
-  raise();
+  if (reopened) raise();
 }
 
 void SelCardsWindow::closeEvent(QCloseEvent* event) {
