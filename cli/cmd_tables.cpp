@@ -1,0 +1,105 @@
+// quillet-cli tables: generate the preflop matchup tables, or describe the ones built into the program.
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <iomanip>
+#include <ostream>
+#include <string>
+
+#include "cli/args.h"
+#include "cli/commands.h"
+#include "equity/embedded_tables.h"
+#include "equity/lookup_tables.h"
+#include "equity/table_file.h"
+#include "tools/preflop_table_generator.h"
+
+namespace quillet::cli {
+namespace {
+
+constexpr const char* kDefaultOut = "data/preflop_matchups.bin";
+
+int Generate(const Args& args, std::ostream& out, std::ostream& err) {
+  const std::string path = args.valueOr("--out", kDefaultOut);
+  int threads = 0;
+  if (const auto text = args.value("--threads")) {
+    std::size_t used = 0;
+    try {
+      threads = std::stoi(*text, &used);
+    } catch (const std::exception&) {
+      used = 0;
+    }
+    if (used != text->size() || threads < 1 || threads > 1024) {
+      err << "quillet-cli tables: --threads takes a whole number from 1 to 1024, not \"" << *text << "\"\n";
+      return kExitBadInput;
+    }
+  }
+  // Open the output first so a bad path is reported before minutes of work.
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  if (!file) {
+    err << "quillet-cli tables: cannot write " << path << "\n";
+    return kExitFailure;
+  }
+
+  const auto start = std::chrono::steady_clock::now();
+  const auto seconds = [&] {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  };
+  const auto progress = [&](int64_t done, int64_t total) {
+    const double elapsed = seconds();
+    err << "  " << done << " / " << total << " matchups (" << (100 * done / total) << "%), " << std::fixed
+        << std::setprecision(0) << elapsed << " s";
+    if (done > 0 && done < total) err << ", about " << elapsed * (total - done) / done << " s left";
+    err << std::endl;
+  };
+  err << "Enumerating every matchup of two hands over all " << kBoardCount << " boards...\n";
+  const GeneratedTables generated = GeneratePreflopTables(threads, progress);
+
+  const std::vector<unsigned char> bytes = SerializeTables(generated.tables);
+  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  if (!file) {
+    err << "quillet-cli tables: writing " << path << " failed\n";
+    return kExitFailure;
+  }
+  out << "Wrote " << path << ": " << generated.tables.size() << " keys from " << generated.orderedTuples
+      << " ordered matchups (" << generated.matchupClasses << " enumerated), " << bytes.size() << " bytes, "
+      << std::fixed << std::setprecision(1) << seconds() << " s\n";
+  return kExitOk;
+}
+
+int Info(std::ostream& out, std::ostream& err) {
+  const TablesOrError loaded = LoadTables();
+  if (!loaded.ok()) {
+    err << "quillet-cli tables: " << loaded.error << "\n";
+    return kExitFailure;
+  }
+  const auto bytes = EmbeddedTableBytes();
+  char checksum[16];
+  std::snprintf(checksum, sizeof checksum, "%08x", Crc32(bytes.subspan(kTableHeaderSize)));
+  out << "Preflop table: format version " << kTableFormatVersion << ", " << loaded.tables->size() << " keys, "
+      << bytes.size() << " bytes, CRC-32 " << checksum << " (checked)\n";
+  return kExitOk;
+}
+
+int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
+  const Args args(words, {"--out", "--threads"}, {});
+  if (!args.error().empty()) {
+    err << "quillet-cli tables: " << args.error() << "\n";
+    return kExitBadInput;
+  }
+  const auto& positional = args.positional();
+  const std::string action = positional.empty() ? "" : positional[0];
+  if (positional.size() == 1 && action == "generate") return Generate(args, out, err);
+  if (positional.size() == 1 && action == "info" && !args.has("--out") && !args.has("--threads")) {
+    return Info(out, err);
+  }
+  err << "quillet-cli tables: say \"generate [--out FILE] [--threads N]\" or \"info\"\n";
+  return kExitBadInput;
+}
+
+const CommandRegistrar registrar(
+    {"tables", "generate [--out FILE] [--threads N] | info",
+     "Generates the preflop matchup tables (minutes), or describes the built-in ones", 90, RunTables});
+
+}  // namespace
+}  // namespace quillet::cli

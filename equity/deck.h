@@ -1,0 +1,33 @@
+// The 52-card deck in its fixed order: suit 0..3 outer, rank 2..14 inner, so a card's place is
+// suit x 13 + rank - 2 (2c is 0, Ac is 12, 2d is 13, As is 51). Filled once and read-only afterwards.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "cards/card.h"
+
+namespace quillet {
+
+inline constexpr int32_t kDeckSize = 52;
+
+struct Deck {
+  std::array<Card, kDeckSize> cards{};
+  int32_t size = 0;
+};
+
+// Place of a card in the deck (0..51); the card must be a real card.
+constexpr int32_t DeckIndex(Card card) {
+  return card.suit * 13 + card.rank - 2;
+}
+// The card at a place in the deck (0..51).
+constexpr Card DeckCard(int32_t index) {
+  return {index % 13 + 2, index / 13};
+}
+
+// Builds the deck: all 52 cards in deck order, size 52.
+Deck InitDeck();
+// The program's one deck, built on first use.
+const Deck& TheDeck();
+
+}  // namespace quillet

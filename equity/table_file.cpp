@@ -1,0 +1,93 @@
+#include "equity/table_file.h"
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <string>
+
+namespace quillet {
+namespace {
+
+constexpr std::array<uint32_t, 256> kCrcTable = [] {
+  std::array<uint32_t, 256> table{};
+  for (uint32_t n = 0; n < 256; ++n) {
+    uint32_t c = n;
+    for (int k = 0; k < 8; ++k) c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
+    table[n] = c;
+  }
+  return table;
+}();
+
+uint32_t ReadU32(const unsigned char* p) {
+  return uint32_t{p[0]} | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16 | uint32_t{p[3]} << 24;
+}
+
+void WriteU32(std::vector<unsigned char>& out, uint32_t v) {
+  for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<unsigned char>(v >> shift));
+}
+
+TablesOrError Fail(const std::string& why) {
+  return {std::nullopt, "The preflop table is damaged: " + why};
+}
+
+}  // namespace
+
+uint32_t Crc32(std::span<const unsigned char> bytes) {
+  uint32_t c = 0xFFFFFFFFu;
+  for (unsigned char b : bytes) c = kCrcTable[(c ^ b) & 0xFF] ^ (c >> 8);
+  return c ^ 0xFFFFFFFFu;
+}
+
+std::vector<unsigned char> SerializeTables(const LookupTables& tables) {
+  const std::size_t n = tables.keys.size();
+  std::vector<unsigned char> payload;
+  payload.reserve(8 * n);
+  for (int32_t key : tables.keys) WriteU32(payload, static_cast<uint32_t>(key));
+  for (float value : tables.values) WriteU32(payload, std::bit_cast<uint32_t>(value));
+
+  std::vector<unsigned char> out(kTableMagic.begin(), kTableMagic.end());
+  WriteU32(out, kTableFormatVersion);
+  WriteU32(out, static_cast<uint32_t>(n));
+  WriteU32(out, Crc32(payload));
+  out.insert(out.end(), payload.begin(), payload.end());
+  return out;
+}
+
+TablesOrError ParseTables(std::span<const unsigned char> bytes) {
+  if (bytes.size() < kTableHeaderSize) {
+    return Fail("it is " + std::to_string(bytes.size()) + " bytes long, shorter than its header");
+  }
+  if (std::string_view(reinterpret_cast<const char*>(bytes.data()), kTableMagic.size()) != kTableMagic) {
+    return Fail("it does not start with \"QPREFLOP\"");
+  }
+  const uint32_t version = ReadU32(bytes.data() + 8);
+  if (version != kTableFormatVersion) {
+    return Fail("its format version is " + std::to_string(version) + ", this program reads version " +
+                std::to_string(kTableFormatVersion));
+  }
+  const uint64_t count = ReadU32(bytes.data() + 12);
+  const uint64_t expected = kTableHeaderSize + 8 * count;
+  if (bytes.size() != expected) {
+    return Fail("it holds " + std::to_string(bytes.size()) + " bytes where " + std::to_string(count) +
+                " entries take " + std::to_string(expected));
+  }
+  const auto payload = bytes.subspan(kTableHeaderSize);
+  if (Crc32(payload) != ReadU32(bytes.data() + 16)) return Fail("its checksum does not match its contents");
+
+  LookupTables tables;
+  tables.keys.resize(count);
+  tables.values.resize(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    tables.keys[i] = static_cast<int32_t>(ReadU32(payload.data() + 4 * i));
+    tables.values[i] = std::bit_cast<float>(ReadU32(payload.data() + 4 * (count + i)));
+    if (i > 0 && tables.keys[i] <= tables.keys[i - 1]) {
+      return Fail("its keys are not in ascending order at entry " + std::to_string(i));
+    }
+    if (!(tables.values[i] >= 0.0f && tables.values[i] <= 100.0f)) {
+      return Fail("entry " + std::to_string(i) + " holds an equity outside 0..100");
+    }
+  }
+  return {std::move(tables), {}};
+}
+
+}  // namespace quillet
