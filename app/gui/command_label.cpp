@@ -16,16 +16,12 @@ QFont CommandLabelFont() {
 }
 
 void ShowLabelBackground(QLabel& label, bool opaque, Colour backColour) {
+  QPalette palette = label.palette();
+  const QColor colour = ToQColor(backColour, palette);
+  if (label.autoFillBackground() == opaque && (!opaque || palette.color(QPalette::Window) == colour)) return;
+  if (opaque) palette.setColor(QPalette::Window, colour);
+  label.setPalette(palette);
   label.setAutoFillBackground(opaque);
-  if (opaque) {
-    QPalette palette = label.palette();
-    const QColor colour = ToQColor(backColour, palette);
-    palette.setColor(QPalette::Window, colour);
-    palette.setColor(QPalette::WindowText, ReadableTextOn(colour));
-    label.setPalette(palette);
-  } else {
-    label.setPalette(QPalette());
-  }
 }
 
 CommandLabelWidget::CommandLabelWidget(CommandLabel id, QWidget* parent) : QLabel(parent), id_(id) {
@@ -33,16 +29,17 @@ CommandLabelWidget::CommandLabelWidget(CommandLabel id, QWidget* parent) : QLabe
   setAlignment(Qt::AlignCenter);
   setMouseTracking(true);
   setCursor(Qt::PointingHandCursor);
+  // A button's look without a button's frame: dark blue text, the background only under the pointer.
+  QPalette palette = this->palette();
+  palette.setColor(QPalette::WindowText, QColor(0x1A, 0x3A, 0x7A));
+  setPalette(palette);
 }
 
 void CommandLabelWidget::ShowState(const LabelState& state) {
   const QString caption = ToQString(state.caption);
   if (text() != caption) setText(caption);
   if (isVisibleTo(parentWidget()) != state.visible) setVisible(state.visible);
-  if (autoFillBackground() != state.opaque ||
-      (state.opaque && palette().color(QPalette::Window) != ToQColor(state.backColour, palette()))) {
-    ShowLabelBackground(*this, state.opaque, state.backColour);
-  }
+  ShowLabelBackground(*this, state.opaque, state.backColour);
 }
 
 void CommandLabelWidget::enterEvent(QEnterEvent* event) {

@@ -4,6 +4,8 @@
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
 #include "categorise/categories.h"
+#include "equity/deck.h"
+#include "equity/lookup_tables.h"
 
 namespace quillet {
 
@@ -45,6 +47,7 @@ bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
   CardText();
   PreflopRangeLists();
   InitCategories(categories);
+  TheDeck();
   SuitPairs();
   Slider1.max = static_cast<int>(PreflopOrder().size()) - 1;
   Slider1.value = 0;
@@ -94,8 +97,10 @@ void Form1Model::ShowCurrentProfile() {
 }
 
 bool Form1Model::LoadLookupTables() {
-  // The preflop tables are built into the program; they are loaded here once the equity layer has them.
-  return true;
+  const TablesOrError& tables = ProgramTables();
+  if (tables.ok()) return true;
+  services.MsgBox(tables.error + "\r\n\r\nQuillet cannot start without its preflop table.", MessageIcon::Warning);
+  return false;
 }
 
 PlayerProfile* Form1Model::currentProfile() {
