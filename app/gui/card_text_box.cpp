@@ -53,7 +53,9 @@ void CardTextBox::ShowState(const RichTextState& state) {
   showing_ = false;
 }
 
-std::string CardTextBox::Text() const { return ToStdString(toPlainText()); }
+std::string CardTextBox::Text() const {
+  return ToStdString(toPlainText());
+}
 
 std::vector<Colour> CardTextBox::CharColours() const {
   std::vector<Colour> colours;
@@ -61,9 +63,10 @@ std::vector<Colour> CardTextBox::CharColours() const {
     for (auto it = block.begin(); !it.atEnd(); ++it) {
       const QTextFragment fragment = it.fragment();
       const QTextCharFormat format = fragment.charFormat();
-      const Colour colour = format.hasProperty(QTextFormat::ForegroundBrush) && format.foreground().style() != Qt::NoBrush
-                                ? FromQColor(format.foreground().color())
-                                : kWindowTextColour;
+      const Colour colour =
+          format.hasProperty(QTextFormat::ForegroundBrush) && format.foreground().style() != Qt::NoBrush
+              ? FromQColor(format.foreground().color())
+              : kWindowTextColour;
       const std::size_t bytes = static_cast<std::size_t>(fragment.text().toUtf8().size());
       colours.insert(colours.end(), bytes, colour);
     }
@@ -93,6 +96,8 @@ void CardTextBox::insertFromMimeData(const QMimeData* source) {
   insertPlainText(text);
 }
 
-QSize CardTextBox::sizeHint() const { return QSize(100, 28); }
+QSize CardTextBox::sizeHint() const {
+  return QSize(100, 28);
+}
 
 }  // namespace quillet::gui

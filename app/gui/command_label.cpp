@@ -9,7 +9,8 @@ namespace quillet::gui {
 
 QFont CommandLabelFont() {
   QFont font;
-  font.setFamilies({QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
+  font.setFamilies(
+      {QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
   font.setStyleHint(QFont::SansSerif);
   font.setPixelSize(12);
   return font;
@@ -59,7 +60,8 @@ void CommandLabelWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void CommandLabelWidget::mouseReleaseEvent(QMouseEvent* event) {
-  const bool click = pressed_ && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
+  const bool click =
+      pressed_ && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
   if (event->button() == Qt::LeftButton) pressed_ = false;
   event->accept();
   if (click) emit clicked(id_);

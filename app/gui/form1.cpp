@@ -25,7 +25,8 @@ constexpr int kTreeTop = 66;
 constexpr int kCaptionHeight = 48;
 
 const char* const kHint =
-    "Shift,Ctrl,Alt to modify selection. Right click for semi-permanent range definitions. Ctrl+Alt just to see";
+    "Shift,Ctrl,Alt to modify selection. Right click for semi-permanent range definitions. Ctrl+Alt just to "
+    "see";
 
 QFont WindowFont() {
   QFont font;
@@ -193,7 +194,8 @@ void Form1::BuildControls() {
   lblCheckPossibleHands_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   lblCheckPossibleHands_->setAttribute(Qt::WA_TransparentForMouseEvents);
 
-  picker_ = new SelCardsWindow(model_.frmSelCards, [this](std::function<void()> handler) { Act(handler); }, this);
+  picker_ = new SelCardsWindow(
+      model_.frmSelCards, [this](std::function<void()> handler) { Act(handler); }, this);
 }
 
 void Form1::BuildMenus() {
@@ -228,13 +230,14 @@ void Form1::BuildMenus() {
        &Form1Model::mnuWinLoseIcons_Click);
   switchScheme_ = appearance->addAction(QString());
   switchScheme_->setObjectName(QStringLiteral("mnuSwitchColourScheme"));
-  connect(switchScheme_, &QAction::triggered, this, [this] { Act([this] { model_.mnuSwitchColourScheme_Click(); }); });
+  connect(switchScheme_, &QAction::triggered, this,
+          [this] { Act([this] { model_.mnuSwitchColourScheme_Click(); }); });
   QMenu* operation = optionsMenu_->addMenu(QStringLiteral("Operation"));
   operation->setObjectName(QStringLiteral("mnuOperation"));
   tick(operation, "mnuCalcEquityOnCook", "Auto Calc Equity on Cook", &MenuOptions::calcEquityOnCook,
        &Form1Model::mnuCalcEquityOnCook_Click);
-  tick(operation, "mnuAutoPFEquityCalc", "Auto Calc Equity Preflop on Range Change", &MenuOptions::autoPFEquityCalc,
-       &Form1Model::mnuAutoPFEquityCalc_Click);
+  tick(operation, "mnuAutoPFEquityCalc", "Auto Calc Equity Preflop on Range Change",
+       &MenuOptions::autoPFEquityCalc, &Form1Model::mnuAutoPFEquityCalc_Click);
 
   treeMenu_ = new QMenu(QStringLiteral("TV"), this);
   treeMenu_->setObjectName(QStringLiteral("mnuTV"));
@@ -291,7 +294,8 @@ void Form1::ConnectEvents() {
   connect(txtMyHand_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
   connect(txtBoard_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtBoard_Click(); }); });
   connect(lblMyHand_, &ClickableLabel::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
-  connect(lblBoardCards_, &ClickableLabel::clicked, this, [this] { Act([this] { model_.txtBoard_Click(); }); });
+  connect(lblBoardCards_, &ClickableLabel::clicked, this,
+          [this] { Act([this] { model_.txtBoard_Click(); }); });
 
   // The grid and the suit matrix.
   connect(grid_, &HandGridWidget::blockMouseUp, this, [this](int index, int button, int shift) {
@@ -342,20 +346,48 @@ void Form1::ConnectEvents() {
 void Form1::CommandClicked(CommandLabel id) {
   Act([this, id] {
     switch (id) {
-      case CommandLabel::cmdAll: model_.cmdAll_Click(); break;
-      case CommandLabel::cmdAnyPair: model_.cmdAnyPair_Click(); break;
-      case CommandLabel::cmdAnySuited: model_.cmdAnySuited_Click(); break;
-      case CommandLabel::cmdAnyBroadway: model_.cmdAnyBroadway_Click(); break;
-      case CommandLabel::cmdClearOnBlocks: model_.cmdClearOnBlocks_Click(); break;
-      case CommandLabel::cmdClearSeenBlocks: model_.cmdClearSeenBlocks_Click(); break;
-      case CommandLabel::cmdClearAllBlocks: model_.cmdClearAllBlocks_Click(); break;
-      case CommandLabel::cmdCheckPossibleHands: model_.cmdCheckPossibleHands_Click(); break;
-      case CommandLabel::cmdCalcEquity: model_.cmdCalcEquity_Click(); break;
-      case CommandLabel::lblOptions: model_.lblOptions_Click(); break;
-      case CommandLabel::lblHelp: model_.lblHelp_Click(); break;
-      case CommandLabel::lblWebsite: model_.lblWebsite_Click(); break;
-      case CommandLabel::lblSave: model_.lblSave_Click(); break;
-      case CommandLabel::lblDelete: model_.lblDelete_Click(); break;
+      case CommandLabel::cmdAll:
+        model_.cmdAll_Click();
+        break;
+      case CommandLabel::cmdAnyPair:
+        model_.cmdAnyPair_Click();
+        break;
+      case CommandLabel::cmdAnySuited:
+        model_.cmdAnySuited_Click();
+        break;
+      case CommandLabel::cmdAnyBroadway:
+        model_.cmdAnyBroadway_Click();
+        break;
+      case CommandLabel::cmdClearOnBlocks:
+        model_.cmdClearOnBlocks_Click();
+        break;
+      case CommandLabel::cmdClearSeenBlocks:
+        model_.cmdClearSeenBlocks_Click();
+        break;
+      case CommandLabel::cmdClearAllBlocks:
+        model_.cmdClearAllBlocks_Click();
+        break;
+      case CommandLabel::cmdCheckPossibleHands:
+        model_.cmdCheckPossibleHands_Click();
+        break;
+      case CommandLabel::cmdCalcEquity:
+        model_.cmdCalcEquity_Click();
+        break;
+      case CommandLabel::lblOptions:
+        model_.lblOptions_Click();
+        break;
+      case CommandLabel::lblHelp:
+        model_.lblHelp_Click();
+        break;
+      case CommandLabel::lblWebsite:
+        model_.lblWebsite_Click();
+        break;
+      case CommandLabel::lblSave:
+        model_.lblSave_Click();
+        break;
+      case CommandLabel::lblDelete:
+        model_.lblDelete_Click();
+        break;
     }
   });
 }
@@ -495,12 +527,24 @@ void Form1::PopUpMenu(PopupMenuId menu) {
 
 void Form1::FocusControl(ControlId control) {
   switch (control) {
-    case ControlId::txtMyHand: txtMyHand_->setFocus(); break;
-    case ControlId::txtBoard: txtBoard_->setFocus(); break;
-    case ControlId::txtRange: txtRange_->setFocus(); break;
-    case ControlId::cmbPlayer: cmbPlayer_->setFocus(); break;
-    case ControlId::Slider1: slider_->setFocus(); break;
-    case ControlId::TV: tree_->setFocus(); break;
+    case ControlId::txtMyHand:
+      txtMyHand_->setFocus();
+      break;
+    case ControlId::txtBoard:
+      txtBoard_->setFocus();
+      break;
+    case ControlId::txtRange:
+      txtRange_->setFocus();
+      break;
+    case ControlId::cmbPlayer:
+      cmbPlayer_->setFocus();
+      break;
+    case ControlId::Slider1:
+      slider_->setFocus();
+      break;
+    case ControlId::TV:
+      tree_->setFocus();
+      break;
   }
 }
 

@@ -15,17 +15,21 @@ constexpr int kMatrixSide = 4;
 }  // namespace
 
 QString SuitSymbol(int suit) {
-  static const QString kSymbols[4] = {QStringLiteral("\u2663"), QStringLiteral("\u2666"), QStringLiteral("\u2665"),
-                                      QStringLiteral("\u2660")};
+  static const QString kSymbols[4] = {QStringLiteral("\u2663"), QStringLiteral("\u2666"),
+                                      QStringLiteral("\u2665"), QStringLiteral("\u2660")};
   return (suit >= 0 && suit < 4) ? kSymbols[suit] : QString();
 }
 
 QColor SuitSymbolColour(int suit) {
   switch (suit) {
-    case 0: return QColor(0, 150, 0);
-    case 1: return QColor(0, 0, 230);
-    case 2: return QColor(220, 0, 0);
-    default: return QColor(0, 0, 0);
+    case 0:
+      return QColor(0, 150, 0);
+    case 1:
+      return QColor(0, 0, 230);
+    case 2:
+      return QColor(220, 0, 0);
+    default:
+      return QColor(0, 0, 0);
   }
 }
 
@@ -81,7 +85,8 @@ void HandGridWidget::mouseReleaseEvent(QMouseEvent* event) {
   emit blockMouseUp(block, ButtonNumber(event->button()), ShiftMask(event->modifiers()));
 }
 
-SuitMatrixWidget::SuitMatrixWidget(const Form1Model& model, QWidget* parent) : QWidget(parent), model_(model) {}
+SuitMatrixWidget::SuitMatrixWidget(const Form1Model& model, QWidget* parent)
+    : QWidget(parent), model_(model) {}
 
 QRect SuitMatrixWidget::CellRect(int index) const {
   const int row = index / kMatrixSide;
@@ -120,7 +125,8 @@ void SuitMatrixWidget::paintEvent(QPaintEvent*) {
     const int suit1 = k / kMatrixSide;
     const int suit2 = k % kMatrixSide;
     const QRect left(cell.left() + 1, cell.top() + 1, cell.width() / 2 - 1, cell.height() - 2);
-    const QRect right(cell.left() + cell.width() / 2, cell.top() + 1, cell.width() / 2 - 1, cell.height() - 2);
+    const QRect right(cell.left() + cell.width() / 2, cell.top() + 1, cell.width() / 2 - 1,
+                      cell.height() - 2);
     for (const auto& [box, suit] : {std::pair{left, suit1}, std::pair{right, suit2}}) {
       const int d = std::min(box.width(), box.height()) - 1;
       const QRect disc(box.center().x() - d / 2, box.center().y() - d / 2, d, d);

@@ -16,7 +16,8 @@ namespace quillet::gui {
 // A model colour (0x00BBGGRR, or the window-text reference) as Qt draws it.
 inline QColor ToQColor(Colour colour, const QPalette& palette) {
   if (colour == kWindowTextColour) return palette.color(QPalette::WindowText);
-  return QColor(static_cast<int>(RedOf(colour)), static_cast<int>(GreenOf(colour)), static_cast<int>(BlueOf(colour)));
+  return QColor(static_cast<int>(RedOf(colour)), static_cast<int>(GreenOf(colour)),
+                static_cast<int>(BlueOf(colour)));
 }
 
 inline Colour FromQColor(const QColor& colour) {
@@ -26,7 +27,8 @@ inline Colour FromQColor(const QColor& colour) {
 
 // Black or white, whichever reads better on `background`.
 inline QColor ReadableTextOn(const QColor& background) {
-  const double luminance = 0.299 * background.redF() + 0.587 * background.greenF() + 0.114 * background.blueF();
+  const double luminance =
+      0.299 * background.redF() + 0.587 * background.greenF() + 0.114 * background.blueF();
   return luminance < 0.5 ? QColor(Qt::white) : QColor(Qt::black);
 }
 
@@ -34,7 +36,9 @@ inline QString ToQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-inline std::string ToStdString(const QString& text) { return text.toUtf8().toStdString(); }
+inline std::string ToStdString(const QString& text) {
+  return text.toUtf8().toStdString();
+}
 
 // Message texts use CR LF line breaks; Qt's boxes want plain line feeds.
 inline QString ToDisplayText(std::string_view text) {

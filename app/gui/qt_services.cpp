@@ -15,9 +15,12 @@ namespace {
 
 QMessageBox::Icon ToQtIcon(MessageIcon icon) {
   switch (icon) {
-    case MessageIcon::Information: return QMessageBox::Information;
-    case MessageIcon::Warning: return QMessageBox::Warning;
-    case MessageIcon::None: break;
+    case MessageIcon::Information:
+      return QMessageBox::Information;
+    case MessageIcon::Warning:
+      return QMessageBox::Warning;
+    case MessageIcon::None:
+      break;
   }
   return QMessageBox::NoIcon;
 }
@@ -46,8 +49,9 @@ bool QtWindowServices::AskYesNo(std::string_view title, std::string_view text, M
 std::string QtWindowServices::InputBox(std::string_view prompt, std::string_view defaultText) {
   bool ok = false;
   ModalScope scope(*this);
-  const QString answer = QInputDialog::getText(DialogParent(), QString::fromLatin1(kBoxTitle), ToDisplayText(prompt),
-                                               QLineEdit::Normal, ToQString(defaultText), &ok);
+  const QString answer =
+      QInputDialog::getText(DialogParent(), QString::fromLatin1(kBoxTitle), ToDisplayText(prompt),
+                            QLineEdit::Normal, ToQString(defaultText), &ok);
   return ok ? ToStdString(answer) : std::string();
 }
 

@@ -15,8 +15,8 @@ constexpr int kSize = 16;
 
 // The heights of the three board ranks in a "ladder" picture (top, middle, bottom board card), and the
 // places between, above and below them.
-constexpr double kAbove = 1.8, kTop = 4.5, kTopMiddle = 6.5, kMiddle = 8.5, kMiddleBottom = 10.5, kBottom = 12.5,
-                 kBelow = 14.6;
+constexpr double kAbove = 1.8, kTop = 4.5, kTopMiddle = 6.5, kMiddle = 8.5, kMiddleBottom = 10.5,
+                 kBottom = 12.5, kBelow = 14.6;
 
 void Background(QPainter& p, QColor colour) {
   p.setPen(QPen(colour.darker(150), 1));
@@ -106,9 +106,9 @@ const std::map<std::string, Painter, std::less<>>& Painters() {
       p.drawRoundedRect(QRectF(4, 2, 8, 12), 1.5, 1.5);
       Glyph(p, QStringLiteral("A"), QColor(40, 40, 40), 8);
     };
-    const std::pair<const char*, double> pairs[] = {{"pairo", kAbove},  {"pairt", kTop},     {"pairt-m", kTopMiddle},
-                                                   {"pairm", kMiddle},  {"pairm-b", kMiddleBottom},
-                                                   {"pairb", kBottom},  {"pairl", kBelow}};
+    const std::pair<const char*, double> pairs[] = {
+        {"pairo", kAbove},          {"pairt", kTop},    {"pairt-m", kTopMiddle}, {"pairm", kMiddle},
+        {"pairm-b", kMiddleBottom}, {"pairb", kBottom}, {"pairl", kBelow}};
     for (const auto& [key, y] : pairs) {
       const double at = y;
       m[key] = [at](QPainter& p) {
@@ -117,8 +117,11 @@ const std::map<std::string, Painter, std::less<>>& Painters() {
         Dot(p, at);
       };
     }
-    const std::pair<const char*, double> sets[] = {{"sett", kTop},   {"sett-m", kTopMiddle}, {"setm", kMiddle},
-                                                  {"setm-b", kMiddleBottom}, {"setb", kBottom}};
+    const std::pair<const char*, double> sets[] = {{"sett", kTop},
+                                                   {"sett-m", kTopMiddle},
+                                                   {"setm", kMiddle},
+                                                   {"setm-b", kMiddleBottom},
+                                                   {"setb", kBottom}};
     for (const auto& [key, y] : sets) {
       const double at = y;
       m[key] = [at](QPainter& p) {
@@ -133,10 +136,11 @@ const std::map<std::string, Painter, std::less<>>& Painters() {
       bool own;
       const char* mark;
     };
-    const TwoPair twoPairs[] = {{"own2pt-m", kTop, kMiddle, true, ""},     {"own2pt-b", kTop, kBottom, true, ""},
-                                {"own2pm-b", kMiddle, kBottom, true, ""},  {"2po-t", kAbove, kTop, false, ">"},
-                                {"2po-teqt", kAbove, kTop, false, "="},    {"2po-tnormal", kAbove, kTop, false, ""},
-                                {"2pt-m", kTop, kMiddle, false, ""},       {"2pt-b", kTop, kBottom, false, ""}};
+    const TwoPair twoPairs[] = {
+        {"own2pt-m", kTop, kMiddle, true, ""},    {"own2pt-b", kTop, kBottom, true, ""},
+        {"own2pm-b", kMiddle, kBottom, true, ""}, {"2po-t", kAbove, kTop, false, ">"},
+        {"2po-teqt", kAbove, kTop, false, "="},   {"2po-tnormal", kAbove, kTop, false, ""},
+        {"2pt-m", kTop, kMiddle, false, ""},      {"2pt-b", kTop, kBottom, false, ""}};
     for (const TwoPair& t : twoPairs) {
       const TwoPair tp = t;
       m[tp.key] = [tp](QPainter& p) {

@@ -19,7 +19,8 @@ constexpr int kCellHeight = 34;
 
 }  // namespace
 
-CardCellsWidget::CardCellsWidget(const SelCardsModel& picker, QWidget* parent) : QWidget(parent), picker_(picker) {
+CardCellsWidget::CardCellsWidget(const SelCardsModel& picker, QWidget* parent)
+    : QWidget(parent), picker_(picker) {
   setFixedSize(kColumns * kCellWidth + 1, kRows * kCellHeight + 1);
   setCursor(Qt::PointingHandCursor);
 }
@@ -77,7 +78,8 @@ void CardCellsWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (cell >= 0) emit cellMouseUp(cell, ButtonNumber(event->button()), ShiftMask(event->modifiers()));
 }
 
-SelCardsWindow::SelCardsWindow(SelCardsModel& picker, std::function<void(std::function<void()>)> act, QWidget* owner)
+SelCardsWindow::SelCardsWindow(SelCardsModel& picker, std::function<void(std::function<void()>)> act,
+                               QWidget* owner)
     : QWidget(owner, Qt::Tool), picker_(picker), act_(std::move(act)) {
   setWindowTitle(QStringLiteral("Select Card"));
   setObjectName(QStringLiteral("frmSelCards"));
@@ -115,8 +117,10 @@ SelCardsWindow::SelCardsWindow(SelCardsModel& picker, std::function<void(std::fu
   connect(cells_, &CardCellsWidget::cellMouseUp, this, [this](int cell, int button, int shift) {
     act_([this, cell, button, shift] { picker_.Card_MouseUp(cell, button, shift); });
   });
-  connect(autoOK_, &QCheckBox::clicked, this, [this](bool on) { act_([this, on] { picker_.chkAutoOK = on; }); });
-  connect(autoCook_, &QCheckBox::clicked, this, [this](bool on) { act_([this, on] { picker_.chkAutoCook = on; }); });
+  connect(autoOK_, &QCheckBox::clicked, this,
+          [this](bool on) { act_([this, on] { picker_.chkAutoOK = on; }); });
+  connect(autoCook_, &QCheckBox::clicked, this,
+          [this](bool on) { act_([this, on] { picker_.chkAutoCook = on; }); });
   connect(ok_, &QPushButton::clicked, this, [this] { act_([this] { picker_.cmdOK_Click(); }); });
   connect(cancel_, &QPushButton::clicked, this, [this] { act_([this] { picker_.cmdCancel_Click(); }); });
 }

@@ -99,7 +99,8 @@ void Form1Model::ShowCurrentProfile() {
 bool Form1Model::LoadLookupTables() {
   const TablesOrError& tables = ProgramTables();
   if (tables.ok()) return true;
-  services.MsgBox(tables.error + "\r\n\r\nQuillet cannot start without its preflop table.", MessageIcon::Warning);
+  services.MsgBox(tables.error + "\r\n\r\nQuillet cannot start without its preflop table.",
+                  MessageIcon::Warning);
   return false;
 }
 

@@ -93,11 +93,17 @@ void Form1Model::lblDelete_Click() {
   ShowCurrentProfile();
 }
 
-void Form1Model::lblOptions_Click() { services.PopUpMenu(PopupMenuId::Options); }
+void Form1Model::lblOptions_Click() {
+  services.PopUpMenu(PopupMenuId::Options);
+}
 
-void Form1Model::lblHelp_Click() { services.OpenInShell(kOnlineGuideAddress); }
+void Form1Model::lblHelp_Click() {
+  services.OpenInShell(kOnlineGuideAddress);
+}
 
-void Form1Model::lblWebsite_Click() { services.OpenInShell(kHomePageAddress); }
+void Form1Model::lblWebsite_Click() {
+  services.OpenInShell(kHomePageAddress);
+}
 
 void Form1Model::Form_Resize() {
   if (!geometry.normalState) return;
@@ -106,7 +112,9 @@ void Form1Model::Form_Resize() {
   geometry.treeHeight = std::max(0, geometry.height - geometry.treeTop - kTreeBottomMargin);
 }
 
-void Form1Model::mnuSimplifyOutput_Click() { ToggleMenuCheck(options.simplifyOutput); }
+void Form1Model::mnuSimplifyOutput_Click() {
+  ToggleMenuCheck(options.simplifyOutput);
+}
 
 void Form1Model::mnuSimplifyFurther_Click() {
   ToggleMenuCheck(options.simplifyFurther);
@@ -114,10 +122,16 @@ void Form1Model::mnuSimplifyFurther_Click() {
   cmdCheckPossibleHands_Click();
 }
 
-void Form1Model::mnuHideEmptyCats_Click() { ToggleMenuCheck(options.hideEmptyCats); }
+void Form1Model::mnuHideEmptyCats_Click() {
+  ToggleMenuCheck(options.hideEmptyCats);
+}
 
-void Form1Model::mnuCategoryIcons_Click() { ToggleMenuCheck(options.categoryIcons); }
+void Form1Model::mnuCategoryIcons_Click() {
+  ToggleMenuCheck(options.categoryIcons);
+}
 
-void Form1Model::mnuWinLoseIcons_Click() { ToggleMenuCheck(options.winLoseIcons); }
+void Form1Model::mnuWinLoseIcons_Click() {
+  ToggleMenuCheck(options.winLoseIcons);
+}
 
 }  // namespace quillet

@@ -1,6 +1,8 @@
 // The real widgets of the main window and the card picker, driven with mouse and keys on the offscreen
 // platform. Message boxes, questions and the browser are caught by a recording service; menus, focus,
 // repaints and the clipboard are Qt's own.
+#include "app/gui/form1.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QSignalSpy>
@@ -8,7 +10,6 @@
 #include <filesystem>
 #include <memory>
 
-#include "app/gui/form1.h"
 #include "app/gui/qt_services.h"
 #include "app/gui/result_icons.h"
 #include "app/model/form1_model.h"
@@ -57,7 +58,8 @@ struct Session {
 };
 
 QColor ModelColour(Colour c) {
-  return QColor(static_cast<int>(c & 0xFF), static_cast<int>((c >> 8) & 0xFF), static_cast<int>((c >> 16) & 0xFF));
+  return QColor(static_cast<int>(c & 0xFF), static_cast<int>((c >> 8) & 0xFF),
+                static_cast<int>((c >> 16) & 0xFF));
 }
 
 // The colour a block shows on screen, read a little inside its corner (away from the caption).
@@ -360,7 +362,8 @@ void Form1Test::theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme() {
   QCOMPARE(titles, (QStringList{"Display Options", "Appearance", "Operation"}));
   QCOMPARE(form.menuAction("mnuSimplifyOutput")->text(), QStringLiteral("Simplify Output"));
   QVERIFY(form.menuAction("mnuSimplifyOutput")->isChecked());
-  QCOMPARE(form.menuAction("mnuSimplifyFurther")->text(), QStringLiteral("Simplify Further for Clipboard Export"));
+  QCOMPARE(form.menuAction("mnuSimplifyFurther")->text(),
+           QStringLiteral("Simplify Further for Clipboard Export"));
   QVERIFY(!form.menuAction("mnuSimplifyFurther")->isChecked());
   QVERIFY(form.menuAction("mnuHideEmptyCats")->isChecked());
   QVERIFY(!form.menuAction("mnuCategoryIcons")->isChecked());
@@ -503,7 +506,8 @@ void Form1Test::helpAndVisitWebsiteOpenTheTwoPages() {
   ClickLabel(*s.form, CommandLabel::lblHelp);
   ClickLabel(*s.form, CommandLabel::lblWebsite);
   QCOMPARE(s.services.opened.size(), std::size_t{2});
-  QVERIFY(QString::fromStdString(s.services.opened[0]).endsWith(QStringLiteral("free_online_poker_quillet_guide.php")));
+  QVERIFY(QString::fromStdString(s.services.opened[0])
+              .endsWith(QStringLiteral("free_online_poker_quillet_guide.php")));
   QVERIFY(s.services.opened[1] != s.services.opened[0]);
 }
 

@@ -18,9 +18,12 @@ class StartUp : public testing::WindowModelTest {};
 // The default scheme's three base colours, by kind.
 Colour DefaultBase(int32_t kind) {
   switch (kind) {
-    case kKindPair: return 0xC0FFC0;
-    case kKindSuited: return 0x8080FF;
-    default: return 0xD5DBA8;
+    case kKindPair:
+      return 0xC0FFC0;
+    case kKindSuited:
+      return 0x8080FF;
+    default:
+      return 0xD5DBA8;
   }
 }
 
@@ -88,8 +91,8 @@ TEST_F(StartUp, TheCardTextsOfThePreferencesAreColouredBySuit) {
   ASSERT_TRUE(Start());
   EXPECT_EQ(model.txtMyHand.text, "AhKd");
   EXPECT_EQ(model.txtMyHand.charColours, (std::vector<Colour>{0x0000FF, 0x0000FF, 0xFF0000, 0xFF0000}));
-  EXPECT_EQ(model.txtBoard.charColours,
-            (std::vector<Colour>{0x00C000, 0x00C000, kWindowTextColour, kWindowTextColour, 0x0000FF, 0x0000FF}));
+  EXPECT_EQ(model.txtBoard.charColours, (std::vector<Colour>{0x00C000, 0x00C000, kWindowTextColour,
+                                                             kWindowTextColour, 0x0000FF, 0x0000FF}));
 }
 
 TEST_F(StartUp, ASavedNewSchemeIsRestoredOnTheGridAndTheMenuCaption) {

@@ -29,7 +29,9 @@ TEST_F(ProfileBox, TypingAFifteenCharacterNewNameShowsSaveAndASixteenthCharacter
 
 TEST_F(ProfileBox, ANameIsCountedInCharactersNotBytes) {
   ASSERT_TRUE(Start());
-  TypePlayer("\xC3\xA9" "BCDEFGHIJKLMNO");  // 15 characters, 16 bytes
+  TypePlayer(
+      "\xC3\xA9"
+      "BCDEFGHIJKLMNO");  // 15 characters, 16 bytes
   EXPECT_TRUE(SaveVisible());
 }
 
@@ -124,7 +126,8 @@ TEST_F(ProfileBox, ASavedProfileTakesTheFirstFreeSlotAndIsWrittenAtClosing) {
   EXPECT_EQ(model.profiles[0].name, "C");
   EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"C", "B"}));
   model.Form_QueryUnload();
-  EXPECT_EQ(ReadBytes(ProfileFile()), EncodeProfileFile({MakeProfile("C", {}, ""), MakeProfile("B", {}, "")}));
+  EXPECT_EQ(ReadBytes(ProfileFile()),
+            EncodeProfileFile({MakeProfile("C", {}, ""), MakeProfile("B", {}, "")}));
 }
 
 TEST_F(ProfileBox, PickingAProfileWhoseStoredRangeTextIsEmptySetsTheRangeToAaAndTheTextToHalfAPercent) {
