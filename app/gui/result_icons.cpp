@@ -15,8 +15,8 @@ constexpr int kSize = 16;
 
 // The heights of the three board ranks in a "ladder" picture (top, middle, bottom board card), and the
 // places between, above and below them.
-constexpr double kAbove = 1.8, kTop = 4.5, kTopMiddle = 6.5, kMiddle = 8.5, kMiddleBottom = 10.5,
-                 kBottom = 12.5, kBelow = 14.6;
+constexpr double kAbove = 3.0, kTop = 5.6, kTopMiddle = 7.1, kMiddle = 8.6, kMiddleBottom = 10.1, kBottom = 11.6,
+                 kBelow = 13.5;
 
 void Background(QPainter& p, QColor colour) {
   p.setPen(QPen(colour.darker(150), 1));
@@ -26,22 +26,23 @@ void Background(QPainter& p, QColor colour) {
 
 void Ladder(QPainter& p) {
   p.setPen(QPen(QColor(110, 110, 110), 1));
-  for (double y : {kTop, kMiddle, kBottom}) p.drawLine(QPointF(3, y), QPointF(11, y));
+  for (double y : {kTop, kMiddle, kBottom}) p.drawLine(QPointF(3, y), QPointF(13, y));
 }
 
-void Dot(QPainter& p, double y, bool filled = true) {
-  p.setPen(QPen(QColor(20, 20, 90), 1.2));
+// A card of the holding at height y; two of them (two pair) stand side by side.
+void Dot(QPainter& p, double y, bool filled = true, double x = 8) {
+  p.setPen(QPen(QColor(20, 20, 90), 1.1));
   p.setBrush(filled ? QColor(20, 20, 90) : QColor(255, 255, 255));
-  p.drawEllipse(QPointF(7, y), 2.0, 2.0);
+  p.drawEllipse(QPointF(x, y), 1.8, 1.8);
 }
 
 void Triangle(QPainter& p, double y) {
   p.setPen(QPen(QColor(90, 0, 90), 1));
   p.setBrush(QColor(90, 0, 90));
   QPainterPath path;
-  path.moveTo(7, y - 2.6);
-  path.lineTo(9.8, y + 2.0);
-  path.lineTo(4.2, y + 2.0);
+  path.moveTo(8, y - 2.4);
+  path.lineTo(10.6, y + 1.8);
+  path.lineTo(5.4, y + 1.8);
   path.closeSubpath();
   p.drawPath(path);
 }
@@ -55,13 +56,17 @@ void Glyph(QPainter& p, const QString& text, QColor colour, int pixelSize, bool 
   p.drawText(QRectF(0, 0, kSize, kSize), Qt::AlignCenter, text);
 }
 
+// A small sign in the lower right corner, on a white patch so that it reads over the ladder.
 void CornerMark(QPainter& p, const QString& text) {
+  p.setPen(Qt::NoPen);
+  p.setBrush(Qt::white);
+  p.drawRect(QRectF(10, 10, 5, 5));
   QFont font(QStringLiteral("DejaVu Sans"));
-  font.setPixelSize(8);
+  font.setPixelSize(7);
   font.setBold(true);
   p.setFont(font);
   p.setPen(QColor(20, 20, 90));
-  p.drawText(QRectF(10, 0, 6, 8), Qt::AlignCenter, text);
+  p.drawText(QRectF(9.5, 9, 6, 7), Qt::AlignCenter, text);
 }
 
 void Bars(QPainter& p, const std::vector<double>& heights, QColor colour) {
@@ -146,8 +151,8 @@ const std::map<std::string, Painter, std::less<>>& Painters() {
       m[tp.key] = [tp](QPainter& p) {
         Background(p, kTwoPairColour);
         Ladder(p);
-        Dot(p, tp.first, tp.own);
-        Dot(p, tp.second, tp.own);
+        Dot(p, tp.first, tp.own, 5.2);
+        Dot(p, tp.second, tp.own, 10.8);
         if (*tp.mark != '\0') CornerMark(p, QString::fromLatin1(tp.mark));
       };
     }
@@ -184,11 +189,11 @@ const std::map<std::string, Painter, std::less<>>& Painters() {
       p.drawLine(QPointF(8, 2.5), QPointF(8, 8));
       p.drawLine(QPointF(8, 8), QPointF(6, 6));
       p.drawLine(QPointF(8, 8), QPointF(10, 6));
-      Dot(p, 13.2);
+      Dot(p, 13.2, true, 12.5);
     };
     m["drawbdf"] = [](QPainter& p) {
       Background(p, kWeakDrawColour);
-      Glyph(p, QStringLiteral("\u2667"), QColor(110, 110, 110), 10, false);
+      Glyph(p, QStringLiteral("\u2667"), QColor(80, 80, 80), 11, false);
     };
     m["drawbds"] = [](QPainter& p) {
       Background(p, kWeakDrawColour);
