@@ -145,6 +145,14 @@ void SelCardsWindow::ShowState(const QWidget* anchor) {
   if (reopened) raise();
 }
 
+void SelCardsWindow::paintEvent(QPaintEvent* event) {
+  QWidget::paintEvent(event);
+  // A thin edge, so that the picker stands apart from the main window it overlaps.
+  QPainter painter(this);
+  painter.setPen(QColor(120, 120, 120));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
 void SelCardsWindow::closeEvent(QCloseEvent* event) {
   // Closing the window is its Cancel; hiding it from the model's state needs nothing more.
   if (picker_.visible) {

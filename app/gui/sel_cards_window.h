@@ -48,6 +48,7 @@ class SelCardsWindow : public QWidget {
   QPushButton* cancelButton() const { return cancel_; }
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
