@@ -15,8 +15,8 @@ constexpr int kSize = 16;
 
 // The heights of the three board ranks in a "ladder" picture (top, middle, bottom board card), and the
 // places between, above and below them.
-constexpr double kAbove = 3.0, kTop = 5.6, kTopMiddle = 7.1, kMiddle = 8.6, kMiddleBottom = 10.1, kBottom = 11.6,
-                 kBelow = 13.5;
+constexpr double kAbove = 3.0, kTop = 5.6, kTopMiddle = 7.1, kMiddle = 8.6, kMiddleBottom = 10.1,
+                 kBottom = 11.6, kBelow = 13.5;
 
 void Background(QPainter& p, QColor colour) {
   p.setPen(QPen(colour.darker(150), 1));

@@ -113,6 +113,8 @@ class Form1Test : public QObject {
   void typingAPercentageAndEnterSnapsItToAStep();
   void theTreePopUpMenuOpensOnARightClickOnlyWhenTheTreeHasNodes();
   void theTreeShowsTheErrorPointerWhileTheModelSignalsAnError();
+  void addToRangeOnAHoldingReplacesTheRangeAndOnACategoryOfGroupsFlashesTheErrorPointer();
+  void f3InTheTreeAsksForACardAndNamesItsCategory();
   void theTimersFollowTheModel();
   void everyIconKeyHasAPicture();
   void helpAndVisitWebsiteOpenTheTwoPages();
@@ -464,6 +466,65 @@ void Form1Test::theTreeShowsTheErrorPointerWhileTheModelSignalsAnError() {
   QCOMPARE(form.TV()->viewport()->cursor().shape(), Qt::BitmapCursor);
   form.Act([&] { s.model.tvMousePointer = 0; });
   QVERIFY(!form.TV()->viewport()->testAttribute(Qt::WA_SetCursor));
+}
+
+// Cooks AA alone on Kc8h3s and opens every node of the tree.
+void CookAcesOnAKingHighBoard(Form1& form) {
+  ClickBlock(form, "AA", Qt::LeftButton);
+  TypeInto(form.txtBoard(), QStringLiteral("Kc8h3s"));
+  QTest::keyClick(form.txtBoard(), Qt::Key_Return);
+  form.TV()->expandAll();
+}
+
+void RightClickItem(QTreeWidget* tree, QTreeWidgetItem* item) {
+  const QPoint at = tree->visualItemRect(item).center();
+  QTest::mouseClick(tree->viewport(), Qt::RightButton, Qt::NoModifier, at);
+}
+
+void Form1Test::addToRangeOnAHoldingReplacesTheRangeAndOnACategoryOfGroupsFlashesTheErrorPointer() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  ClickBlock(form, "KK", Qt::LeftButton, Qt::ShiftModifier);
+  CookAcesOnAKingHighBoard(form);
+  QTreeWidget* tree = form.TV();
+  // One pair > O pair > the group of all six aces > its holdings.
+  QTreeWidgetItem* group = tree->topLevelItem(1)->child(0)->child(0);
+  QCOMPARE(group->text(0), QStringLiteral("\u2022AA  (6)"));
+  QTreeWidgetItem* holding = group->child(0);
+  RightClickItem(tree, holding);
+  QTRY_VERIFY(form.mnuTV()->isVisible());
+  form.mnuTV()->hide();
+  form.menuAction("mnuAdd2Range")->trigger();
+  // One holding of the aces is the range now: part of a block, 1 of 1326.
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xC0FFFF));
+  QCOMPARE(BlockOnScreen(form, "KK"), ModelColour(0xC0FFC0));
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.1"));
+
+  // A category whose first child is a group: the group is no holding, so the tree's pointer signals the
+  // error for a moment.
+  RightClickItem(tree, tree->topLevelItem(1)->child(0));
+  QTRY_VERIFY(form.mnuTV()->isVisible());
+  form.mnuTV()->hide();
+  form.menuAction("mnuAdd2Range")->trigger();
+  QCOMPARE(tree->viewport()->cursor().shape(), Qt::BitmapCursor);
+  QVERIFY(form.tmrTVError()->isActive());
+  QCOMPARE(form.tmrTVError()->interval(), 550);
+  QTRY_VERIFY(!tree->viewport()->testAttribute(Qt::WA_SetCursor));
+  QVERIFY(!form.tmrTVError()->isActive());
+}
+
+void Form1Test::f3InTheTreeAsksForACardAndNamesItsCategory() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  CookAcesOnAKingHighBoard(form);
+  form.TV()->setFocus();
+  s.services.inputAnswers = {"Ah", "2c"};
+  QTest::keyClick(form.TV(), Qt::Key_F3);
+  QTest::keyClick(form.TV(), Qt::Key_F3);
+  QCOMPARE(s.services.messages,
+           (std::vector<std::string>{"Found Ah in category >*O pair", "2c not found in categories."}));
 }
 
 void Form1Test::theTimersFollowTheModel() {
