@@ -79,6 +79,8 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   Refresh();
 }
 
+Form1::~Form1() { services_.Attach(nullptr); }
+
 void Form1::BuildControls() {
   auto commandLabel = [this](CommandLabel id, const char* name, int x, int y, int w, int h) {
     auto* label = new CommandLabelWidget(id, this);

@@ -32,6 +32,7 @@ class Form1 : public QWidget {
 
  public:
   Form1(Form1Model& model, QtWindowServices& services, QWidget* parent = nullptr);
+  ~Form1() override;
 
   // Runs a model handler, then shows the model's state.
   void Act(const std::function<void()>& handler);
