@@ -9,6 +9,7 @@
 #include "cli/args.h"
 #include "cli/commands.h"
 #include "cli/range_list.h"
+#include "cli/top_range.h"
 #include "range/player_profile.h"
 
 namespace quillet::cli {
@@ -32,7 +33,7 @@ void WriteText(const Form1Model& model, std::ostream& out) {
   }
 }
 
-void WriteJson(const Form1Model& model, std::ostream& out) {
+void WriteJson(const Form1Model& model, bool withRangeText, std::ostream& out) {
   out << "{\"range\":" << model.cookRangeCount << ",\"possible\":" << model.cookLiveCount
       << ",\"categorised\":" << model.categories.categorisedCount << ",\"categories\":[";
   const auto& nodes = model.categories.nodes;
@@ -48,11 +49,13 @@ void WriteJson(const Form1Model& model, std::ostream& out) {
     }
     out << "]}";
   }
-  out << "]}\n";
+  out << "]";
+  if (withRangeText) out << ",\"rangeText\":" << JsonString(model.txtRange.text);
+  out << "}\n";
 }
 
 int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--hand", "--board", "--range", "--seen"}, {"--json"});
+  const Args args(words, {"--hand", "--board", "--range", "--top", "--seen"}, {"--json"});
   if (!args.error().empty()) {
     err << "cook: " << args.error() << "\n";
     return kExitBadInput;
@@ -61,13 +64,18 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
     err << "cook: unexpected argument \"" << args.positional().front() << "\"\n";
     return kExitBadInput;
   }
-  for (const char* required : {"--hand", "--board", "--range"}) {
+  for (const char* required : {"--hand", "--board"}) {
     if (!args.has(required)) {
       err << "cook: missing " << required << " (an empty value is written \"\")\n";
       return kExitBadInput;
     }
   }
-  const RangeList onList = ParseRangeList(*args.value("--range"));
+  const bool top = args.has("--top");
+  if (top == args.has("--range")) {
+    err << "cook: give the range as --range LIST or as --top PCT" << (top ? ", not both" : "") << "\n";
+    return kExitBadInput;
+  }
+  const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
   if (!onList.ok()) {
     err << "cook: --range: " << onList.error << "\n";
     return kExitBadInput;
@@ -86,6 +94,13 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   model.currentProfileIndex = 0;
   PutClassesWhole(profile.rangeLayer, onList.classes);
   PutClassesWhole(profile.seenLayer, seenList.classes);
+  if (top) {
+    const std::string error = TypeTopPercent(model, *args.value("--top"));
+    if (!error.empty()) {
+      err << "cook: " << error << "\n";
+      return kExitBadInput;
+    }
+  }
 
   model.txtMyHand.text = *args.value("--hand");
   model.txtBoard.text = *args.value("--board");
@@ -97,7 +112,7 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   }
 
   if (args.has("--json")) {
-    WriteJson(model, out);
+    WriteJson(model, top, out);
   } else {
     WriteText(model, out);
   }
@@ -105,9 +120,10 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
 }
 
 const CommandRegistrar kRegisterCook{Command{
-    "cook", "--hand TEXT --board TEXT --range LIST [--seen LIST] [--json]",
+    "cook", "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--json]",
     "sort every live holding of the range into its made-hand and draw categories on the board; LIST is "
-    "class names separated by commas (\"AA,KK,AKs,AK\", \"AKo\" also for offsuit), TEXT may be \"\"",
+    "class names separated by commas (\"AA,KK,AKs,AK\", \"AKo\" also for offsuit), PCT the top percent of "
+    "the preflop order as the range box takes it (10 gives 9.8), TEXT may be \"\"",
     10, RunCook}};
 
 }  // namespace

@@ -10,7 +10,11 @@ namespace quillet {
 
 bool Form1Model::ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& street) {
   const MessageSink showMessage = [this](std::string_view text) { services.MsgBox(text); };
-  return quillet::ReadCardInputs(txtMyHand.text, txtBoard.text, showMessage, hand, board, street);
+  if (!quillet::ReadCardInputs(txtMyHand.text, txtBoard.text, showMessage, hand, board, street)) return false;
+  // The boxes were given back their normalised text: colour it by suit again.
+  ColourCodeRT(txtMyHand);
+  ColourCodeRT(txtBoard);
+  return true;
 }
 
 void Form1Model::cmdCheckPossibleHands_Click() {
@@ -44,7 +48,8 @@ void Form1Model::cmdCheckPossibleHands_Click() {
                           std::to_string(liveCount) + " Possible Hands\r\n" +
                           std::to_string(categories.categorisedCount) + " Hands in categories";
 
-  // "Auto Calc Equity on Cook" (options.calcEquityOnCook) runs cmdCalcEquity_Click here, once it exists.
+  // "Auto Calc Equity on Cook": the equity command runs with all its own checks and messages.
+  if (options.calcEquityOnCook) cmdCalcEquity_Click();
 }
 
 }  // namespace quillet

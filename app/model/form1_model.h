@@ -91,6 +91,7 @@ struct RichTextState {
   std::vector<Colour> charColours;
   int selStart = 0;
   int selLength = 0;
+  int width = 0;  // pixels, as the window lays the box out (the card picker opens just right of it)
 };
 
 struct TextBoxState {
@@ -148,6 +149,7 @@ struct GridState {
   bool suitedPresent = false;
   bool offsuitPresent = false;
   std::array<bool, 16> comboShown{};          // which suit-matrix cells are shown
+  std::array<bool, 16> matrixCellVisible{};   // which cells the last matrix refresh put on screen
   std::array<Colour, 16> matrixCellColour{};  // the suit-matrix cells' colours
   Colour matrixColour = 0xFFFFC0;             // the colour the last grid click chose for the matrix
 };
@@ -242,6 +244,7 @@ class Form1Model {
   void txtMyHand_Click();  // also lblMyHand_Click: opens the picker for My Hand
   void txtBoard_Click();   // also lblBoardCards_Click: opens the picker for the Board
   // The picker's OK wrote its text: put it into the target box and colour it (called by SelCardsModel).
+  void WritePickedCards(bool targetMyHand, const std::string& text);
   void picSuit_Click(int index);
 
   // ---- results tree, export, tree actions (form1_results.cpp) ----
@@ -302,6 +305,10 @@ class Form1Model {
 
   LabelState lblMyEquity;   // caption "57.3%", opaque and coloured after a calculation
   LabelState lbloppEquity;
+  // ---- equity state (form1_equity.cpp): the unrounded values behind the last read-outs ----
+  double myEquity = 0.0;
+  double oppEquity = 0.0;
+  int32_t equityStreet = kNoBoard;
   std::string lblCheckPossibleHands;  // the cook's three-line caption
   bool lblSeenVisible = false;
 
@@ -326,7 +333,7 @@ class Form1Model {
   TimerState tmrCalcEquity{1};
   TimerState tmrTVError{550};
 
-  SelCardsModel frmSelCards;
+  SelCardsModel frmSelCards{this};
   bool selCardsAutoOK = false;    // application-wide "Auto: OK on final click"
   bool selCardsAutoCook = false;  // application-wide "Auto: Cook on OK"
 

@@ -1,0 +1,119 @@
+// Card entry: the My Hand and Board boxes, the card picker opened beside them, and the suit-matrix clicks
+// that take single holdings of the selected blocks in or out.
+#include "app/model/form1_model.h"
+#include "cards/card.h"
+#include "cards/hand_class.h"
+#include "range/card_text_colour.h"
+#include "range/grid_colours.h"
+
+namespace quillet {
+namespace {
+
+// The picker opens this far right of the box's right edge and this far below the box's top.
+constexpr int kPickerGapX = 5;
+constexpr int kPickerOffsetY = 24;
+
+void OpenPicker(Form1Model& form, bool forMyHand) {
+  SelCardsModel& picker = form.frmSelCards;
+  picker.owner = &form;
+  if (!picker.visible) picker.Form_Load();
+  picker.visible = true;
+  const RichTextState& box = forMyHand ? form.txtMyHand : form.txtBoard;
+  picker.anchor = forMyHand ? ControlId::txtMyHand : ControlId::txtBoard;
+  picker.offsetX = box.width + kPickerGapX;
+  picker.offsetY = kPickerOffsetY;
+  if (forMyHand) {
+    picker.Init(2, 2, true, box.text);
+  } else {
+    picker.Init(3, 5, false, box.text);
+  }
+}
+
+// Whether any cell of the kinds now selected is still shown. With more than one kind every cell counts.
+bool AnyCellOfThePresentKindsShown(const GridState& grid) {
+  const int kinds = (grid.pairPresent ? 1 : 0) + (grid.suitedPresent ? 1 : 0) + (grid.offsuitPresent ? 1 : 0);
+  const auto& cells = SuitMatrixCells();
+  for (int k = 0; k < kSuitMatrixCells; ++k) {
+    if (!grid.comboShown[k]) continue;
+    if (kinds > 1) return true;
+    if ((grid.pairPresent && cells[k].pair) || (grid.suitedPresent && cells[k].suited) ||
+        (grid.offsuitPresent && cells[k].offsuit)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+void Form1Model::ColourCodeRT(RichTextState& box) {
+  const size_t length = box.text.size();
+  box.charColours.resize(length, kWindowTextColour);
+  for (size_t card = 0; card < length / 2; ++card) {
+    box.selStart = static_cast<int>(2 * card);
+    box.selLength = 2;
+    const Colour colour = SuitTextColour(SuitFromChar(std::string_view(box.text).substr(2 * card + 1, 1)));
+    box.charColours[2 * card] = colour;
+    box.charColours[2 * card + 1] = colour;
+  }
+  box.selStart = static_cast<int>(length);
+  box.selLength = 0;
+}
+
+void Form1Model::txtMyHand_KeyDown(int keyCode, int /*shift*/) {
+  ClearEquityDisplay();
+  if (keyCode == kKeyEnter) cmdCheckPossibleHands_Click();
+}
+
+void Form1Model::txtBoard_KeyDown(int keyCode, int /*shift*/) {
+  // A modifier pressed alone keeps the equity shown (in this box only).
+  if (keyCode == kKeyShift || keyCode == kKeyControl || keyCode == kKeyAlt) return;
+  ClearEquityDisplay();
+  if (keyCode == kKeyEnter) cmdCheckPossibleHands_Click();
+}
+
+void Form1Model::txtMyHand_Click() {
+  OpenPicker(*this, true);
+}
+
+void Form1Model::txtBoard_Click() {
+  OpenPicker(*this, false);
+}
+
+void Form1Model::WritePickedCards(bool targetMyHand, const std::string& text) {
+  RichTextState& box = targetMyHand ? txtMyHand : txtBoard;
+  box.text = text;
+  box.charColours.assign(text.size(), kWindowTextColour);
+  ColourCodeRT(box);
+}
+
+void Form1Model::picSuit_Click(int index) {
+  PlayerProfile* profile = currentProfile();
+  if (profile == nullptr || index < 0 || index >= kSuitMatrixCells) return;
+  const bool shown = !grid.comboShown[index];
+  grid.comboShown[index] = shown;
+  grid.matrixCellColour[index] =
+      shown ? (grid.editingOn ? scheme.matrixOn : scheme.seenSelection) : kMatrixCellOutColour;
+
+  const SuitMatrixCell& cell = SuitMatrixCells()[index];
+  const auto& classes = HandClasses();
+  for (int i = 0; i < kClassCount; ++i) {
+    if (!CellFitsKind(index, classes[i].kind)) continue;
+    if (grid.selectedOn[i]) SetBlockSuitPair(profile->rangeLayer[i], cell.suit1, cell.suit2, shown, false);
+    if (grid.selectedSeen[i]) SetBlockSuitPair(profile->seenLayer[i], cell.suit1, cell.suit2, shown, false);
+  }
+
+  if (!AnyCellOfThePresentKindsShown(grid)) {
+    // Every holding of the selection's kinds is out: the selection is over.
+    DeselectAllBlocks();
+    SetBlockColours();
+    RefreshSuitMatrix(false);
+  } else {
+    SetBlockColours();
+  }
+  WriteRangePercent();
+  // Without a board the preflop equity follows at once, whatever the options say.
+  if (txtBoard.text.empty()) cmdCalcEquity_Click();
+}
+
+}  // namespace quillet

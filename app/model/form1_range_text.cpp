@@ -1,0 +1,44 @@
+// The range percentage box: typed percentages snap to a step of the preflop order; grid changes write the
+// computed "~" percentage.
+#include "app/model/form1_model.h"
+#include "cards/preflop_order.h"
+#include "range/range_text.h"
+
+namespace quillet {
+
+void Form1Model::txtRange_KeyUp(int keyCode, int /*shift*/) {
+  // Input stays red until Enter accepts it.
+  if (keyCode != kKeyEnter || !IsNumberText(txtRange.text, false, false, 1, 99)) {
+    txtRange.foreColour = kRejectedTextColour;
+    return;
+  }
+  txtRange.foreColour = kWindowTextColour;
+  const auto& order = PreflopOrder();
+  const PreflopStep step = NearestPreflopStep(NumberTextToTenThousandths(txtRange.text), order);
+  Slider1.value = step.entry;
+  SetRangeText(PercentText(order[step.entry].percent));
+  // At or above the last step the grid deliberately keeps what it had.
+  if (step.apply) ApplySliderRange();
+}
+
+void Form1Model::SetRangeText(const std::string& text) {
+  txtRange.text = text;
+  txtRange_Change();
+}
+
+void Form1Model::txtRange_Change() {
+  if (PlayerProfile* profile = currentProfile()) profile->rangeText = txtRange.text;
+}
+
+void Form1Model::txtRange_Click() {
+  txtRange.selStart = 0;
+  txtRange.selLength = static_cast<int>(txtRange.text.size());
+}
+
+void Form1Model::WriteRangePercent() {
+  const PlayerProfile* profile = currentProfile();
+  if (profile == nullptr) return;
+  SetRangeText(ComputedRangeText(UnionHoldingCount(profile->rangeLayer, profile->seenLayer)));
+}
+
+}  // namespace quillet

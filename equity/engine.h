@@ -1,0 +1,56 @@
+// The flop and turn paths of the equity engine: every completion of the board is dealt out and My Hand
+// meets each live opponent holding in a showdown. There is no sampling and no time limit.
+//
+// Holdings whose flag is false take no part; the engine does not check the others against My Hand or the
+// board, it takes the list as the caller built it (the equity command removes dead holdings first).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string_view>
+
+#include "cards/card.h"
+#include "equity/equity_result.h"
+
+namespace quillet {
+
+struct ShowdownCounts {
+  int64_t total = 0;
+  int64_t myWins = 0;
+  int64_t oppWins = 0;
+  int64_t ties = 0;
+  friend constexpr bool operator==(const ShowdownCounts&, const ShowdownCounts&) = default;
+};
+
+// The Calc Equity command's caption while an enumeration runs, and at rest.
+inline constexpr std::string_view kCalculatingCaption = "Calculating";
+inline constexpr std::string_view kCalcEquityCaption = "Calc Equity";
+
+// Told the command's caption: kCalculatingCaption before the showdowns start, kCalcEquityCaption once
+// they are done. The window model sets the caption and repaints; an empty sink is allowed.
+using CaptionSink = std::function<void(std::string_view caption)>;
+
+// How the showdowns are decided: by the fast seven-card keys (with the reference comparator for any
+// holding that shares a card with My Hand or the board), or by the reference comparator throughout.
+enum class ShowdownPath { Fast, Reference };
+
+// Counts every showdown of the flop (street 1: all pairs of turn and river cards) or the turn (street 2:
+// every river card). A holding meets each completion that does not use one of its cards. Holdings with
+// a card outside the deck, and a My Hand or board with such a card, take no part. Other streets count
+// nothing.
+ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
+                              std::span<const HandCombo> combos, ShowdownPath path = ShowdownPath::Fast);
+
+// Result R: ties are left out of the denominator, so the two shares add up to 100 before rounding; each
+// is rounded half to even to two decimals from the exact fraction. 50 and 50 when every showdown tied,
+// -1 and -1 when there was none.
+EquityResult EquityFromCounts(const ShowdownCounts& counts);
+
+// The flop path (board cards 1..3 known) and the turn path (1..4 known).
+EquityResult FlopEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
+                        const CaptionSink& caption = {});
+EquityResult TurnEquity(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> combos,
+                        const CaptionSink& caption = {});
+
+}  // namespace quillet

@@ -1,0 +1,246 @@
+#include "equity/engine.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "equity/board_record.h"
+#include "tests/equity_engine/card_text.h"
+
+namespace quillet {
+namespace {
+
+using testing::Board;
+using testing::C;
+using testing::Combo;
+using testing::Hand;
+
+// Every holding of the deck, flag set, in deck order.
+std::vector<HandCombo> AllHoldings() {
+  std::vector<HandCombo> combos;
+  for (int i = 0; i < 52; ++i) {
+    for (int j = i + 1; j < 52; ++j) {
+      const Card a = DeckCard(j);
+      const Card b = DeckCard(i);
+      combos.push_back(HandCombo{true, a.rank, a.suit, b.rank, b.suit});
+    }
+  }
+  return combos;
+}
+
+// The holdings that share no card with My Hand or the known board (what the equity command passes).
+std::vector<HandCombo> LiveHoldings(const HandCards& hand, const BoardCards& board, int32_t street) {
+  std::vector<HandCombo> live;
+  for (const HandCombo& combo : AllHoldings()) {
+    bool dead = false;
+    for (Card card : {hand.card1(), hand.card2()})
+      dead = dead || combo.card1() == card || combo.card2() == card;
+    for (int i = 0; i < BoardCardCount(street); ++i)
+      dead = dead || combo.card1() == board[i] || combo.card2() == board[i];
+    if (!dead) live.push_back(combo);
+  }
+  return live;
+}
+
+// ---- the enumeration ----
+
+TEST(FlopEnumeration, EachHoldingMeetsNineHundredNinetyCompletions) {
+  const std::vector<HandCombo> one{Combo("KcKs")};
+  EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, one).total, 990);
+}
+
+TEST(FlopEnumeration, AHoldingThatSharesACardWithACompletionIsSkippedForThatCompletionOnly) {
+  // 47 cards give 1,081 completions; 91 of them use the king of clubs or the king of spades.
+  const std::vector<HandCombo> one{Combo("KcKs")};
+  const ShowdownCounts counts = CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, one);
+  EXPECT_EQ(counts.total, 1081 - 91);
+  EXPECT_EQ(counts.total, counts.myWins + counts.oppWins + counts.ties);
+  // Two holdings with no card in common double the count; sharing the king of clubs changes nothing.
+  const std::vector<HandCombo> two{Combo("KcKs"), Combo("KcQd")};
+  EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, two).total, 2 * 990);
+}
+
+TEST(TurnEnumeration, EachHoldingMeetsFortyFourRiverCards) {
+  const std::vector<HandCombo> one{Combo("KcKs")};
+  EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s2d"), kTurn, one).total, 44);
+}
+
+TEST(TurnEnumeration, AcesAgainstKingsWinUnlessAKingComes) {
+  // The two remaining kings give the kings a set; no river gives anyone a flush or a straight.
+  const std::vector<HandCombo> one{Combo("KcKs")};
+  const ShowdownCounts counts = CountShowdowns(Hand("AhAd"), Board("Tc8h3s2d"), kTurn, one);
+  EXPECT_EQ(counts.myWins, 42);
+  EXPECT_EQ(counts.oppWins, 2);
+  EXPECT_EQ(counts.ties, 0);
+  const EquityResult shares = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), one);
+  EXPECT_DOUBLE_EQ(shares.my, 95.45);  // 42 / 44 = 95.4545...
+  EXPECT_DOUBLE_EQ(shares.opp, 4.55);  // 2 / 44 = 4.5454...
+}
+
+TEST(TurnEnumeration, ASixthCardOfTheSuitTakesMyFlushAway) {
+  // Ah Kh with three hearts on the board is a flush; a heart on the river makes six hearts and no flush,
+  // so the set of jacks wins. Non-heart rivers: the set wins only with Jd, a seven, a three or a two
+  // (9 cards); the flush wins the other 27. The 8 heart rivers all go to the set.
+  const std::vector<HandCombo> one{Combo("JcJs")};
+  const ShowdownCounts counts = CountShowdowns(Hand("AhKh"), Board("Jh7h3h2c"), kTurn, one);
+  EXPECT_EQ(counts.total, 44);
+  EXPECT_EQ(counts.myWins, 27);
+  EXPECT_EQ(counts.oppWins, 17);
+  EXPECT_EQ(counts.ties, 0);
+}
+
+TEST(FlopEnumeration, FourBoardCardsOfASuitAndTwoInTheHandGiveThatPlayerNoFlush) {
+  // Ah Kh on 9h 5h 2h is a flush; the set of twos (2c 2d) meets 990 completions of 45 cards, 8 of them
+  // hearts. Worked out by hand:
+  // - no heart coming (666): my flush wins unless the set fills up: the 2s (36 completions), a nine or a
+  //   five (195 more), or a pair coming (30 more): 405 mine, 261 theirs;
+  // - one heart coming (296): six hearts are no flush for me and four none for them; only 3h with a
+  //   four or 4h with a three (6) give me the wheel over the set: 6 mine, 290 theirs;
+  // - two hearts coming (28): seven hearts for me, exactly five for them: 28 theirs.
+  const std::vector<HandCombo> one{Combo("2c2d")};
+  const ShowdownCounts counts = CountShowdowns(Hand("AhKh"), Board("9h5h2h"), kFlop, one);
+  EXPECT_EQ(counts.total, 990);
+  EXPECT_EQ(counts.myWins, 411);
+  EXPECT_EQ(counts.oppWins, 579);
+  EXPECT_EQ(counts.ties, 0);
+  EXPECT_EQ(counts, CountShowdowns(Hand("AhKh"), Board("9h5h2h"), kFlop, one, ShowdownPath::Reference));
+  const EquityResult shares = FlopEquity(Hand("AhKh"), Board("9h5h2h"), one);
+  EXPECT_DOUBLE_EQ(shares.my, 41.52);   // 411 / 990 = 41.5151...
+  EXPECT_DOUBLE_EQ(shares.opp, 58.48);  // 579 / 990 = 58.4848...
+}
+
+TEST(FlopEnumeration, EveryShowdownTiedGivesFiftyFifty) {
+  // The same ranks on both sides and no card of the flop's only possible flush suit: every one of the
+  // 990 showdowns ties.
+  const std::vector<HandCombo> one{Combo("2d3c")};
+  const ShowdownCounts counts = CountShowdowns(Hand("2c3d"), Board("AhKhQh"), kFlop, one);
+  EXPECT_EQ(counts.ties, 990);
+  const EquityResult shares = FlopEquity(Hand("2c3d"), Board("AhKhQh"), one);
+  EXPECT_EQ(shares.my, 50.0);
+  EXPECT_EQ(shares.opp, 50.0);
+}
+
+TEST(TurnEnumeration, EveryShowdownTiedGivesFiftyFifty) {
+  const std::vector<HandCombo> one{Combo("2d3c")};
+  const EquityResult shares = TurnEquity(Hand("2c3d"), Board("AhKhQhJh"), one);
+  EXPECT_EQ(shares.my, 50.0);
+  EXPECT_EQ(shares.opp, 50.0);
+}
+
+TEST(FlopEnumeration, NoLiveHoldingGivesMinusOneOnBothSides) {
+  const EquityResult empty = FlopEquity(Hand("AhAd"), Board("Tc8h3s"), {});
+  EXPECT_EQ(empty.my, -1.0);
+  EXPECT_EQ(empty.opp, -1.0);
+  HandCombo dead = Combo("KcKs");
+  dead.flag = false;
+  const std::vector<HandCombo> flaggedOff{dead};
+  const EquityResult none = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), flaggedOff);
+  EXPECT_EQ(none.my, -1.0);
+  EXPECT_EQ(none.opp, -1.0);
+}
+
+TEST(FlopEnumeration, HoldingsWithTheFlagClearedTakeNoPart) {
+  std::vector<HandCombo> combos{Combo("KcKs"), Combo("QcQs")};
+  combos[1].flag = false;
+  EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, combos).total, 990);
+}
+
+TEST(FlopEnumeration, TheKeyPathCountsExactlyWhatTheComparatorCountsForTheFullRange) {
+  for (const char* flop : {"Tc8h3s", "AhKhQh", "7c7d2h", "5s4s3d", "KdKcKh"}) {
+    SCOPED_TRACE(flop);
+    const HandCards hand = Hand("AhAd");
+    const BoardCards board = Board(flop);
+    if (board[0] == hand.card1() || board[1] == hand.card1() || board[2] == hand.card1()) continue;
+    const std::vector<HandCombo> range = LiveHoldings(hand, board, kFlop);
+    const ShowdownCounts fast = CountShowdowns(hand, board, kFlop, range);
+    EXPECT_EQ(fast, CountShowdowns(hand, board, kFlop, range, ShowdownPath::Reference));
+    EXPECT_EQ(fast.total, static_cast<int64_t>(range.size()) * 990);
+  }
+}
+
+TEST(TurnEnumeration, TheKeyPathCountsExactlyWhatTheComparatorCountsForTheFullRange) {
+  for (const char* turn : {"Tc8h3s2d", "9h8h7h2h", "KcKdKh2s", "Ac2c3c4d", "JsTs9d8c"}) {
+    for (const char* mine : {"AhAd", "6h5h", "QsJs", "2d2s"}) {
+      SCOPED_TRACE(std::string(mine) + " on " + turn);
+      const HandCards hand = Hand(mine);
+      const BoardCards board = Board(turn);
+      bool clash = false;
+      for (int i = 0; i < 4; ++i) clash = clash || board[i] == hand.card1() || board[i] == hand.card2();
+      if (clash) continue;
+      const std::vector<HandCombo> range = LiveHoldings(hand, board, kTurn);
+      EXPECT_EQ(CountShowdowns(hand, board, kTurn, range),
+                CountShowdowns(hand, board, kTurn, range, ShowdownPath::Reference));
+    }
+  }
+}
+
+TEST(FlopEnumeration, HoldingsThatShareACardWithMyHandOrTheFlopAreComparedAsTheyStand) {
+  // The caller normally removes them; if it does not, they are still compared by the written rules.
+  const std::vector<HandCombo> range = AllHoldings();
+  const ShowdownCounts fast = CountShowdowns(Hand("AhKh"), Board("Qh9h4c"), kFlop, range);
+  EXPECT_EQ(fast, CountShowdowns(Hand("AhKh"), Board("Qh9h4c"), kFlop, range, ShowdownPath::Reference));
+  // A holding with the ace of hearts meets each completion that uses neither of its cards.
+  const std::vector<HandCombo> shared{Combo("AhQd")};
+  EXPECT_EQ(CountShowdowns(Hand("AhKh"), Board("Qh9h4c"), kFlop, shared).total, 1081 - 46);
+}
+
+TEST(FlopEnumeration, AMyHandWithoutASecondCardCountsNothing) {
+  HandCards hand = Hand("AhKd");
+  hand.rank2 = -1;
+  const std::vector<HandCombo> one{Combo("QcQs")};
+  EXPECT_EQ(CountShowdowns(hand, Board("Tc8h3s"), kFlop, one).total, 0);
+}
+
+TEST(Enumeration, RunsOnlyOnTheFlopAndTheTurn) {
+  const std::vector<HandCombo> one{Combo("QcQs")};
+  EXPECT_EQ(CountShowdowns(Hand("AhKd"), Board(""), kNoBoard, one).total, 0);
+  EXPECT_EQ(CountShowdowns(Hand("AhKd"), Board("Tc8h3s2d5c"), kRiver, one).total, 0);
+}
+
+// ---- the caption ----
+
+TEST(EquityCaption, ShowsCalculatingDuringTheRunAndCalcEquityAfterIt) {
+  std::vector<std::string> captions;
+  const std::vector<HandCombo> one{Combo("KcKs")};
+  FlopEquity(Hand("AhAd"), Board("Tc8h3s"), one, [&](std::string_view c) { captions.emplace_back(c); });
+  TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), one, [&](std::string_view c) { captions.emplace_back(c); });
+  EXPECT_EQ(captions, (std::vector<std::string>{"Calculating", "Calc Equity", "Calculating", "Calc Equity"}));
+}
+
+// ---- result R ----
+
+TEST(ResultR, LeavesTiesOutOfTheDenominator) {
+  const EquityResult shares = EquityFromCounts({100, 1, 1, 98});
+  EXPECT_EQ(shares.my, 50.0);
+  EXPECT_EQ(shares.opp, 50.0);
+}
+
+TEST(ResultR, RoundsHalfToEvenFromTheExactFraction) {
+  // 3 / 20000 is exactly 0.015 percent, 19997 / 20000 exactly 99.985: both halves go to the even digit.
+  const EquityResult up = EquityFromCounts({20000, 3, 19997, 0});
+  EXPECT_DOUBLE_EQ(up.my, 0.02);
+  EXPECT_DOUBLE_EQ(up.opp, 99.98);
+  // 1 / 20000 is 0.005 percent, 19999 / 20000 is 99.995.
+  const EquityResult down = EquityFromCounts({20000, 1, 19999, 0});
+  EXPECT_DOUBLE_EQ(down.my, 0.00);
+  EXPECT_DOUBLE_EQ(down.opp, 100.00);
+}
+
+TEST(ResultR, RoundsOtherFractionsToTheNearestHundredth) {
+  const EquityResult shares = EquityFromCounts({3, 1, 2, 0});  // 33.333... and 66.666...
+  EXPECT_DOUBLE_EQ(shares.my, 33.33);
+  EXPECT_DOUBLE_EQ(shares.opp, 66.67);
+}
+
+TEST(ResultR, GivesFiftyFiftyWhenEveryShowdownTiedAndMinusOneWithoutShowdowns) {
+  const EquityResult tied = EquityFromCounts({7, 0, 0, 7});
+  EXPECT_EQ(tied.my, 50.0);
+  EXPECT_EQ(tied.opp, 50.0);
+  const EquityResult none = EquityFromCounts({});
+  EXPECT_EQ(none.my, -1.0);
+  EXPECT_EQ(none.opp, -1.0);
+}
+
+}  // namespace
+}  // namespace quillet

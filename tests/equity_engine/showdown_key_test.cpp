@@ -1,0 +1,195 @@
+// The seven-card keys against the step-by-step comparator: on millions of random showdowns, and on every
+// pair of holdings on a few boards chosen for their traps.
+#include "equity/showdown_key.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "equity/showdown.h"
+#include "tests/equity_engine/card_text.h"
+
+namespace quillet {
+namespace {
+
+using testing::Cards;
+using testing::Record;
+
+ShowdownResult ByKeys(ShowdownKey mine, ShowdownKey theirs) {
+  return {mine > theirs, mine < theirs};
+}
+
+std::string Describe(const std::array<Card, 9>& cards) {
+  std::string text;
+  for (int i = 0; i < 9; ++i) text += CardToText(cards[i]) + (i == 1 || i == 3 ? " | " : "");
+  return text;
+}
+
+std::vector<Card> Deck() {
+  std::vector<Card> deck;
+  for (int i = 0; i < 52; ++i) deck.push_back(DeckCard(i));
+  return deck;
+}
+
+// Cards to deal from, without allocating per showdown.
+struct CardPool {
+  std::array<Card, 52> cards{};
+  std::size_t size = 0;
+  void Add(Card card) { cards[size++] = card; }
+};
+
+// Deals nine different cards from `pool`: My Hand, the opponent, the board.
+std::array<Card, 9> Deal(CardPool& pool, std::mt19937_64& random) {
+  for (std::size_t i = 0; i < 9; ++i) {
+    std::uniform_int_distribution<std::size_t> pick(i, pool.size - 1);
+    std::swap(pool.cards[i], pool.cards[pick(random)]);
+  }
+  std::array<Card, 9> cards{};
+  std::copy_n(pool.cards.begin(), 9, cards.begin());
+  return cards;
+}
+
+// Pools that make the rare categories common: two suits only (flushes, six of a suit, straight flushes),
+// four ranks (full houses, quads), and five consecutive ranks and one more (straights).
+CardPool Pool(int kind, std::mt19937_64& random) {
+  CardPool pool;
+  if (kind == 0) {
+    for (int i = 0; i < 52; ++i) pool.Add(DeckCard(i));
+  } else if (kind == 1) {
+    const int32_t a = static_cast<int32_t>(random() % 4);
+    const int32_t b = (a + 1 + static_cast<int32_t>(random() % 3)) % 4;
+    for (int32_t rank = 2; rank <= 14; ++rank) {
+      pool.Add(Card{rank, a});
+      pool.Add(Card{rank, b});
+    }
+  } else if (kind == 2) {
+    std::array<int32_t, 13> ranks{2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14};
+    std::shuffle(ranks.begin(), ranks.end(), random);
+    for (int i = 0; i < 4; ++i) {
+      for (int32_t suit = 0; suit < 4; ++suit) pool.Add(Card{ranks[static_cast<std::size_t>(i)], suit});
+    }
+  } else {
+    const int32_t low = 1 + static_cast<int32_t>(random() % 10);  // 1: the wheel, with the ace
+    for (int32_t r = low; r < low + 5; ++r) {
+      for (int32_t suit = 0; suit < 4; ++suit) pool.Add(Card{r == 1 ? 14 : r, suit});
+    }
+    for (int32_t suit = 0; suit < 4; ++suit) pool.Add(Card{low + 6 > 14 ? 2 : low + 6, suit});
+  }
+  return pool;
+}
+
+// A few hundred pools of each kind, dealt from over and over.
+std::vector<CardPool> Pools(std::mt19937_64& random) {
+  std::vector<CardPool> pools;
+  for (int n = 0; n < 400; ++n) pools.push_back(Pool(n % 4, random));
+  return pools;
+}
+
+TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) {
+  std::mt19937_64 random(20240611);
+  std::vector<CardPool> pools = Pools(random);
+  constexpr int kShowdowns = 2'000'000;
+  std::array<int, 10> categoriesSeen{};
+  int disagreements = 0;
+  for (int n = 0; n < kShowdowns && disagreements < 10; ++n) {
+    const std::array<Card, 9> c = Deal(pools[static_cast<std::size_t>(n) % pools.size()], random);
+    const std::array<Card, 5> board{c[4], c[5], c[6], c[7], c[8]};
+    const BoardRecord record = MakeBoardRecord(board);
+    HandCards mine;
+    mine.rank1 = c[0].rank, mine.suit1 = c[0].suit, mine.rank2 = c[1].rank, mine.suit2 = c[1].suit;
+    const HandCombo theirs{true, c[2].rank, c[2].suit, c[3].rank, c[3].suit};
+    const ShowdownResult expected = CompareShowdown(mine, theirs, record, kRiver);
+    const ShowdownKey myKey = ShowdownKeyOf(c[0], c[1], board);
+    const ShowdownKey theirKey = ShowdownKeyOf(c[2], c[3], board);
+    ++categoriesSeen[static_cast<std::size_t>(KeyCategory(myKey))];
+    if (!(ByKeys(myKey, theirKey) == expected)) {
+      ++disagreements;
+      ADD_FAILURE() << Describe(c) << ": comparator " << expected.myWin << expected.oppWin << ", keys "
+                    << std::hex << myKey << " " << theirKey;
+    }
+  }
+  // The pools reach every category, so the agreement covers them all.
+  for (int category = 0; category < 10; ++category)
+    EXPECT_GT(categoriesSeen[static_cast<std::size_t>(category)], 0) << category;
+}
+
+TEST(ShowdownKeys, GiveEveryPlayerTheCategoryTheComparatorGives) {
+  std::mt19937_64 random(7);
+  std::vector<CardPool> pools = Pools(random);
+  for (int n = 0; n < 400'000; ++n) {
+    const std::array<Card, 9> c = Deal(pools[static_cast<std::size_t>(n) % pools.size()], random);
+    const std::array<Card, 5> board{c[4], c[5], c[6], c[7], c[8]};
+    const ShowdownHand hand = EvaluateShowdownHand(c[0], c[1], MakeBoardRecord(board));
+    ASSERT_EQ(KeyCategory(ShowdownKeyOf(c[0], c[1], board)), hand.category) << Describe(c);
+  }
+}
+
+// Every pair of different holdings from the cards left beside the board: about 1.07 million showdowns.
+void ExpectAgreementOnEveryPairOfHoldings(const char* boardText) {
+  SCOPED_TRACE(boardText);
+  const auto b = Cards(boardText);
+  const std::array<Card, 5> board{b[0], b[1], b[2], b[3], b[4]};
+  const BoardRecord record = MakeBoardRecord(board);
+  std::vector<Card> rest;
+  for (const Card& card : Deck()) {
+    if (std::find(board.begin(), board.end(), card) == board.end()) rest.push_back(card);
+  }
+  struct Holding {
+    Card a, b;
+    ShowdownHand hand;
+    ShowdownKey key;
+  };
+  std::vector<Holding> holdings;
+  for (std::size_t i = 0; i < rest.size(); ++i) {
+    for (std::size_t j = i + 1; j < rest.size(); ++j) {
+      holdings.push_back({rest[i], rest[j], EvaluateShowdownHand(rest[i], rest[j], record),
+                          ShowdownKeyOf(rest[i], rest[j], board)});
+    }
+  }
+  ASSERT_EQ(holdings.size(), 1081u);
+  int64_t compared = 0;
+  int failures = 0;
+  for (const Holding& mine : holdings) {
+    for (const Holding& theirs : holdings) {
+      if (mine.a == theirs.a || mine.a == theirs.b || mine.b == theirs.a || mine.b == theirs.b) continue;
+      ++compared;
+      const ShowdownResult expected = CompareShowdownHands(mine.hand, theirs.hand);
+      if (!(ByKeys(mine.key, theirs.key) == expected) && ++failures <= 10) {
+        ADD_FAILURE() << CardToText(mine.a) << CardToText(mine.b) << " against " << CardToText(theirs.a)
+                      << CardToText(theirs.b);
+      }
+    }
+  }
+  EXPECT_EQ(compared, 1081 * 990);
+  EXPECT_EQ(failures, 0);
+}
+
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfARoyalFlushBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("AhKhQhJhTh");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfAFourFlushStraightBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("9h8h7h6h2c");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfATwoPairBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("KcKd7h7s2c");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfAQuadsBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("9c9d9h9sAc");
+}
+TEST(ShowdownKeys, AgreeOnEveryShowdownOfAWheelFlushBoard) {
+  ExpectAgreementOnEveryPairOfHoldings("Ac2c3c8d8s");
+}
+
+TEST(ShowdownKeys, AFlushPartIsZeroUnlessExactlyFiveCardsOfTheSuit) {
+  const uint32_t four = RankMaskBit(14) | RankMaskBit(13) | RankMaskBit(9) | RankMaskBit(5);
+  EXPECT_EQ(FlushPartKey(four, 0), 0u);
+  EXPECT_EQ(FlushPartKey(four | RankMaskBit(12) | RankMaskBit(11), RankMaskBit(12) | RankMaskBit(11)), 0u);
+  EXPECT_EQ(FlushPartKey(four | RankMaskBit(12), RankMaskBit(12)), MakeShowdownKey(kCategoryFlush, 12));
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,86 @@
+// A window model with one fresh profile, "Generic", current: the range editor's starting point in tests.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "cards/preflop_order.h"
+
+namespace quillet {
+
+inline int Block(const char* name) {
+  const int index = FindClassByName(name);
+  EXPECT_GE(index, 0) << name;
+  return index;
+}
+
+class EditorTest : public ::testing::Test {
+ protected:
+  EditorTest() {
+    form.profiles.resize(1);
+    InitProfile(form.profiles[0]);
+    form.profiles[0].name = "Generic";
+    form.currentProfileIndex = 0;
+  }
+
+  RangeLayer& onLayer() { return form.profiles[0].rangeLayer; }
+  RangeLayer& seenLayer() { return form.profiles[0].seenLayer; }
+
+  // Blocks whose record in the layer holds anything.
+  static std::set<int> BlocksIn(const RangeLayer& layer) {
+    std::set<int> blocks;
+    for (int i = 0; i < kClassCount; ++i) {
+      if (layer[i].count != 0) blocks.insert(i);
+    }
+    return blocks;
+  }
+  std::set<int> SelectedOn() const {
+    std::set<int> blocks;
+    for (int i = 0; i < kClassCount; ++i) {
+      if (form.grid.selectedOn[i]) blocks.insert(i);
+    }
+    return blocks;
+  }
+  std::set<int> SelectedSeen() const {
+    std::set<int> blocks;
+    for (int i = 0; i < kClassCount; ++i) {
+      if (form.grid.selectedSeen[i]) blocks.insert(i);
+    }
+    return blocks;
+  }
+  std::set<int> ShownCells() const {
+    std::set<int> cells;
+    for (int k = 0; k < 16; ++k) {
+      if (form.grid.comboShown[k]) cells.insert(k);
+    }
+    return cells;
+  }
+  static std::set<int> Blocks(std::initializer_list<const char*> names) {
+    std::set<int> blocks;
+    for (const char* n : names) blocks.insert(Block(n));
+    return blocks;
+  }
+  // The classes named in the preflop order's rows 0..last.
+  static std::set<int> BlocksOfRows(int last) {
+    std::set<int> blocks;
+    for (int row = 0; row <= last; ++row) {
+      for (const std::string& name : SplitClassList(PreflopOrder()[row].classes))
+        blocks.insert(FindClassByName(name));
+    }
+    return blocks;
+  }
+  void TypeRange(const std::string& text) {
+    form.SetRangeText(text);
+    form.txtRange_KeyUp(kKeyEnter, 0);
+  }
+
+  RecordingServices services;
+  Form1Model form{services};
+};
+
+}  // namespace quillet
