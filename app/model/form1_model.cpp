@@ -1,7 +1,11 @@
 #include "app/model/form1_model.h"
 
+#include "cards/card.h"
 #include "cards/hand_class.h"
+#include "cards/preflop_order.h"
 #include "categorise/categories.h"
+#include "equity/deck.h"
+#include "equity/lookup_tables.h"
 
 namespace quillet {
 
@@ -27,6 +31,77 @@ void Form1Model::InitHandGrid() {
       default: grid.baseColour[i] = scheme.offsuitBase; break;
     }
   }
+}
+
+bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
+  ProfilePaths(programFolder);
+
+  // The default scheme first: the grid's base colours are taken from it.
+  colourSchemeDefault = true;
+  scheme = kDefaultColourScheme;
+  mnuSwitchColourSchemeCaption = "Switch to New Colour Scheme";
+
+  // The shared tables are built on first use; asking for them here builds them in the order in which later
+  // steps read them (the slider reads the preflop order, the grid the suit pairs).
+  PreflopOrder();
+  CardText();
+  PreflopRangeLists();
+  InitCategories(categories);
+  TheDeck();
+  SuitPairs();
+  Slider1.max = static_cast<int>(PreflopOrder().size()) - 1;
+  Slider1.value = 0;
+
+  InitHandGrid();
+  grid.selectedOn.fill(false);
+  grid.selectedSeen.fill(false);
+  grid.comboShown.fill(false);
+
+  if (!LoadProfiles()) return false;  // the version question answered No: end now, writing nothing
+  currentProfileIndex = FirstProfileIndex();
+  LoadPreferences();
+  ShowCurrentProfile();
+
+  ColourCodeRT(txtMyHand);
+  ColourCodeRT(txtBoard);
+  ClearEquityDisplay();
+  if (!LoadLookupTables()) return false;
+
+  // Nothing is pending when the window first shows.
+  tmrSliderMoving.Disable();
+  tmrCalcEquity.Disable();
+  tmrTVError.Disable();
+  return true;
+}
+
+void Form1Model::Form_QueryUnload() {
+  SaveProfiles();
+  SavePreferences();
+  if (highlightedLabel) {
+    label(*highlightedLabel).opaque = false;
+    highlightedLabel.reset();
+  }
+  frmSelCards.visible = false;
+}
+
+void Form1Model::ShowCurrentProfile() {
+  PlayerProfile* profile = currentProfile();
+  const bool selected = profile != nullptr;
+  label(CommandLabel::lblDelete).visible = selected;
+  label(CommandLabel::lblSave).visible = false;
+  cmbPlayer.foreColour = kWindowTextColour;
+  if (!selected) return;
+  RefillPlayerList(profile->name);
+  SetRangeText(profile->rangeText);
+  SetBlockColours();
+}
+
+bool Form1Model::LoadLookupTables() {
+  const TablesOrError& tables = ProgramTables();
+  if (tables.ok()) return true;
+  services.MsgBox(tables.error + "\r\n\r\nQuillet cannot start without its preflop table.",
+                  MessageIcon::Warning);
+  return false;
 }
 
 PlayerProfile* Form1Model::currentProfile() {

@@ -175,6 +175,12 @@ class Form1Model {
   void Form_QueryUnload();
   // Fills names, captions, kinds and base colours of the 169 blocks from the current colour scheme.
   void InitHandGrid();
+  // Shows the current profile: its name in cmbPlayer, its stored range text in txtRange, its layers on the
+  // grid (SetBlockColours), lblDelete shown and lblSave hidden. An empty range text stays empty. With no
+  // profile current only the two labels follow.
+  void ShowCurrentProfile();
+  // The preflop matchup tables; false (after telling the user why) when they cannot be loaded.
+  bool LoadLookupTables();
 
   // The current profile, or nullptr when none is selected.
   PlayerProfile* currentProfile();

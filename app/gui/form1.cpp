@@ -1,0 +1,667 @@
+#include "app/gui/form1.h"
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "app/gui/qt_convert.h"
+#include "app/gui/result_icons.h"
+
+namespace quillet::gui {
+namespace {
+
+// The window's fixed width and least height in pixels (13545 x 8010 twips).
+constexpr int kWindowWidth = 903;
+constexpr int kWindowMinHeight = 534;
+
+// The results tree's column: its top edge, and the three-line cook caption below it.
+constexpr int kRightX = 470;
+constexpr int kRightWidth = kWindowWidth - kRightX - 8;
+constexpr int kTreeTop = 66;
+constexpr int kCaptionHeight = 48;
+
+const char* const kHint =
+    "Shift,Ctrl,Alt to modify selection. Right click for semi-permanent range definitions. Ctrl+Alt just to "
+    "see";
+
+QFont WindowFont() {
+  QFont font;
+  font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
+  font.setStyleHint(QFont::SansSerif);
+  font.setPixelSize(12);
+  return font;
+}
+
+bool SameNodes(const std::vector<ResultNode>& a, const std::vector<ResultNode>& b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i].key != b[i].key || a[i].text != b[i].text || a[i].image != b[i].image ||
+        a[i].foreColour != b[i].foreColour || a[i].parent != b[i].parent) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void SetTextColour(QWidget& widget, QPalette::ColorRole role, Colour colour) {
+  QPalette palette = widget.palette();
+  const QColor wanted = colour == kWindowTextColour ? QPalette().color(role) : ToQColor(colour, palette);
+  if (palette.color(role) == wanted) return;
+  palette.setColor(role, wanted);
+  widget.setPalette(palette);
+}
+
+}  // namespace
+
+Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
+    : QWidget(parent), model_(model), services_(services) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QStringLiteral("Poker Quillet Hand Range Analyzer and Odds Calculator"));
+  setFont(WindowFont());
+  setMouseTracking(true);
+  setMinimumSize(kWindowWidth, kWindowMinHeight);
+  setMaximumWidth(kWindowWidth);
+  resize(kWindowWidth, kWindowMinHeight);
+
+  BuildControls();
+  BuildMenus();
+  ConnectEvents();
+  services_.Attach(this);
+
+  model_.geometry.treeTop = kTreeTop * kTwipsPerPixel;
+  model_.txtMyHand.width = txtMyHand_->width();
+  model_.txtBoard.width = txtBoard_->width();
+  LayOutTree();
+  Refresh();
+}
+
+Form1::~Form1() { services_.Attach(nullptr); }
+
+void Form1::BuildControls() {
+  auto commandLabel = [this](CommandLabel id, const char* name, int x, int y, int w, int h) {
+    auto* label = new CommandLabelWidget(id, this);
+    label->setObjectName(QString::fromLatin1(name));
+    label->setGeometry(x, y, w, h);
+    commandLabels_[static_cast<int>(id)] = label;
+    return label;
+  };
+  auto caption = [this](const QString& text, int x, int y, int w, int h,
+                        Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter) {
+    auto* label = new CaptionLabel(text, this);
+    label->setGeometry(x, y, w, h);
+    label->setAlignment(align);
+    return label;
+  };
+
+  // The player-profile box with its Save and Delete labels; the options and the two web pages.
+  caption(QStringLiteral("Player Profile:"), 8, 7, 96, 26);
+  cmbPlayer_ = new QComboBox(this);
+  cmbPlayer_->setObjectName(QStringLiteral("cmbPlayer"));
+  cmbPlayer_->setEditable(true);
+  cmbPlayer_->setInsertPolicy(QComboBox::NoInsert);
+  cmbPlayer_->setCompleter(nullptr);  // names are matched exactly, case and all, by the model
+  cmbPlayer_->setGeometry(104, 7, 206, 26);
+  commandLabel(CommandLabel::lblSave, "lblSave", 316, 9, 48, 22);
+  commandLabel(CommandLabel::lblDelete, "lblDelete", 368, 9, 60, 22);
+  commandLabel(CommandLabel::lblOptions, "lblOptions", 632, 9, 78, 22);
+  commandLabel(CommandLabel::lblHelp, "lblHelp", 714, 9, 58, 22);
+  commandLabel(CommandLabel::lblWebsite, "lblWebsite", 776, 9, 118, 22);
+
+  // The card boxes.
+  lblMyHand_ = new ClickableLabel(QStringLiteral("My Hand"), this);
+  lblMyHand_->setObjectName(QStringLiteral("lblMyHand"));
+  lblMyHand_->setGeometry(8, 46, 62, 22);
+  txtMyHand_ = new CardTextBox(this);
+  txtMyHand_->setObjectName(QStringLiteral("txtMyHand"));
+  txtMyHand_->setGeometry(70, 42, 96, 30);
+  lblBoardCards_ = new ClickableLabel(QStringLiteral("Board Cards"), this);
+  lblBoardCards_->setObjectName(QStringLiteral("lblBoardCards"));
+  lblBoardCards_->setGeometry(180, 46, 84, 22);
+  txtBoard_ = new CardTextBox(this);
+  txtBoard_->setObjectName(QStringLiteral("txtBoard"));
+  txtBoard_->setGeometry(264, 42, 150, 30);
+
+  // Cook, Calc Equity and the two read-outs.
+  commandLabel(CommandLabel::cmdCheckPossibleHands, "cmdCheckPossibleHands", 8, 80, 60, 24);
+  commandLabel(CommandLabel::cmdCalcEquity, "cmdCalcEquity", 72, 80, 104, 24);
+  caption(QStringLiteral("My Equity:"), 182, 80, 76, 24, Qt::AlignRight | Qt::AlignVCenter);
+  lblMyEquity_ = new QLabel(this);
+  lblMyEquity_->setObjectName(QStringLiteral("lblMyEquity"));
+  lblMyEquity_->setGeometry(262, 80, 64, 24);
+  lblMyEquity_->setAlignment(Qt::AlignCenter);
+  caption(QStringLiteral("Opp Equity:"), 330, 80, 78, 24, Qt::AlignRight | Qt::AlignVCenter);
+  lbloppEquity_ = new QLabel(this);
+  lbloppEquity_->setObjectName(QStringLiteral("lbloppEquity"));
+  lbloppEquity_->setGeometry(410, 80, 56, 24);
+  lbloppEquity_->setAlignment(Qt::AlignCenter);
+  QFont readOut = WindowFont();
+  readOut.setBold(true);
+  lblMyEquity_->setFont(readOut);
+  lbloppEquity_->setFont(readOut);
+
+  // The grid with its hint, the suit matrix, the range text and slider, the quick-select commands.
+  QLabel* hint = caption(QString::fromLatin1(kHint), 8, 110, 452, 32, Qt::AlignLeft | Qt::AlignVCenter);
+  hint->setWordWrap(true);
+  QFont hintFont = WindowFont();
+  hintFont.setPixelSize(11);
+  hint->setFont(hintFont);
+  hint->setStyleSheet(QStringLiteral("color: #404040;"));
+  grid_ = new HandGridWidget(model_, this);
+  grid_->setObjectName(QStringLiteral("PFHand"));
+  grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * 22 + 1);
+
+  txtRange_ = new QLineEdit(this);
+  txtRange_->setObjectName(QStringLiteral("txtRange"));
+  txtRange_->setGeometry(8, 438, 58, 24);
+  caption(QStringLiteral("%"), 68, 438, 14, 24);
+  slider_ = new QSlider(Qt::Horizontal, this);
+  slider_->setObjectName(QStringLiteral("Slider1"));
+  slider_->setGeometry(84, 438, 258, 24);
+  slider_->setPageStep(10);
+
+  commandLabel(CommandLabel::cmdAll, "cmdAll", 8, 468, 40, 22);
+  commandLabel(CommandLabel::cmdAnyPair, "cmdAnyPair", 52, 468, 74, 22);
+  commandLabel(CommandLabel::cmdAnySuited, "cmdAnySuited", 130, 468, 86, 22);
+  commandLabel(CommandLabel::cmdAnyBroadway, "cmdAnyBroadway", 220, 468, 116, 22);
+  commandLabel(CommandLabel::cmdClearOnBlocks, "cmdClearOnBlocks", 8, 496, 74, 22);
+  commandLabel(CommandLabel::cmdClearSeenBlocks, "cmdClearSeenBlocks", 86, 496, 86, 22);
+  commandLabel(CommandLabel::cmdClearAllBlocks, "cmdClearAllBlocks", 176, 496, 76, 22);
+
+  lblSeen_ = new QLabel(QStringLiteral("Seen"), this);
+  lblSeen_->setObjectName(QStringLiteral("lblSeen"));
+  lblSeen_->setGeometry(270, 496, 62, 22);
+  lblSeen_->setAlignment(Qt::AlignCenter);
+  lblSeen_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  lblSeen_->setStyleSheet(QStringLiteral("background: #0000ff; color: white; font-weight: bold;"));
+
+  matrix_ = new SuitMatrixWidget(model_, this);
+  matrix_->setObjectName(QStringLiteral("picSuit"));
+  matrix_->setGeometry(352, 436, 108, 90);
+
+  // The results tree and the cook's three counts beneath it.
+  lblOpponentRange_ = caption(QStringLiteral("Opponent Range:"), kRightX, 44, 200, 20);
+  tree_ = new QTreeWidget(this);
+  tree_->setObjectName(QStringLiteral("TV"));
+  tree_->setHeaderHidden(true);
+  tree_->setColumnCount(1);
+  tree_->setUniformRowHeights(true);
+  tree_->setSelectionMode(QAbstractItemView::SingleSelection);
+  tree_->setIconSize(QSize(16, 16));
+  lblCheckPossibleHands_ = new QLabel(this);
+  lblCheckPossibleHands_->setObjectName(QStringLiteral("lblCheckPossibleHands"));
+  lblCheckPossibleHands_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  lblCheckPossibleHands_->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+  picker_ = new SelCardsWindow(
+      model_.frmSelCards, [this](std::function<void()> handler) { Act(handler); }, this);
+}
+
+void Form1::BuildMenus() {
+  auto tick = [this](QMenu* menu, const char* name, const char* text, bool MenuOptions::*option,
+                     void (Form1Model::*handler)()) {
+    QAction* action = menu->addAction(QString::fromLatin1(text));
+    action->setObjectName(QString::fromLatin1(name));
+    action->setCheckable(true);
+    tickActions_.push_back({action, option});
+    const std::function<void()> run = std::bind(handler, &model_);
+    connect(action, &QAction::triggered, this, [this, run] { Act(run); });
+    return action;
+  };
+
+  optionsMenu_ = new QMenu(QStringLiteral("Options"), this);
+  optionsMenu_->setObjectName(QStringLiteral("mnuOptions"));
+  QMenu* display = optionsMenu_->addMenu(QStringLiteral("Display Options"));
+  display->setObjectName(QStringLiteral("mnuDisplayOptions"));
+  QMenu* simplify = display->addMenu(QStringLiteral("Simplify"));
+  simplify->setObjectName(QStringLiteral("mnuSimplify"));
+  tick(simplify, "mnuSimplifyOutput", "Simplify Output", &MenuOptions::simplifyOutput,
+       &Form1Model::mnuSimplifyOutput_Click);
+  tick(simplify, "mnuSimplifyFurther", "Simplify Further for Clipboard Export", &MenuOptions::simplifyFurther,
+       &Form1Model::mnuSimplifyFurther_Click);
+  tick(display, "mnuHideEmptyCats", "Hide Empty Categories", &MenuOptions::hideEmptyCats,
+       &Form1Model::mnuHideEmptyCats_Click);
+  QMenu* appearance = optionsMenu_->addMenu(QStringLiteral("Appearance"));
+  appearance->setObjectName(QStringLiteral("mnuAppearance"));
+  tick(appearance, "mnuCategoryIcons", "Category Icons", &MenuOptions::categoryIcons,
+       &Form1Model::mnuCategoryIcons_Click);
+  tick(appearance, "mnuWinLoseIcons", "Win Lose Icons", &MenuOptions::winLoseIcons,
+       &Form1Model::mnuWinLoseIcons_Click);
+  switchScheme_ = appearance->addAction(QString());
+  switchScheme_->setObjectName(QStringLiteral("mnuSwitchColourScheme"));
+  connect(switchScheme_, &QAction::triggered, this,
+          [this] { Act([this] { model_.mnuSwitchColourScheme_Click(); }); });
+  QMenu* operation = optionsMenu_->addMenu(QStringLiteral("Operation"));
+  operation->setObjectName(QStringLiteral("mnuOperation"));
+  tick(operation, "mnuCalcEquityOnCook", "Auto Calc Equity on Cook", &MenuOptions::calcEquityOnCook,
+       &Form1Model::mnuCalcEquityOnCook_Click);
+  tick(operation, "mnuAutoPFEquityCalc", "Auto Calc Equity Preflop on Range Change",
+       &MenuOptions::autoPFEquityCalc, &Form1Model::mnuAutoPFEquityCalc_Click);
+
+  treeMenu_ = new QMenu(QStringLiteral("TV"), this);
+  treeMenu_->setObjectName(QStringLiteral("mnuTV"));
+  QAction* add = treeMenu_->addAction(QStringLiteral("Add to Range"));
+  add->setObjectName(QStringLiteral("mnuAdd2Range"));
+  connect(add, &QAction::triggered, this, [this] { Act([this] { model_.mnuAdd2Range_Click(); }); });
+  QAction* copy = treeMenu_->addAction(QStringLiteral("Copy Results to Clipboard"));
+  copy->setObjectName(QStringLiteral("mnuCopyToClipboard"));
+  connect(copy, &QAction::triggered, this, [this] { Act([this] { model_.mnuCopyToClipboard_Click(); }); });
+}
+
+QAction* Form1::menuAction(const char* name) const {
+  for (QMenu* menu : {optionsMenu_, treeMenu_}) {
+    if (auto* action = menu->findChild<QAction*>(QString::fromLatin1(name))) return action;
+  }
+  return nullptr;
+}
+
+void Form1::ConnectEvents() {
+  for (CommandLabelWidget* label : commandLabels_) {
+    connect(label, &CommandLabelWidget::hovered, this, [this](CommandLabel id) {
+      if (model_.highlightedLabel != id) Act([this, id] { model_.HighlightLabel(id); });
+    });
+    connect(label, &CommandLabelWidget::clicked, this, &Form1::CommandClicked);
+  }
+
+  // The player box: a name picked from the list, and every key released while typing one.
+  connect(cmbPlayer_, &QComboBox::activated, this, [this](int index) {
+    Act([this, index] {
+      if (index >= 0 && index < static_cast<int>(model_.cmbPlayer.items.size())) {
+        model_.cmbPlayer.listIndex = index;
+        model_.cmbPlayer.text = model_.cmbPlayer.items[index];
+      }
+      model_.cmbPlayer_Click();
+    });
+  });
+  connect(cmbPlayer_->lineEdit(), &QLineEdit::textEdited, this,
+          [this](const QString& text) { model_.cmbPlayer.text = ToStdString(text); });
+  cmbPlayer_->lineEdit()->installEventFilter(this);
+
+  // The card boxes.
+  connect(txtMyHand_, &CardTextBox::keyDown, this,
+          [this](int key, int shift) { Act([this, key, shift] { model_.txtMyHand_KeyDown(key, shift); }); });
+  connect(txtBoard_, &CardTextBox::keyDown, this,
+          [this](int key, int shift) { Act([this, key, shift] { model_.txtBoard_KeyDown(key, shift); }); });
+  connect(txtMyHand_, &CardTextBox::edited, this, [this] {
+    model_.txtMyHand.text = txtMyHand_->Text();
+    model_.txtMyHand.charColours = txtMyHand_->CharColours();
+  });
+  connect(txtBoard_, &CardTextBox::edited, this, [this] {
+    model_.txtBoard.text = txtBoard_->Text();
+    model_.txtBoard.charColours = txtBoard_->CharColours();
+  });
+  connect(txtMyHand_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
+  connect(txtBoard_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtBoard_Click(); }); });
+  connect(lblMyHand_, &ClickableLabel::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
+  connect(lblBoardCards_, &ClickableLabel::clicked, this,
+          [this] { Act([this] { model_.txtBoard_Click(); }); });
+
+  // The grid and the suit matrix.
+  connect(grid_, &HandGridWidget::blockMouseUp, this, [this](int index, int button, int shift) {
+    Act([this, index, button, shift] { model_.PFHand_MouseUp(index, button, shift); });
+  });
+  connect(matrix_, &SuitMatrixWidget::cellClicked, this,
+          [this](int index) { Act([this, index] { model_.picSuit_Click(index); }); });
+
+  // The range text: every edit is the box's change; key releases and clicks go to their handlers.
+  connect(txtRange_, &QLineEdit::textEdited, this,
+          [this](const QString& text) { Act([this, text] { model_.SetRangeText(ToStdString(text)); }); });
+  txtRange_->installEventFilter(this);
+
+  // The slider: a move by the mouse applies at once; the keyboard moves it and the timer applies it.
+  connect(slider_, &QSlider::valueChanged, this, [this](int value) {
+    if (showingSlider_) return;
+    model_.Slider1.value = value;
+    if (sliderKeyHeld_) return;
+    sliderAppliedValue_ = value;
+    Act([this] { model_.Slider1_MouseMove(kLeftButton, ShiftMask(QGuiApplication::keyboardModifiers())); });
+  });
+  slider_->installEventFilter(this);
+
+  // The tree: the right button's pop-up, F3, and the selected node.
+  tree_->viewport()->installEventFilter(this);
+  tree_->installEventFilter(this);
+  connect(tree_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+    if (showingTree_) return;
+    model_.TV.selected = item != nullptr ? item->data(0, Qt::UserRole).toInt() : -1;
+  });
+
+  // The three timers, driven by the model's timer states.
+  tmrSliderMoving_.setObjectName(QStringLiteral("tmrSliderMoving"));
+  tmrCalcEquity_.setObjectName(QStringLiteral("tmrCalcEquity"));
+  tmrTVError_.setObjectName(QStringLiteral("tmrTVError"));
+  connect(&tmrSliderMoving_, &QTimer::timeout, this, [this] {
+    TimerFired(tmrSliderMoving_, [this] {
+      sliderAppliedValue_ = model_.Slider1.value;
+      model_.tmrSliderMoving_Timer();
+    });
+  });
+  connect(&tmrCalcEquity_, &QTimer::timeout, this,
+          [this] { TimerFired(tmrCalcEquity_, [this] { model_.tmrCalcEquity_Timer(); }); });
+  connect(&tmrTVError_, &QTimer::timeout, this,
+          [this] { TimerFired(tmrTVError_, [this] { model_.tmrTVError_Timer(); }); });
+}
+
+void Form1::CommandClicked(CommandLabel id) {
+  Act([this, id] {
+    switch (id) {
+      case CommandLabel::cmdAll:
+        model_.cmdAll_Click();
+        break;
+      case CommandLabel::cmdAnyPair:
+        model_.cmdAnyPair_Click();
+        break;
+      case CommandLabel::cmdAnySuited:
+        model_.cmdAnySuited_Click();
+        break;
+      case CommandLabel::cmdAnyBroadway:
+        model_.cmdAnyBroadway_Click();
+        break;
+      case CommandLabel::cmdClearOnBlocks:
+        model_.cmdClearOnBlocks_Click();
+        break;
+      case CommandLabel::cmdClearSeenBlocks:
+        model_.cmdClearSeenBlocks_Click();
+        break;
+      case CommandLabel::cmdClearAllBlocks:
+        model_.cmdClearAllBlocks_Click();
+        break;
+      case CommandLabel::cmdCheckPossibleHands:
+        model_.cmdCheckPossibleHands_Click();
+        break;
+      case CommandLabel::cmdCalcEquity:
+        model_.cmdCalcEquity_Click();
+        break;
+      case CommandLabel::lblOptions:
+        model_.lblOptions_Click();
+        break;
+      case CommandLabel::lblHelp:
+        model_.lblHelp_Click();
+        break;
+      case CommandLabel::lblWebsite:
+        model_.lblWebsite_Click();
+        break;
+      case CommandLabel::lblSave:
+        model_.lblSave_Click();
+        break;
+      case CommandLabel::lblDelete:
+        model_.lblDelete_Click();
+        break;
+    }
+  });
+}
+
+void Form1::Act(const std::function<void()>& handler) {
+  ++acting_;
+  handler();
+  --acting_;
+  Refresh();
+}
+
+void Form1::TimerFired(QTimer& timer, const std::function<void()>& handler) {
+  // A handler never runs inside another one, nor under an open message box: the timer waits, and the
+  // next refresh starts it again while the model still wants it.
+  if (acting_ > 0 || services_.InModalBox()) {
+    timer.stop();
+    return;
+  }
+  Act(handler);
+}
+
+void Form1::Refresh() {
+  for (int i = 0; i < kCommandLabelCount; ++i) commandLabels_[i]->ShowState(model_.commandLabels[i]);
+  ShowPlayerBox();
+
+  txtMyHand_->ShowState(model_.txtMyHand);
+  txtBoard_->ShowState(model_.txtBoard);
+
+  const QString rangeText = ToQString(model_.txtRange.text);
+  if (txtRange_->text() != rangeText) txtRange_->setText(rangeText);
+  SetTextColour(*txtRange_, QPalette::Text, model_.txtRange.foreColour);
+
+  showingSlider_ = true;
+  if (slider_->maximum() != model_.Slider1.max) slider_->setRange(0, model_.Slider1.max);
+  if (slider_->value() != model_.Slider1.value) slider_->setValue(model_.Slider1.value);
+  showingSlider_ = false;
+
+  grid_->update();
+  matrix_->update();
+  lblSeen_->setVisible(model_.lblSeenVisible);
+
+  lblMyEquity_->setText(ToQString(model_.lblMyEquity.caption));
+  ShowLabelBackground(*lblMyEquity_, model_.lblMyEquity.opaque, model_.lblMyEquity.backColour);
+  lbloppEquity_->setText(ToQString(model_.lbloppEquity.caption));
+  lblCheckPossibleHands_->setText(ToDisplayText(model_.lblCheckPossibleHands));
+
+  ShowTree();
+
+  for (const TickAction& t : tickActions_) {
+    const bool ticked = model_.options.*t.tick;
+    if (t.action->isChecked() != ticked) t.action->setChecked(ticked);
+  }
+  switchScheme_->setText(ToQString(model_.mnuSwitchColourSchemeCaption));
+
+  SyncTimer(tmrSliderMoving_, model_.tmrSliderMoving, shownSliderArm_);
+  SyncTimer(tmrCalcEquity_, model_.tmrCalcEquity, shownCalcArm_);
+  SyncTimer(tmrTVError_, model_.tmrTVError, shownTVErrorArm_);
+
+  const QWidget* anchor = model_.frmSelCards.anchor == ControlId::txtBoard ? txtBoard_ : txtMyHand_;
+  picker_->ShowState(anchor);
+}
+
+void Form1::ShowPlayerBox() {
+  const ComboBoxState& box = model_.cmbPlayer;
+  QSignalBlocker block(cmbPlayer_);
+  if (shownPlayers_ != box.items) {
+    cmbPlayer_->clear();
+    for (const std::string& name : box.items) cmbPlayer_->addItem(ToQString(name));
+    shownPlayers_ = box.items;
+  }
+  if (cmbPlayer_->currentIndex() != box.listIndex) cmbPlayer_->setCurrentIndex(box.listIndex);
+  const QString text = ToQString(box.text);
+  if (cmbPlayer_->currentText() != text) cmbPlayer_->setEditText(text);
+  SetTextColour(*cmbPlayer_->lineEdit(), QPalette::Text, box.foreColour);
+}
+
+void Form1::ShowTree() {
+  const ResultsTree& model = model_.TV;
+  showingTree_ = true;
+  if (!SameNodes(model.nodes, shownNodes_)) {
+    tree_->clear();
+    std::vector<QTreeWidgetItem*> items;
+    items.reserve(model.nodes.size());
+    const QPalette palette = tree_->palette();
+    for (std::size_t i = 0; i < model.nodes.size(); ++i) {
+      const ResultNode& node = model.nodes[i];
+      QTreeWidgetItem* item = node.parent >= 0 && node.parent < static_cast<int>(i)
+                                  ? new QTreeWidgetItem(items[static_cast<std::size_t>(node.parent)])
+                                  : new QTreeWidgetItem(tree_);
+      item->setText(0, ToQString(node.text));
+      item->setData(0, Qt::UserRole, static_cast<int>(i));
+      if (node.foreColour) item->setForeground(0, ToQColor(*node.foreColour, palette));
+      if (!node.image.empty()) item->setIcon(0, ResultIcon(node.image));
+      items.push_back(item);
+    }
+    shownNodes_ = model.nodes;
+  }
+  QTreeWidgetItem* current = tree_->currentItem();
+  const int shownSelected = current != nullptr ? current->data(0, Qt::UserRole).toInt() : -1;
+  if (shownSelected != model.selected) {
+    QTreeWidgetItem* wanted = nullptr;
+    if (model.selected >= 0) {
+      for (QTreeWidgetItemIterator it(tree_); *it != nullptr; ++it) {
+        if ((*it)->data(0, Qt::UserRole).toInt() == model.selected) {
+          wanted = *it;
+          break;
+        }
+      }
+    }
+    tree_->setCurrentItem(wanted);
+  }
+  showingTree_ = false;
+  if (shownPointer_ != model_.tvMousePointer) {
+    shownPointer_ = model_.tvMousePointer;
+    if (shownPointer_ == 99) {
+      tree_->viewport()->setCursor(TreeErrorCursor());
+    } else {
+      tree_->viewport()->unsetCursor();
+    }
+  }
+}
+
+void Form1::SyncTimer(QTimer& timer, const TimerState& state, uint64_t& shownArm) {
+  if (!state.enabled) {
+    if (timer.isActive()) timer.stop();
+  } else if (!timer.isActive() || state.armCount != shownArm) {
+    timer.start(state.intervalMs);  // (re)starts the delay
+  }
+  shownArm = state.armCount;
+}
+
+void Form1::PopUpMenu(PopupMenuId menu) {
+  Refresh();
+  QMenu* popup = menu == PopupMenuId::Options ? optionsMenu_ : treeMenu_;
+  popup->popup(QCursor::pos());
+}
+
+void Form1::FocusControl(ControlId control) {
+  switch (control) {
+    case ControlId::txtMyHand:
+      txtMyHand_->setFocus();
+      break;
+    case ControlId::txtBoard:
+      txtBoard_->setFocus();
+      break;
+    case ControlId::txtRange:
+      txtRange_->setFocus();
+      break;
+    case ControlId::cmbPlayer:
+      cmbPlayer_->setFocus();
+      break;
+    case ControlId::Slider1:
+      slider_->setFocus();
+      break;
+    case ControlId::TV:
+      tree_->setFocus();
+      break;
+  }
+}
+
+void Form1::RepaintNow() {
+  Refresh();
+  repaint();
+}
+
+void Form1::LayOutTree() {
+  const int treeHeight = model_.geometry.treeHeight / kTwipsPerPixel;
+  tree_->setGeometry(kRightX, kTreeTop, kRightWidth, std::max(0, treeHeight));
+  lblCheckPossibleHands_->setGeometry(kRightX, kTreeTop + treeHeight + 2, kRightWidth, kCaptionHeight);
+}
+
+void Form1::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (resizing_ || tree_ == nullptr) return;
+  WindowGeometry& g = model_.geometry;
+  g.width = width() * kTwipsPerPixel;
+  g.height = height() * kTwipsPerPixel;
+  g.normalState = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+  model_.Form_Resize();
+  const int wantedWidth = g.width / kTwipsPerPixel;
+  const int wantedHeight = (g.height + kTwipsPerPixel - 1) / kTwipsPerPixel;
+  if (g.normalState && (wantedWidth != width() || wantedHeight != height())) {
+    resizing_ = true;
+    resize(wantedWidth, wantedHeight);
+    resizing_ = false;
+  }
+  LayOutTree();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  Act([this] { model_.Form_QueryUnload(); });
+  event->accept();
+}
+
+void Form1::mouseMoveEvent(QMouseEvent* event) {
+  QWidget::mouseMoveEvent(event);
+  if (model_.highlightedLabel) Act([this] { model_.Form_MouseMove(); });
+}
+
+bool Form1::SliderKey(QKeyEvent* event, bool down) {
+  if (event->isAutoRepeat() && !down) return false;  // a held key: only its last release counts
+  const int key = KeyCode(*event);
+  const int shift = ShiftMask(event->modifiers());
+  if (down) {
+    sliderKeyHeld_ = true;
+    Act([this, key, shift] { model_.Slider1_KeyDown(key, shift); });
+  } else {
+    sliderKeyHeld_ = false;
+    // A key tapped faster than the timer's first tick still moves the range.
+    Act([this, key, shift] {
+      if (model_.tmrSliderMoving.enabled && sliderAppliedValue_ != model_.Slider1.value) {
+        sliderAppliedValue_ = model_.Slider1.value;
+        model_.tmrSliderMoving_Timer();
+      }
+      model_.Slider1_KeyUp(key, shift);
+    });
+  }
+  return false;
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (watched == cmbPlayer_->lineEdit()) {
+    if (type == QEvent::KeyPress) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      // Enter is the model's business (it saves a new name); the combo box must not act on it.
+      if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) return true;
+    } else if (type == QEvent::KeyRelease) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      if (key->isAutoRepeat()) return false;
+      const int code = KeyCode(*key);
+      const int shift = ShiftMask(key->modifiers());
+      Act([this, code, shift] {
+        model_.cmbPlayer.text = ToStdString(cmbPlayer_->lineEdit()->text());
+        model_.cmbPlayer_KeyUp(code, shift);
+      });
+    }
+  } else if (watched == txtRange_) {
+    if (type == QEvent::KeyRelease) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      if (!key->isAutoRepeat()) {
+        const int code = KeyCode(*key);
+        const int shift = ShiftMask(key->modifiers());
+        Act([this, code, shift] { model_.txtRange_KeyUp(code, shift); });
+      }
+    } else if (type == QEvent::KeyPress) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) return true;
+    } else if (type == QEvent::MouseButtonRelease &&
+               static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+      Act([this] { model_.txtRange_Click(); });
+      txtRange_->setSelection(model_.txtRange.selStart, model_.txtRange.selLength);
+      return true;
+    }
+  } else if (watched == slider_) {
+    if (type == QEvent::KeyPress) return SliderKey(static_cast<QKeyEvent*>(event), true);
+    if (type == QEvent::KeyRelease) return SliderKey(static_cast<QKeyEvent*>(event), false);
+  } else if (watched == tree_->viewport()) {
+    if (type == QEvent::MouseButtonRelease) {
+      const int button = ButtonNumber(static_cast<QMouseEvent*>(event)->button());
+      Act([this, button] { model_.TV_MouseUp(button); });
+    }
+  } else if (watched == tree_) {
+    if (type == QEvent::KeyRelease) {
+      auto* key = static_cast<QKeyEvent*>(event);
+      if (!key->isAutoRepeat()) {
+        const int code = KeyCode(*key);
+        Act([this, code] { model_.TV_KeyUp(code); });
+      }
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace quillet::gui

@@ -1,0 +1,155 @@
+#include "app/gui/grid_widgets.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "app/gui/qt_convert.h"
+#include "cards/hand_class.h"
+
+namespace quillet::gui {
+namespace {
+
+constexpr int kSide = 13;
+constexpr int kMatrixSide = 4;
+
+}  // namespace
+
+QString SuitSymbol(int suit) {
+  static const QString kSymbols[4] = {QStringLiteral("\u2663"), QStringLiteral("\u2666"),
+                                      QStringLiteral("\u2665"), QStringLiteral("\u2660")};
+  return (suit >= 0 && suit < 4) ? kSymbols[suit] : QString();
+}
+
+QColor SuitSymbolColour(int suit) {
+  switch (suit) {
+    case 0:
+      return QColor(0, 150, 0);
+    case 1:
+      return QColor(0, 0, 230);
+    case 2:
+      return QColor(220, 0, 0);
+    default:
+      return QColor(0, 0, 0);
+  }
+}
+
+HandGridWidget::HandGridWidget(const Form1Model& model, QWidget* parent) : QWidget(parent), model_(model) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setCursor(Qt::PointingHandCursor);
+}
+
+QRect HandGridWidget::BlockRect(int index) const {
+  const int row = index / kSide;
+  const int column = index % kSide;
+  const int x0 = column * width() / kSide;
+  const int x1 = (column + 1) * width() / kSide;
+  const int y0 = row * height() / kSide;
+  const int y1 = (row + 1) * height() / kSide;
+  return QRect(x0, y0, x1 - x0, y1 - y0);
+}
+
+int HandGridWidget::BlockAt(QPoint point) const {
+  if (!rect().contains(point)) return -1;
+  const int column = point.x() * kSide / width();
+  const int row = point.y() * kSide / height();
+  if (row < 0 || row >= kSide || column < 0 || column >= kSide) return -1;
+  return row * kSide + column;
+}
+
+void HandGridWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), QColor(96, 96, 96));
+  QFont font = this->font();
+  font.setPixelSize(11);
+  painter.setFont(font);
+  const auto& classes = HandClasses();
+  for (int i = 0; i < kClassCount; ++i) {
+    const QRect cell = BlockRect(i).adjusted(0, 0, -1, -1);
+    const QColor fill = ToQColor(model_.grid.blockColour[i], palette());
+    painter.fillRect(cell, fill);
+    painter.setPen(ReadableTextOn(fill));
+    painter.drawText(cell, Qt::AlignCenter, QString::fromLatin1(classes[i].caption.c_str()));
+  }
+}
+
+void HandGridWidget::mousePressEvent(QMouseEvent* event) {
+  pressedBlock_ = BlockAt(event->position().toPoint());
+  event->accept();
+}
+
+void HandGridWidget::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  const int block = pressedBlock_;
+  if (event->buttons() == Qt::NoButton) pressedBlock_ = -1;
+  if (block < 0) return;
+  emit blockMouseUp(block, ButtonNumber(event->button()), ShiftMask(event->modifiers()));
+}
+
+SuitMatrixWidget::SuitMatrixWidget(const Form1Model& model, QWidget* parent)
+    : QWidget(parent), model_(model) {}
+
+QRect SuitMatrixWidget::CellRect(int index) const {
+  const int row = index / kMatrixSide;
+  const int column = index % kMatrixSide;
+  const int x0 = column * width() / kMatrixSide;
+  const int x1 = (column + 1) * width() / kMatrixSide;
+  const int y0 = row * height() / kMatrixSide;
+  const int y1 = (row + 1) * height() / kMatrixSide;
+  return QRect(x0, y0, x1 - x0, y1 - y0);
+}
+
+int SuitMatrixWidget::CellAt(QPoint point) const {
+  if (!rect().contains(point)) return -1;
+  const int column = point.x() * kMatrixSide / width();
+  const int row = point.y() * kMatrixSide / height();
+  if (row < 0 || row >= kMatrixSide || column < 0 || column >= kMatrixSide) return -1;
+  const int cell = row * kMatrixSide + column;
+  return model_.grid.matrixCellVisible[cell] ? cell : -1;
+}
+
+void SuitMatrixWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QFont font = this->font();
+  font.setPixelSize(13);
+  painter.setFont(font);
+  for (int k = 0; k < kMatrixSide * kMatrixSide; ++k) {
+    if (!model_.grid.matrixCellVisible[k]) continue;
+    const QRect cell = CellRect(k).adjusted(1, 1, -1, -1);
+    const QColor fill = ToQColor(model_.grid.matrixCellColour[k], palette());
+    painter.fillRect(cell, fill);
+    painter.setPen(QColor(80, 80, 80));
+    painter.drawRect(cell.adjusted(0, 0, -1, -1));
+    // The cell's suit pair: first suit on the left, second on the right, each on a white disc so that
+    // its colour reads on any cell colour.
+    const int suit1 = k / kMatrixSide;
+    const int suit2 = k % kMatrixSide;
+    const QRect left(cell.left() + 1, cell.top() + 1, cell.width() / 2 - 1, cell.height() - 2);
+    const QRect right(cell.left() + cell.width() / 2, cell.top() + 1, cell.width() / 2 - 1,
+                      cell.height() - 2);
+    for (const auto& [box, suit] : {std::pair{left, suit1}, std::pair{right, suit2}}) {
+      const int d = std::min(box.width(), box.height()) - 1;
+      const QRect disc(box.center().x() - d / 2, box.center().y() - d / 2, d, d);
+      painter.setPen(Qt::NoPen);
+      painter.setBrush(QColor(255, 255, 255, 230));
+      painter.drawEllipse(disc);
+      painter.setPen(SuitSymbolColour(suit));
+      painter.drawText(disc, Qt::AlignCenter, SuitSymbol(suit));
+    }
+  }
+}
+
+void SuitMatrixWidget::mousePressEvent(QMouseEvent* event) {
+  pressedCell_ = event->button() == Qt::LeftButton ? CellAt(event->position().toPoint()) : -1;
+  event->accept();
+}
+
+void SuitMatrixWidget::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() != Qt::LeftButton) return;
+  const int cell = pressedCell_;
+  pressedCell_ = -1;
+  if (cell >= 0 && cell == CellAt(event->position().toPoint())) emit cellClicked(cell);
+}
+
+}  // namespace quillet::gui

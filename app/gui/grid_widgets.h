@@ -1,0 +1,63 @@
+// The hand grid (PFHand, 13 x 13 blocks) and the suit matrix (picSuit, 4 x 4 cells), drawn from the
+// window model's grid state. Each reports its mouse events by block or cell index.
+#pragma once
+
+#include <QWidget>
+
+#include "app/model/form1_model.h"
+
+namespace quillet::gui {
+
+class HandGridWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  HandGridWidget(const Form1Model& model, QWidget* parent);
+
+  QRect BlockRect(int index) const;
+  // The block under `point`, or -1.
+  int BlockAt(QPoint point) const;
+
+ signals:
+  // The button was released after being pressed on block `index` (button 1 left, 2 right, 4 middle;
+  // shift 1 Shift, 2 Ctrl, 4 Alt).
+  void blockMouseUp(int index, int button, int shift);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  const Form1Model& model_;
+  int pressedBlock_ = -1;
+};
+
+class SuitMatrixWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  SuitMatrixWidget(const Form1Model& model, QWidget* parent);
+
+  QRect CellRect(int index) const;
+  // The cell under `point` that is shown, or -1.
+  int CellAt(QPoint point) const;
+
+ signals:
+  void cellClicked(int index);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  const Form1Model& model_;
+  int pressedCell_ = -1;
+};
+
+// The picture of a suit as text ("♣" ...) and its colour in card texts.
+QString SuitSymbol(int suit);
+QColor SuitSymbolColour(int suit);
+
+}  // namespace quillet::gui

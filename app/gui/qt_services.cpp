@@ -1,0 +1,81 @@
+#include "app/gui/qt_services.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QUrl>
+
+#include "app/gui/form1.h"
+#include "app/gui/qt_convert.h"
+
+namespace quillet::gui {
+namespace {
+
+QMessageBox::Icon ToQtIcon(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Information:
+      return QMessageBox::Information;
+    case MessageIcon::Warning:
+      return QMessageBox::Warning;
+    case MessageIcon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+QWidget* QtWindowServices::DialogParent() const {
+  return (form_ != nullptr && form_->isVisible()) ? form_ : nullptr;
+}
+
+void QtWindowServices::MsgBox(std::string_view text, MessageIcon icon) {
+  QMessageBox box(ToQtIcon(icon), QString::fromLatin1(kBoxTitle), ToDisplayText(text), QMessageBox::Ok,
+                  DialogParent());
+  ModalScope scope(*this);
+  box.exec();
+}
+
+bool QtWindowServices::AskYesNo(std::string_view title, std::string_view text, MessageIcon icon) {
+  QMessageBox box(ToQtIcon(icon), ToQString(title), ToDisplayText(text), QMessageBox::Yes | QMessageBox::No,
+                  DialogParent());
+  box.setDefaultButton(QMessageBox::Yes);
+  ModalScope scope(*this);
+  return box.exec() == QMessageBox::Yes;
+}
+
+std::string QtWindowServices::InputBox(std::string_view prompt, std::string_view defaultText) {
+  bool ok = false;
+  ModalScope scope(*this);
+  const QString answer =
+      QInputDialog::getText(DialogParent(), QString::fromLatin1(kBoxTitle), ToDisplayText(prompt),
+                            QLineEdit::Normal, ToQString(defaultText), &ok);
+  return ok ? ToStdString(answer) : std::string();
+}
+
+void QtWindowServices::SetClipboardText(std::string_view text) {
+  QClipboard* clipboard = QGuiApplication::clipboard();
+  clipboard->clear();
+  clipboard->setText(ToQString(text));
+}
+
+void QtWindowServices::OpenInShell(std::string_view address) {
+  // The result is not checked: when no browser opens, nothing is reported.
+  QDesktopServices::openUrl(QUrl(ToQString(address)));
+}
+
+void QtWindowServices::PopUpMenu(PopupMenuId menu) {
+  if (form_ != nullptr) form_->PopUpMenu(menu);
+}
+
+void QtWindowServices::SetFocus(ControlId control) {
+  if (form_ != nullptr) form_->FocusControl(control);
+}
+
+void QtWindowServices::RepaintNow() {
+  if (form_ != nullptr) form_->RepaintNow();
+}
+
+}  // namespace quillet::gui

@@ -1,0 +1,137 @@
+// The main window's own controls: the player-profile box with Save and Delete, the options menu and its
+// ticks, the help and website labels, and the sizing rule.
+#include <algorithm>
+
+#include "app/model/form1_model.h"
+#include "app/model/web_addresses.h"
+#include "storage/code_page.h"
+#include "storage/profile_list.h"
+
+namespace quillet {
+namespace {
+
+// Profile names have at most this many characters; a longer name can be neither selected nor saved.
+constexpr std::size_t kMaxProfileNameLength = 15;
+
+constexpr std::string_view kPlayerPrompt = "Type new player name / Select existing player";
+
+// The window's width is fixed and its height has a floor (twips); the tree keeps this margin to the
+// window's bottom edge.
+constexpr int kWindowWidth = 13545;
+constexpr int kWindowMinHeight = 8010;
+constexpr int kTreeBottomMargin = 777;
+
+std::string Trim(const std::string& text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  const auto last = text.find_last_not_of(' ');
+  return text.substr(first, last - first + 1);
+}
+
+}  // namespace
+
+bool Form1Model::SelectProfileByName() {
+  LabelState& save = label(CommandLabel::lblSave);
+  LabelState& remove = label(CommandLabel::lblDelete);
+  const std::string& name = cmbPlayer.text;
+  if (name.empty() || Utf8Length(name) > kMaxProfileNameLength) {
+    remove.visible = false;
+    save.visible = false;
+    currentProfileIndex = -1;
+    return false;
+  }
+  const int k = FindProfileByName(profiles, name);
+  if (k < 0) {
+    currentProfileIndex = -1;
+    remove.visible = false;
+    save.visible = true;
+    return false;
+  }
+  currentProfileIndex = k;
+  remove.visible = true;
+  save.visible = false;
+  SetRangeText(profiles[k].rangeText);
+  SetBlockColours();
+  if (profiles[k].rangeText.empty()) {
+    // A profile without a stored range starts with the first step of the order, as a drag to 0 gives.
+    Slider1.value = 0;
+    Slider1_MouseMove(kLeftButton, 0);
+  }
+  return true;
+}
+
+void Form1Model::cmbPlayer_Click() {
+  DeselectAllBlocks();
+  if (!SelectProfileByName()) {
+    cmbPlayer.listIndex = -1;
+    cmbPlayer.text = std::string(kPlayerPrompt);
+  }
+}
+
+void Form1Model::cmbPlayer_KeyUp(int keyCode, int /*shift*/) {
+  const bool exists = SelectProfileByName();
+  cmbPlayer.foreColour = exists ? kWindowTextColour : kRejectedTextColour;
+  if (keyCode == kKeyEnter && label(CommandLabel::lblSave).visible) lblSave_Click();
+}
+
+void Form1Model::lblSave_Click() {
+  const std::string name = Trim(cmbPlayer.text);
+  if (name.empty() || Utf8Length(name) > kMaxProfileNameLength) return;
+  DeselectAllBlocks();
+  // Trimming can turn a new name into an existing one: that profile is selected rather than doubled.
+  const int existing = FindProfileByName(profiles, name);
+  currentProfileIndex = existing >= 0 ? existing : AddProfile(name);
+  ShowCurrentProfile();
+}
+
+void Form1Model::lblDelete_Click() {
+  PlayerProfile* profile = currentProfile();
+  if (profile == nullptr) return;
+  profile->name.clear();  // the slot is free: neither listed nor saved
+  DeselectAllBlocks();
+  currentProfileIndex = FirstProfileIndex();
+  ShowCurrentProfile();
+}
+
+void Form1Model::lblOptions_Click() {
+  services.PopUpMenu(PopupMenuId::Options);
+}
+
+void Form1Model::lblHelp_Click() {
+  services.OpenInShell(kOnlineGuideAddress);
+}
+
+void Form1Model::lblWebsite_Click() {
+  services.OpenInShell(kHomePageAddress);
+}
+
+void Form1Model::Form_Resize() {
+  if (!geometry.normalState) return;
+  if (geometry.width != kWindowWidth) geometry.width = kWindowWidth;
+  if (geometry.height < kWindowMinHeight) geometry.height = kWindowMinHeight;
+  geometry.treeHeight = std::max(0, geometry.height - geometry.treeTop - kTreeBottomMargin);
+}
+
+void Form1Model::mnuSimplifyOutput_Click() {
+  ToggleMenuCheck(options.simplifyOutput);
+}
+
+void Form1Model::mnuSimplifyFurther_Click() {
+  ToggleMenuCheck(options.simplifyFurther);
+  // The export text is built by the cook, so it runs again to follow the new tick.
+  cmdCheckPossibleHands_Click();
+}
+
+void Form1Model::mnuHideEmptyCats_Click() {
+  ToggleMenuCheck(options.hideEmptyCats);
+}
+
+void Form1Model::mnuCategoryIcons_Click() {
+  ToggleMenuCheck(options.categoryIcons);
+}
+
+void Form1Model::mnuWinLoseIcons_Click() {
+  ToggleMenuCheck(options.winLoseIcons);
+}
+
+}  // namespace quillet

@@ -1,0 +1,578 @@
+// The real widgets of the main window and the card picker, driven with mouse and keys on the offscreen
+// platform. Message boxes, questions and the browser are caught by a recording service; menus, focus,
+// repaints and the clipboard are Qt's own.
+#include "app/gui/form1.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QSignalSpy>
+#include <QTest>
+#include <filesystem>
+#include <memory>
+
+#include "app/gui/qt_services.h"
+#include "app/gui/result_icons.h"
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "categorise/categories.h"
+#include "tests/storage/temp_folder.h"
+
+namespace quillet::gui {
+namespace {
+
+// Qt's services, except that boxes and the browser are recorded and answered instead of shown.
+class TestServices : public QtWindowServices {
+ public:
+  std::vector<std::string> messages;
+  std::vector<std::string> questions;
+  std::vector<std::string> opened;
+  std::vector<std::string> inputAnswers;
+
+  void MsgBox(std::string_view text, MessageIcon) override { messages.emplace_back(text); }
+  bool AskYesNo(std::string_view, std::string_view text, MessageIcon) override {
+    questions.emplace_back(text);
+    return false;
+  }
+  std::string InputBox(std::string_view, std::string_view) override {
+    if (inputAnswers.empty()) return {};
+    std::string answer = inputAnswers.front();
+    inputAnswers.erase(inputAnswers.begin());
+    return answer;
+  }
+  void OpenInShell(std::string_view address) override { opened.emplace_back(address); }
+};
+
+// One run of the program on a fresh program folder.
+struct Session {
+  quillet::testing::TempFolder dir;
+  TestServices services;
+  Form1Model model{services};
+  std::unique_ptr<Form1> form;
+
+  bool Start() {
+    if (!model.Form_Load(dir.path())) return false;
+    form = std::make_unique<Form1>(model, services);
+    form->show();
+    return QTest::qWaitForWindowExposed(form.get());
+  }
+};
+
+QColor ModelColour(Colour c) {
+  return QColor(static_cast<int>(c & 0xFF), static_cast<int>((c >> 8) & 0xFF),
+                static_cast<int>((c >> 16) & 0xFF));
+}
+
+// The colour a block shows on screen, read a little inside its corner (away from the caption).
+QColor BlockOnScreen(Form1& form, const char* name) {
+  HandGridWidget* grid = form.PFHand();
+  const QRect rect = grid->BlockRect(FindClassByName(name));
+  return grid->grab().toImage().pixelColor(rect.topLeft() + QPoint(3, 3));
+}
+
+void ClickBlock(Form1& form, const char* name, Qt::MouseButton button,
+                Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  HandGridWidget* grid = form.PFHand();
+  QTest::mouseClick(grid, button, modifiers, grid->BlockRect(FindClassByName(name)).center());
+}
+
+void ClickLabel(Form1& form, CommandLabel label) {
+  QWidget* widget = form.commandLabel(label);
+  QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, widget->rect().center());
+}
+
+void TypeInto(QWidget* box, const QString& text) {
+  box->setFocus();
+  QTest::keyClicks(box, text);
+}
+
+std::vector<QString> TopLevelTexts(QTreeWidget* tree) {
+  std::vector<QString> texts;
+  for (int i = 0; i < tree->topLevelItemCount(); ++i) texts.push_back(tree->topLevelItem(i)->text(0));
+  return texts;
+}
+
+}  // namespace
+
+class Form1Test : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aLeftClickAShiftClickAndARightClickChangeTheBlockColoursAndTheRangeText();
+  void ctrlAltClickShowsTheBlockWithoutChangingTheRange();
+  void typingABoardAndPressingEnterFillsTheTreeAndTheCaption();
+  void calcEquityShowsTheReadOutsOnTheirBackgroundColour();
+  void calcEquityOnTheFlopColoursAStrongResultGreen();
+  void thePickerOpensBesideMyHandWithoutBlockingAndWritesTheCardsInCellOrder();
+  void thePickerFillsTheBoardAndCancelWritesNothing();
+  void aNewNameIsSavedSelectedAndDeleted();
+  void closingTheWindowWritesBothFiles();
+  void theWindowKeepsItsWidthAndMinimumHeightAndTheTreeFillsItDownwards();
+  void theHoverHighlightMovesBetweenLabelsAndLeavesOnTheBareWindow();
+  void theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme();
+  void theSliderAppliesTheRangeWhenDraggedAndWhenAnArrowKeyIsHeld();
+  void typingAPercentageAndEnterSnapsItToAStep();
+  void theTreePopUpMenuOpensOnARightClickOnlyWhenTheTreeHasNodes();
+  void theTreeShowsTheErrorPointerWhileTheModelSignalsAnError();
+  void addToRangeOnAHoldingReplacesTheRangeAndOnACategoryOfGroupsFlashesTheErrorPointer();
+  void f3InTheTreeAsksForACardAndNamesItsCategory();
+  void theTimersFollowTheModel();
+  void everyIconKeyHasAPicture();
+  void helpAndVisitWebsiteOpenTheTwoPages();
+};
+
+void Form1Test::aLeftClickAShiftClickAndARightClickChangeTheBlockColoursAndTheRangeText() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xC0FFC0));
+
+  ClickBlock(form, "AA", Qt::LeftButton);
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xFF80FF));  // On selection
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.5"));
+  QVERIFY(!form.lblSeen()->isVisible());
+
+  ClickBlock(form, "KK", Qt::LeftButton, Qt::ShiftModifier);
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xFF80FF));
+  QCOMPARE(BlockOnScreen(form, "KK"), ModelColour(0xFF80FF));
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.9"));  // 12 of 1326
+
+  ClickBlock(form, "AKs", Qt::RightButton);
+  QCOMPARE(BlockOnScreen(form, "AKs"), ModelColour(0xFF0000));  // Seen selection
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0x00FFFF));   // On layer, whole block, no longer selected
+  QCOMPARE(BlockOnScreen(form, "KK"), ModelColour(0x00FFFF));
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("~1.2"));  // 16 of 1326
+  QVERIFY(form.lblSeen()->isVisible());
+}
+
+void Form1Test::ctrlAltClickShowsTheBlockWithoutChangingTheRange() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  ClickBlock(form, "QQ", Qt::LeftButton, Qt::ControlModifier | Qt::AltModifier);
+  QCOMPARE(BlockOnScreen(form, "QQ"), ModelColour(0xFF80FF));
+  QCOMPARE(s.model.currentProfile()->rangeLayer[FindClassByName("QQ")].count, 0);
+}
+
+void Form1Test::typingABoardAndPressingEnterFillsTheTreeAndTheCaption() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  ClickBlock(form, "AA", Qt::LeftButton);
+  TypeInto(form.txtBoard(), QStringLiteral("Kc8h3s"));
+  QCOMPARE(s.model.txtBoard.text, std::string("Kc8h3s"));
+  QTest::keyClick(form.txtBoard(), Qt::Key_Return);
+  QCOMPARE(form.txtBoard()->toPlainText(), QStringLiteral("Kc8h3s"));  // Enter is not typed into the box
+  QCOMPARE(form.lblCheckPossibleHands()->text(),
+           QStringLiteral("6 Hands in Opponent's Range\n6 Possible Hands\n6 Hands in categories"));
+  // Aces over a king-high board: an over pair, the one category shown, after its spacer line.
+  const std::vector<QString> top = TopLevelTexts(form.TV());
+  QCOMPARE(top.size(), std::size_t{2});
+  QCOMPARE(top[0], QString());
+  QCOMPARE(top[1], QStringLiteral("One pair (6) 100%"));
+  QCOMPARE(form.TV()->topLevelItem(1)->childCount(), 1);
+  QCOMPARE(form.TV()->topLevelItem(1)->child(0)->text(0), QStringLiteral("O pair (6) 100%"));
+}
+
+void Form1Test::calcEquityShowsTheReadOutsOnTheirBackgroundColour() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  ClickBlock(form, "KK", Qt::LeftButton);
+  TypeInto(form.txtMyHand(), QStringLiteral("AhAd"));
+  TypeInto(form.txtBoard(), QStringLiteral("2c7d9sJh4c"));
+  ClickLabel(form, CommandLabel::cmdCalcEquity);
+  // On the river no enumeration runs: both read-outs show 0.0% and mine is red.
+  QCOMPARE(form.lblMyEquity()->text(), QStringLiteral("0.0%"));
+  QCOMPARE(form.lbloppEquity()->text(), QStringLiteral("0.0%"));
+  QVERIFY(form.lblMyEquity()->autoFillBackground());
+  QCOMPARE(form.lblMyEquity()->palette().color(QPalette::Window), QColor(255, 0, 0));
+  // Any key in My Hand clears them again.
+  QTest::keyClick(form.txtMyHand(), Qt::Key_End);
+  QCOMPARE(form.lblMyEquity()->text(), QString());
+  QVERIFY(!form.lblMyEquity()->autoFillBackground());
+}
+
+void Form1Test::calcEquityOnTheFlopColoursAStrongResultGreen() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  ClickBlock(form, "KK", Qt::LeftButton);
+  TypeInto(form.txtMyHand(), QStringLiteral("AhAd"));
+  TypeInto(form.txtBoard(), QStringLiteral("2c7d9s"));
+  ClickLabel(form, CommandLabel::cmdCalcEquity);
+  // Aces against kings on a low rainbow flop win about nine times in ten: above 70 the colour is green.
+  const QString mine = form.lblMyEquity()->text();
+  QVERIFY2(mine.endsWith(QLatin1Char('%')), qPrintable(mine));
+  QVERIFY2(mine.chopped(1).toDouble() > 85.0, qPrintable(mine));
+  const double opp = form.lbloppEquity()->text().chopped(1).toDouble();
+  QVERIFY(std::abs(mine.chopped(1).toDouble() + opp - 100.0) < 0.11);
+  QCOMPARE(form.lblMyEquity()->palette().color(QPalette::Window), QColor(0, 255, 0));
+  QCOMPARE(form.commandLabel(CommandLabel::cmdCalcEquity)->text(), QStringLiteral("Calc Equity"));
+}
+
+void Form1Test::thePickerOpensBesideMyHandWithoutBlockingAndWritesTheCardsInCellOrder() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QTest::mouseClick(form.lblMyHand(), Qt::LeftButton);
+  SelCardsWindow* picker = form.frmSelCards();
+  QVERIFY(picker->isVisible());
+  QCOMPARE(picker->windowTitle(), QStringLiteral("Select Card"));
+  QVERIFY(QApplication::activeModalWidget() == nullptr);
+  QVERIFY(!picker->isModal());
+  // Just right of the box: its right edge and 5 pixels, 24 pixels below its top.
+  const QPoint box = form.txtMyHand()->mapToGlobal(QPoint(0, 0));
+  QCOMPARE(picker->pos(), box + QPoint(form.txtMyHand()->width() + 5, 24));
+
+  CardCellsWidget* cells = picker->cells();
+  QTest::mouseClick(cells, Qt::LeftButton, Qt::NoModifier, cells->CellRect(26).center());  // Ah
+  QTest::mouseClick(cells, Qt::LeftButton, Qt::NoModifier, cells->CellRect(14).center());  // Kd
+  // The main window still takes clicks while the picker is open.
+  ClickBlock(form, "AA", Qt::LeftButton);
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.5"));
+  QTest::mouseClick(picker->okButton(), Qt::LeftButton);
+  QVERIFY(!picker->isVisible());
+  QCOMPARE(form.txtMyHand()->toPlainText(), QStringLiteral("KdAh"));
+  QCOMPARE(s.model.txtMyHand.text, std::string("KdAh"));
+}
+
+void Form1Test::thePickerFillsTheBoardAndCancelWritesNothing() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QTest::mouseClick(form.lblBoardCards(), Qt::LeftButton);
+  SelCardsWindow* picker = form.frmSelCards();
+  QVERIFY(picker->isVisible());
+  const QPoint box = form.txtBoard()->mapToGlobal(QPoint(0, 0));
+  QCOMPARE(picker->pos(), box + QPoint(form.txtBoard()->width() + 5, 24));
+  CardCellsWidget* cells = picker->cells();
+  QTest::mouseClick(cells, Qt::LeftButton, Qt::NoModifier, cells->CellRect(51).center());  // 2s
+  QTest::mouseClick(picker->okButton(), Qt::LeftButton);
+  QCOMPARE(s.services.messages, std::vector<std::string>{"You have not selected enough cards"});
+  QVERIFY(picker->isVisible());
+  QTest::mouseClick(picker->cancelButton(), Qt::LeftButton);
+  QVERIFY(!picker->isVisible());
+  QCOMPARE(form.txtBoard()->toPlainText(), QString());
+}
+
+void Form1Test::aNewNameIsSavedSelectedAndDeleted() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QComboBox* box = form.cmbPlayer();
+  QCOMPARE(box->currentText(), QStringLiteral("Generic"));
+  CommandLabelWidget* save = form.commandLabel(CommandLabel::lblSave);
+  CommandLabelWidget* remove = form.commandLabel(CommandLabel::lblDelete);
+  QVERIFY(remove->isVisible());
+  QVERIFY(!save->isVisible());
+
+  box->lineEdit()->selectAll();
+  TypeInto(box->lineEdit(), QStringLiteral("Villain"));
+  QVERIFY(save->isVisible());
+  QVERIFY(!remove->isVisible());
+  QCOMPARE(box->lineEdit()->palette().color(QPalette::Text), QColor(255, 0, 0));
+  ClickLabel(form, CommandLabel::lblSave);
+  QCOMPARE(box->count(), 2);
+  QCOMPARE(box->itemText(1), QStringLiteral("Villain"));
+  QCOMPARE(box->currentText(), QStringLiteral("Villain"));
+  QVERIFY(remove->isVisible());
+  QVERIFY(!save->isVisible());
+  QCOMPARE(s.model.currentProfile()->name, std::string("Villain"));
+
+  // Give Villain a range, go to Generic and back: the range comes back with the profile.
+  ClickBlock(form, "AKs", Qt::LeftButton);
+  box->activated(0);
+  QCOMPARE(s.model.currentProfile()->name, std::string("Generic"));
+  QCOMPARE(BlockOnScreen(form, "AKs"), ModelColour(0x8080FF));
+  box->activated(1);
+  QCOMPARE(s.model.currentProfile()->name, std::string("Villain"));
+  QCOMPARE(BlockOnScreen(form, "AKs"), ModelColour(0x00FFFF));
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.3"));
+
+  ClickLabel(form, CommandLabel::lblDelete);
+  QCOMPARE(box->count(), 1);
+  QCOMPARE(box->currentText(), QStringLiteral("Generic"));
+  QCOMPARE(s.model.currentProfile()->name, std::string("Generic"));
+
+  // Enter saves a new name as well.
+  box->lineEdit()->selectAll();
+  TypeInto(box->lineEdit(), QStringLiteral("Fish"));
+  QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+  QCOMPARE(box->count(), 2);
+  QCOMPARE(box->currentText(), QStringLiteral("Fish"));
+  QCOMPARE(box->lineEdit()->palette().color(QPalette::Text), QPalette().color(QPalette::Text));
+}
+
+void Form1Test::closingTheWindowWritesBothFiles() {
+  Session s;
+  QVERIFY(s.Start());
+  const auto profiles = s.dir / "Player_Profiles.ini";
+  const auto prefs = s.dir / "MyPrefs.ini";
+  QVERIFY(!std::filesystem::exists(profiles));
+  QVERIFY(!std::filesystem::exists(prefs));
+  TypeInto(s.form->txtMyHand(), QStringLiteral("AhKd"));
+  QVERIFY(s.form->close());
+  QVERIFY(std::filesystem::exists(profiles));
+  QVERIFY(std::filesystem::exists(prefs));
+  QVERIFY(quillet::testing::ReadBytes(prefs).find("\r\ntxtMyHand|AhKd\r\n") != std::string::npos);
+}
+
+void Form1Test::theWindowKeepsItsWidthAndMinimumHeightAndTheTreeFillsItDownwards() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QCOMPARE(form.size(), QSize(903, 534));
+  form.resize(1200, 300);
+  QTRY_COMPARE(form.size(), QSize(903, 534));
+  form.resize(903, 800);
+  QTRY_COMPARE(form.size(), QSize(903, 800));
+  // 800 pixels are 12000 twips: the tree is as high as the window less its top and 777 twips.
+  const QRect tree = form.TV()->geometry();
+  QCOMPARE(tree.height(), (12000 - tree.top() * 15 - 777) / 15);
+  QVERIFY(form.lblCheckPossibleHands()->geometry().bottom() < 800);
+  QCOMPARE(s.model.geometry.height, 12000);
+  QCOMPARE(s.model.geometry.width, 13545);
+}
+
+void Form1Test::theHoverHighlightMovesBetweenLabelsAndLeavesOnTheBareWindow() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  CommandLabelWidget* all = form.commandLabel(CommandLabel::cmdAll);
+  CommandLabelWidget* pair = form.commandLabel(CommandLabel::cmdAnyPair);
+  form.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&form));
+  QTest::mouseMove(&form, QPoint(440, 60));
+  QTest::mouseMove(all, all->rect().center());
+  QTRY_VERIFY(all->autoFillBackground());
+  QTest::mouseMove(pair, pair->rect().center());
+  QTRY_VERIFY(pair->autoFillBackground());
+  QVERIFY(!all->autoFillBackground());
+  // The bare window between the controls.
+  QTest::mouseMove(&form, QPoint(440, 60));
+  QTRY_VERIFY(!pair->autoFillBackground());
+}
+
+void Form1Test::theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  ClickLabel(form, CommandLabel::lblOptions);
+  QTRY_VERIFY(form.mnuOptions()->isVisible());
+  QStringList titles;
+  for (QAction* action : form.mnuOptions()->actions()) titles << action->text();
+  QCOMPARE(titles, (QStringList{"Display Options", "Appearance", "Operation"}));
+  QCOMPARE(form.menuAction("mnuSimplifyOutput")->text(), QStringLiteral("Simplify Output"));
+  QVERIFY(form.menuAction("mnuSimplifyOutput")->isChecked());
+  QCOMPARE(form.menuAction("mnuSimplifyFurther")->text(),
+           QStringLiteral("Simplify Further for Clipboard Export"));
+  QVERIFY(!form.menuAction("mnuSimplifyFurther")->isChecked());
+  QVERIFY(form.menuAction("mnuHideEmptyCats")->isChecked());
+  QVERIFY(!form.menuAction("mnuCategoryIcons")->isChecked());
+  QVERIFY(!form.menuAction("mnuWinLoseIcons")->isChecked());
+  QCOMPARE(form.menuAction("mnuCalcEquityOnCook")->text(), QStringLiteral("Auto Calc Equity on Cook"));
+  QCOMPARE(form.menuAction("mnuAutoPFEquityCalc")->text(),
+           QStringLiteral("Auto Calc Equity Preflop on Range Change"));
+  form.mnuOptions()->hide();
+
+  form.menuAction("mnuCategoryIcons")->trigger();
+  QVERIFY(s.model.options.categoryIcons);
+  QVERIFY(form.menuAction("mnuCategoryIcons")->isChecked());
+  form.menuAction("mnuCategoryIcons")->trigger();
+  QVERIFY(!s.model.options.categoryIcons);
+  QVERIFY(!form.menuAction("mnuCategoryIcons")->isChecked());
+
+  QAction* scheme = form.menuAction("mnuSwitchColourScheme");
+  QCOMPARE(scheme->text(), QStringLiteral("Switch to New Colour Scheme"));
+  scheme->trigger();
+  QCOMPARE(scheme->text(), QStringLiteral("Switch to Default Colour Scheme"));
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xC0C0C0));
+  QCOMPARE(BlockOnScreen(form, "AKs"), ModelColour(0xA2A2A2));
+  QCOMPARE(BlockOnScreen(form, "AK"), ModelColour(0x808080));
+}
+
+void Form1Test::theSliderAppliesTheRangeWhenDraggedAndWhenAnArrowKeyIsHeld() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QSlider* slider = form.Slider1();
+  QCOMPARE(slider->maximum(), 146);
+  // A drag to the first step: AA alone, "0.5".
+  slider->setSliderDown(true);
+  slider->setSliderPosition(1);
+  slider->setSliderPosition(0);
+  slider->setSliderDown(false);
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("0.5"));
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xFF80FF));
+  QCOMPARE(BlockOnScreen(form, "KK"), ModelColour(0xC0FFC0));
+  // An arrow key held on the slider: the timer applies each step.
+  slider->setFocus();
+  QTest::keyPress(slider, Qt::Key_Right);
+  QVERIFY(form.tmrSliderMoving()->isActive());
+  QCOMPARE(form.tmrSliderMoving()->interval(), 10);
+  QTRY_COMPARE(BlockOnScreen(form, "KK"), ModelColour(0xFF80FF));
+  QTest::keyRelease(slider, Qt::Key_Right);
+  QVERIFY(!form.tmrSliderMoving()->isActive());
+  QCOMPARE(slider->value(), 1);
+  QCOMPARE(s.model.Slider1.value, 1);
+}
+
+void Form1Test::typingAPercentageAndEnterSnapsItToAStep() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QLineEdit* range = form.txtRange();
+  QTest::mouseClick(range, Qt::LeftButton);
+  TypeInto(range, QStringLiteral("10"));
+  QCOMPARE(range->palette().color(QPalette::Text), QColor(255, 0, 0));
+  QTest::keyClick(range, Qt::Key_Return);
+  QCOMPARE(range->text(), QStringLiteral("9.8"));
+  QCOMPARE(range->palette().color(QPalette::Text), QPalette().color(QPalette::Text));
+  QCOMPARE(form.Slider1()->value(), 14);
+  // A click selects the whole text, so that typing replaces it.
+  QTest::mouseClick(range, Qt::LeftButton);
+  QCOMPARE(range->selectedText(), QStringLiteral("9.8"));
+}
+
+void Form1Test::theTreePopUpMenuOpensOnARightClickOnlyWhenTheTreeHasNodes() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QWidget* viewport = form.TV()->viewport();
+  QTest::mouseClick(viewport, Qt::RightButton, Qt::NoModifier, QPoint(20, 10));
+  QTest::qWait(50);
+  QVERIFY(!form.mnuTV()->isVisible());
+
+  ClickBlock(form, "AA", Qt::LeftButton);
+  TypeInto(form.txtBoard(), QStringLiteral("Kc8h3s"));
+  QTest::keyClick(form.txtBoard(), Qt::Key_Return);
+  QVERIFY(form.TV()->topLevelItemCount() > 0);
+  QTest::mouseClick(viewport, Qt::RightButton, Qt::NoModifier, QPoint(20, 10));
+  QTRY_VERIFY(form.mnuTV()->isVisible());
+  QStringList titles;
+  for (QAction* action : form.mnuTV()->actions()) titles << action->text();
+  QCOMPARE(titles, (QStringList{"Add to Range", "Copy Results to Clipboard"}));
+  form.mnuTV()->hide();
+  form.menuAction("mnuCopyToClipboard")->trigger();
+  QVERIFY(QGuiApplication::clipboard()->text().contains(QStringLiteral("One pair (6) 100%")));
+}
+
+void Form1Test::theTreeShowsTheErrorPointerWhileTheModelSignalsAnError() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QVERIFY(!form.TV()->viewport()->testAttribute(Qt::WA_SetCursor));
+  form.Act([&] { s.model.tvMousePointer = 99; });
+  QCOMPARE(form.TV()->viewport()->cursor().shape(), Qt::BitmapCursor);
+  form.Act([&] { s.model.tvMousePointer = 0; });
+  QVERIFY(!form.TV()->viewport()->testAttribute(Qt::WA_SetCursor));
+}
+
+// Cooks AA alone on Kc8h3s and opens every node of the tree.
+void CookAcesOnAKingHighBoard(Form1& form) {
+  ClickBlock(form, "AA", Qt::LeftButton);
+  TypeInto(form.txtBoard(), QStringLiteral("Kc8h3s"));
+  QTest::keyClick(form.txtBoard(), Qt::Key_Return);
+  form.TV()->expandAll();
+}
+
+void RightClickItem(QTreeWidget* tree, QTreeWidgetItem* item) {
+  const QPoint at = tree->visualItemRect(item).center();
+  QTest::mouseClick(tree->viewport(), Qt::RightButton, Qt::NoModifier, at);
+}
+
+void Form1Test::addToRangeOnAHoldingReplacesTheRangeAndOnACategoryOfGroupsFlashesTheErrorPointer() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  ClickBlock(form, "KK", Qt::LeftButton, Qt::ShiftModifier);
+  CookAcesOnAKingHighBoard(form);
+  QTreeWidget* tree = form.TV();
+  // One pair > O pair > the group of all six aces > its holdings.
+  QTreeWidgetItem* group = tree->topLevelItem(1)->child(0)->child(0);
+  QCOMPARE(group->text(0), QStringLiteral("\u2022AA  (6)"));
+  QTreeWidgetItem* holding = group->child(0);
+  RightClickItem(tree, holding);
+  QTRY_VERIFY(form.mnuTV()->isVisible());
+  form.mnuTV()->hide();
+  form.menuAction("mnuAdd2Range")->trigger();
+  // One holding of the aces is the range now: part of a block, 1 of 1326.
+  QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xC0FFFF));
+  QCOMPARE(BlockOnScreen(form, "KK"), ModelColour(0xC0FFC0));
+  QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.1"));
+
+  // A category whose first child is a group: the group is no holding, so the tree's pointer signals the
+  // error for a moment.
+  RightClickItem(tree, tree->topLevelItem(1)->child(0));
+  QTRY_VERIFY(form.mnuTV()->isVisible());
+  form.mnuTV()->hide();
+  form.menuAction("mnuAdd2Range")->trigger();
+  QCOMPARE(tree->viewport()->cursor().shape(), Qt::BitmapCursor);
+  QVERIFY(form.tmrTVError()->isActive());
+  QCOMPARE(form.tmrTVError()->interval(), 550);
+  QTRY_VERIFY(!tree->viewport()->testAttribute(Qt::WA_SetCursor));
+  QVERIFY(!form.tmrTVError()->isActive());
+}
+
+void Form1Test::f3InTheTreeAsksForACardAndNamesItsCategory() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  CookAcesOnAKingHighBoard(form);
+  form.TV()->setFocus();
+  s.services.inputAnswers = {"Ah", "2c"};
+  QTest::keyClick(form.TV(), Qt::Key_F3);
+  QTest::keyClick(form.TV(), Qt::Key_F3);
+  QCOMPARE(s.services.messages,
+           (std::vector<std::string>{"Found Ah in category >*O pair", "2c not found in categories."}));
+}
+
+void Form1Test::theTimersFollowTheModel() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QVERIFY(!form.tmrCalcEquity()->isActive());
+  QVERIFY(!form.tmrTVError()->isActive());
+  form.Act([&] { s.model.tmrTVError.Enable(); });
+  QVERIFY(form.tmrTVError()->isActive());
+  QCOMPARE(form.tmrTVError()->interval(), 550);
+  form.Act([&] { s.model.tmrTVError.Disable(); });
+  QVERIFY(!form.tmrTVError()->isActive());
+
+  // The automatic preflop equity: a range change arms the 1 ms timer, whose event runs the calculation.
+  form.Act([&] {
+    s.model.options.autoPFEquityCalc = true;
+    s.model.txtMyHand.text = "2c7d";
+  });
+  ClickBlock(form, "AA", Qt::LeftButton);
+  QVERIFY(form.tmrCalcEquity()->isActive());
+  QCOMPARE(form.tmrCalcEquity()->interval(), 1);
+  QTRY_VERIFY(!form.lblMyEquity()->text().isEmpty());
+  QVERIFY(!form.tmrCalcEquity()->isActive());
+}
+
+void Form1Test::everyIconKeyHasAPicture() {
+  for (const CategoryDefinition& definition : CategoryDefinitions()) {
+    if (definition.iconKey.empty()) continue;
+    QVERIFY2(!ResultIcon(definition.iconKey).isNull(), std::string(definition.iconKey).c_str());
+  }
+  for (const char* key : {"win", "tie", "lose"}) QVERIFY2(!ResultIcon(key).isNull(), key);
+  QVERIFY(ResultIcon("no such key").isNull());
+}
+
+void Form1Test::helpAndVisitWebsiteOpenTheTwoPages() {
+  Session s;
+  QVERIFY(s.Start());
+  s.services.opened.clear();
+  ClickLabel(*s.form, CommandLabel::lblHelp);
+  ClickLabel(*s.form, CommandLabel::lblWebsite);
+  QCOMPARE(s.services.opened.size(), std::size_t{2});
+  QVERIFY(QString::fromStdString(s.services.opened[0])
+              .endsWith(QStringLiteral("free_online_poker_quillet_guide.php")));
+  QVERIFY(s.services.opened[1] != s.services.opened[0]);
+}
+
+}  // namespace quillet::gui
+
+QTEST_MAIN(quillet::gui::Form1Test)
+#include "form1_test.moc"

@@ -1,0 +1,69 @@
+// A window model over a fresh program folder, with helpers to put files into the folder before start-up.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "storage/profile_file.h"
+#include "tests/storage/temp_folder.h"
+
+namespace quillet::testing {
+
+// A profile with the named classes whole in its On layer and the given range text.
+inline PlayerProfile MakeProfile(const std::string& name, const std::vector<std::string>& onClasses,
+                                 const std::string& rangeText) {
+  PlayerProfile p;
+  InitProfile(p);
+  p.name = name;
+  p.rangeText = rangeText;
+  for (const std::string& cls : onClasses) {
+    const int c = FindClassByName(cls);
+    SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
+  }
+  return p;
+}
+
+class WindowModelTest : public ::testing::Test {
+ protected:
+  WindowModelTest() : model(services) {}
+
+  std::filesystem::path ProfileFile() const { return dir / "Player_Profiles.ini"; }
+  std::filesystem::path PrefsFile() const { return dir / "MyPrefs.ini"; }
+
+  void WriteProfiles(const std::vector<PlayerProfile>& profiles) {
+    WriteBytes(ProfileFile(), EncodeProfileFile(profiles));
+  }
+  void WritePrefs(const std::string& text) { WriteBytes(PrefsFile(), text); }
+
+  // Starts the window model on the folder; the first-run welcome, if asked, is answered No.
+  bool Start() {
+    services.yesNoAnswers.push_back(false);
+    return model.Form_Load(dir.path());
+  }
+
+  // Types `text` into the player box and releases the last key.
+  void TypePlayer(const std::string& text, int keyCode = 'A') {
+    model.cmbPlayer.text = text;
+    model.cmbPlayer_KeyUp(keyCode, 0);
+  }
+
+  // Picks list entry `index` of the player box.
+  void PickPlayer(int index) {
+    model.cmbPlayer.listIndex = index;
+    model.cmbPlayer.text = model.cmbPlayer.items[index];
+    model.cmbPlayer_Click();
+  }
+
+  bool SaveVisible() const { return model.label(CommandLabel::lblSave).visible; }
+  bool DeleteVisible() const { return model.label(CommandLabel::lblDelete).visible; }
+
+  TempFolder dir;
+  RecordingServices services;
+  Form1Model model;
+};
+
+}  // namespace quillet::testing
