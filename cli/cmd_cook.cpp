@@ -9,10 +9,8 @@
 #include "categorise/categories.h"
 #include "cli/args.h"
 #include "cli/commands.h"
-#include "cli/range_list.h"
-#include "cli/top_range.h"
+#include "cli/hand_board_range.h"
 #include "range/colour.h"
-#include "range/player_profile.h"
 #include "results/build_results_tree.h"
 #include "results/results_tree.h"
 
@@ -83,52 +81,10 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   const Args args(words, {"--hand", "--board", "--range", "--top", "--seen"},
                   {"--json", "--no-simplify", "--simplify-further", "--show-empty", "--win-lose-icons",
                    "--category-icons"});
-  if (!args.error().empty()) {
-    err << "cook: " << args.error() << "\n";
-    return kExitBadInput;
-  }
-  if (!args.positional().empty()) {
-    err << "cook: unexpected argument \"" << args.positional().front() << "\"\n";
-    return kExitBadInput;
-  }
-  for (const char* required : {"--hand", "--board"}) {
-    if (!args.has(required)) {
-      err << "cook: missing " << required << " (an empty value is written \"\")\n";
-      return kExitBadInput;
-    }
-  }
-  const bool top = args.has("--top");
-  if (top == args.has("--range")) {
-    err << "cook: "
-        << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
-    return kExitBadInput;
-  }
-  const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
-  if (!onList.ok()) {
-    err << "cook: --range: " << onList.error << "\n";
-    return kExitBadInput;
-  }
-  const RangeList seenList = ParseRangeList(args.valueOr("--seen", ""));
-  if (!seenList.ok()) {
-    err << "cook: --seen: " << seenList.error << "\n";
-    return kExitBadInput;
-  }
-
   RecordingServices services;
   Form1Model model(services);
-  PlayerProfile& profile = model.profiles.emplace_back();
-  InitProfile(profile);
-  profile.name = "Generic";
-  model.currentProfileIndex = 0;
-  PutClassesWhole(profile.rangeLayer, onList.classes);
-  PutClassesWhole(profile.seenLayer, seenList.classes);
-  if (top) {
-    const std::string error = TypeTopPercent(model, *args.value("--top"));
-    if (!error.empty()) {
-      err << "cook: " << error << "\n";
-      return kExitBadInput;
-    }
-  }
+  if (!SetUpHandBoardRange(args, "cook", model, err)) return kExitBadInput;
+  const bool top = args.has("--top");
 
   // The output options are the window's menu ticks, from their first-start values.
   model.options.simplifyOutput = !args.has("--no-simplify");
@@ -137,8 +93,6 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   model.options.winLoseIcons = args.has("--win-lose-icons");
   model.options.categoryIcons = args.has("--category-icons");
 
-  model.txtMyHand.text = *args.value("--hand");
-  model.txtBoard.text = *args.value("--board");
   model.cmdCheckPossibleHands_Click();
   // The cook only speaks when it refuses the input; the window would show these as message boxes.
   if (!services.messages.empty()) {

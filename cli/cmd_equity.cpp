@@ -9,10 +9,8 @@
 #include "app/model/window_services.h"
 #include "cli/args.h"
 #include "cli/commands.h"
-#include "cli/range_list.h"
-#include "cli/top_range.h"
+#include "cli/hand_board_range.h"
 #include "range/colour.h"
-#include "range/player_profile.h"
 
 namespace quillet::cli {
 namespace {
@@ -32,55 +30,11 @@ std::string HexColour(Colour colour) {
 
 int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
   const Args args(words, {"--hand", "--board", "--range", "--top", "--seen"}, {"--json"});
-  if (!args.error().empty()) {
-    err << "equity: " << args.error() << "\n";
-    return kExitBadInput;
-  }
-  if (!args.positional().empty()) {
-    err << "equity: unexpected argument \"" << args.positional().front() << "\"\n";
-    return kExitBadInput;
-  }
-  for (const char* required : {"--hand", "--board"}) {
-    if (!args.has(required)) {
-      err << "equity: missing " << required << " (an empty value is written \"\")\n";
-      return kExitBadInput;
-    }
-  }
-  const bool top = args.has("--top");
-  if (top == args.has("--range")) {
-    err << "equity: "
-        << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
-    return kExitBadInput;
-  }
-  const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
-  if (!onList.ok()) {
-    err << "equity: --range: " << onList.error << "\n";
-    return kExitBadInput;
-  }
-  const RangeList seenList = ParseRangeList(args.valueOr("--seen", ""));
-  if (!seenList.ok()) {
-    err << "equity: --seen: " << seenList.error << "\n";
-    return kExitBadInput;
-  }
-
   RecordingServices services;
   Form1Model model(services);
-  PlayerProfile& profile = model.profiles.emplace_back();
-  InitProfile(profile);
-  profile.name = "Generic";
-  model.currentProfileIndex = 0;
-  PutClassesWhole(profile.rangeLayer, onList.classes);
-  PutClassesWhole(profile.seenLayer, seenList.classes);
-  if (top) {
-    const std::string error = TypeTopPercent(model, *args.value("--top"));
-    if (!error.empty()) {
-      err << "equity: " << error << "\n";
-      return kExitBadInput;
-    }
-  }
+  if (!SetUpHandBoardRange(args, "equity", model, err)) return kExitBadInput;
+  const bool top = args.has("--top");
 
-  model.txtMyHand.text = *args.value("--hand");
-  model.txtBoard.text = *args.value("--board");
   model.cmdCalcEquity_Click();
 
   // Blank read-outs mean the command stopped before calculating: refused input (its messages say why)
