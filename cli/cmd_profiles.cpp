@@ -7,6 +7,7 @@
 #include "cli/args.h"
 #include "cli/commands.h"
 #include "cli/range_list.h"
+#include "range/range_text.h"
 #include "storage/code_page.h"
 #include "storage/data_folder.h"
 #include "storage/profile_file.h"
@@ -169,7 +170,10 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   PlayerProfile& profile = model.profiles[index];
   PutClassesWhole(profile.rangeLayer, onList.classes);
   PutClassesWhole(profile.seenLayer, seenList.classes);
-  profile.rangeText = args.valueOr("--range-text", "");
+  // Without --range-text the profile gets the text a click on the grid would leave ("~0.8"): an empty text
+  // would make the window replace the range with AA when the profile is picked.
+  profile.rangeText = args.valueOr(
+      "--range-text", ComputedRangeText(UnionHoldingCount(profile.rangeLayer, profile.seenLayer)));
 
   if (defaultFile) {
     std::error_code ec;
@@ -217,7 +221,8 @@ const CommandRegistrar registrar({
     "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text "
     "TEXT] "
     "[--file F]",
-    "list, show or add player profiles (F: the profile file, by default the one the window uses)",
+    "list, show or add player profiles (F: the profile file, by default the one the window uses; TEXT: the "
+    "range box's text, by default the share of the holdings as a grid click shows it, \"~0.8\")",
     70,
     RunProfiles,
 });

@@ -38,6 +38,19 @@ TEST_F(ProfilesCommand, AddCreatesTheFileWithTheClassesWholeInTheirLayers) {
   EXPECT_EQ(ReadBytes(File()), EncodeProfileFile({expected}));
 }
 
+TEST_F(ProfilesCommand, AddWithoutARangeTextStoresTheTextAGridClickWouldShow) {
+  // AKs (4) and 22 (6) are 10 of 1,326 holdings. An empty text would turn the range into AA when the
+  // profile is picked in the window.
+  ASSERT_EQ(Run({"add", "Villain", "--range", "AKs", "--seen", "22"}).status, 0);
+  ASSERT_EQ(Run({"add", "Nobody", "--range", ""}).status, 0);
+  const ProfileFileContents read = ReadProfileFile(File());
+  ASSERT_EQ(read.status, ProfileFileContents::Status::Read);
+  const std::vector<PlayerProfile>& profiles = read.profiles;
+  ASSERT_EQ(profiles.size(), 2u);
+  EXPECT_EQ(profiles[0].rangeText, "~0.8");
+  EXPECT_EQ(profiles[1].rangeText, "~0");
+}
+
 TEST_F(ProfilesCommand, ListPrintsTheNamesInFileOrder) {
   ASSERT_EQ(Run({"add", "Zed", "--range", "AA"}).status, 0);
   ASSERT_EQ(Run({"add", "Amy", "--range", ""}).status, 0);
