@@ -1,4 +1,5 @@
-// quillet-cli tables: generate the preflop matchup tables, or describe the ones built into the program.
+// quillet-cli tables: generate the preflop tables (the matchup key table and the matchup class table, in one
+// run), or describe the ones built into the program.
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -10,6 +11,8 @@
 #include "cli/commands.h"
 #include "equity/embedded_tables.h"
 #include "equity/lookup_tables.h"
+#include "equity/preflop_class_file.h"
+#include "equity/preflop_classes.h"
 #include "equity/table_file.h"
 #include "tools/preflop_table_generator.h"
 
@@ -17,9 +20,17 @@ namespace quillet::cli {
 namespace {
 
 constexpr const char* kDefaultOut = "data/preflop_matchups.bin";
+constexpr const char* kDefaultClassesOut = "data/preflop_classes.bin";
+
+bool WriteFile(std::ofstream& file, const std::vector<unsigned char>& bytes) {
+  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  return static_cast<bool>(file);
+}
 
 int Generate(const Args& args, std::ostream& out, std::ostream& err) {
   const std::string path = args.valueOr("--out", kDefaultOut);
+  const std::string classesPath = args.valueOr("--classes-out", kDefaultClassesOut);
   int threads = 0;
   if (const auto text = args.value("--threads")) {
     std::size_t used = 0;
@@ -33,10 +44,15 @@ int Generate(const Args& args, std::ostream& out, std::ostream& err) {
       return kExitBadInput;
     }
   }
-  // Open the output first so a bad path is reported before minutes of work.
+  // Open the outputs first so a bad path is reported before the work.
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   if (!file) {
     err << "quillet-cli tables: cannot write " << path << "\n";
+    return kExitFailure;
+  }
+  std::ofstream classesFile(classesPath, std::ios::binary | std::ios::trunc);
+  if (!classesFile) {
+    err << "quillet-cli tables: cannot write " << classesPath << "\n";
     return kExitFailure;
   }
 
@@ -55,15 +71,20 @@ int Generate(const Args& args, std::ostream& out, std::ostream& err) {
   const GeneratedTables generated = GeneratePreflopTables(threads, progress);
 
   const std::vector<unsigned char> bytes = SerializeTables(generated.tables);
-  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (!file) {
+  if (!WriteFile(file, bytes)) {
     err << "quillet-cli tables: writing " << path << " failed\n";
+    return kExitFailure;
+  }
+  const std::vector<unsigned char> classBytes = SerializeClassTable(generated.classes);
+  if (!WriteFile(classesFile, classBytes)) {
+    err << "quillet-cli tables: writing " << classesPath << " failed\n";
     return kExitFailure;
   }
   out << "Wrote " << path << ": " << generated.tables.size() << " keys from " << generated.orderedTuples
       << " ordered matchups (" << generated.matchupClasses << " enumerated), " << bytes.size() << " bytes, "
       << std::fixed << std::setprecision(1) << seconds() << " s\n";
+  out << "Wrote " << classesPath << ": " << generated.classes.size() << " matchup classes, "
+      << classBytes.size() << " bytes\n";
   return kExitOk;
 }
 
@@ -78,11 +99,22 @@ int Info(std::ostream& out, std::ostream& err) {
   std::snprintf(checksum, sizeof checksum, "%08x", Crc32(bytes.subspan(kTableHeaderSize)));
   out << "Preflop table: format version " << kTableFormatVersion << ", " << loaded.tables->size() << " keys, "
       << bytes.size() << " bytes, CRC-32 " << checksum << " (checked)\n";
+
+  const PreflopClassTableOrError classes = LoadPreflopClassTable();
+  if (!classes.ok()) {
+    err << "quillet-cli tables: " << classes.error << "\n";
+    return kExitFailure;
+  }
+  const auto classBytes = EmbeddedClassTableBytes();
+  std::snprintf(checksum, sizeof checksum, "%08x", Crc32(classBytes.subspan(kClassTableHeaderSize)));
+  out << "Preflop class table: format version " << kClassTableFormatVersion << ", "
+      << classes.table->Records().size() << " matchup classes, " << classBytes.size() << " bytes, CRC-32 "
+      << checksum << " (checked)\n";
   return kExitOk;
 }
 
 int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--out", "--threads"}, {});
+  const Args args(words, {"--out", "--classes-out", "--threads"}, {});
   if (!args.error().empty()) {
     err << "quillet-cli tables: " << args.error() << "\n";
     return kExitBadInput;
@@ -90,16 +122,17 @@ int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ost
   const auto& positional = args.positional();
   const std::string action = positional.empty() ? "" : positional[0];
   if (positional.size() == 1 && action == "generate") return Generate(args, out, err);
-  if (positional.size() == 1 && action == "info" && !args.has("--out") && !args.has("--threads")) {
+  if (positional.size() == 1 && action == "info" && !args.has("--out") && !args.has("--classes-out") &&
+      !args.has("--threads")) {
     return Info(out, err);
   }
-  err << "quillet-cli tables: say \"generate [--out FILE] [--threads N]\" or \"info\"\n";
+  err << "quillet-cli tables: say \"generate [--out FILE] [--classes-out FILE] [--threads N]\" or \"info\"\n";
   return kExitBadInput;
 }
 
-const CommandRegistrar registrar(
-    {"tables", "generate [--out FILE] [--threads N] | info",
-     "Generates the preflop matchup tables (minutes), or describes the built-in ones", 90, RunTables});
+const CommandRegistrar registrar({"tables", "generate [--out FILE] [--classes-out FILE] [--threads N] | info",
+                                  "Generates the preflop tables, or describes the built-in ones", 90,
+                                  RunTables});
 
 }  // namespace
 }  // namespace quillet::cli

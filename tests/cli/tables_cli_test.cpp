@@ -15,7 +15,7 @@ TEST(TablesCommand, InfoDescribesTheBuiltInTableAfterCheckingIt) {
 TEST(TablesCommand, WithoutAnActionSaysWhatItTakes) {
   const CliRun run = RunCommandLine({"tables"});
   EXPECT_EQ(run.status, 2);
-  EXPECT_NE(run.err.find("generate [--out FILE] [--threads N]"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("generate [--out FILE] [--classes-out FILE] [--threads N]"), std::string::npos) << run.err;
 }
 
 TEST(TablesCommand, RefusesAThreadCountThatIsNotAWholeNumberFromOne) {
