@@ -1,0 +1,450 @@
+#include "equity/range_equity.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <vector>
+
+#include "equity/board_record.h"  // IsDeckCard
+#include "equity/deck.h"
+#include "equity/preflop_classes.h"
+#include "equity/showdown_key.h"  // RankMaskBit
+#include "equity/standard_evaluator.h"
+
+namespace quillet {
+namespace {
+
+constexpr uint64_t DeckBit(int32_t place) {
+  return uint64_t{1} << place;
+}
+
+// Per holding number (preflop_classes.h), how many times a range lists it live.
+using HoldingWeights = std::array<int32_t, kHoldingCount>;
+
+HoldingWeights LiveWeights(std::span<const HandCombo> range, uint64_t boardCards, int32_t& count) {
+  HoldingWeights weights{};
+  count = 0;
+  for (const HandCombo& combo : range) {
+    const Card a = combo.card1();
+    const Card b = combo.card2();
+    if (!combo.flag || !IsDeckCard(a) || !IsDeckCard(b) || a == b) continue;
+    if (((DeckBit(DeckIndex(a)) | DeckBit(DeckIndex(b))) & boardCards) != 0) continue;
+    ++weights[HoldingIndex(a, b)];
+    ++count;
+  }
+  return weights;
+}
+
+// Pairs of live holdings without a common card, by inclusion and exclusion over the cards: all pairs,
+// less those that share a card, plus those that share both (a holding met by itself, counted twice above).
+uint64_t CountMatchups(const HoldingWeights& mine, const HoldingWeights& theirs) {
+  int64_t myTotal = 0;
+  int64_t theirTotal = 0;
+  int64_t same = 0;
+  std::array<int64_t, kDeckSize> myWith{};
+  std::array<int64_t, kDeckSize> theirWith{};
+  for (int32_t h = 0; h < kHoldingCount; ++h) {
+    if (mine[h] == 0 && theirs[h] == 0) continue;
+    const auto cards = HoldingCards(h);
+    for (const Card card : cards) {
+      myWith[DeckIndex(card)] += mine[h];
+      theirWith[DeckIndex(card)] += theirs[h];
+    }
+    myTotal += mine[h];
+    theirTotal += theirs[h];
+    same += int64_t{mine[h]} * theirs[h];
+  }
+  int64_t sharing = 0;
+  for (int32_t card = 0; card < kDeckSize; ++card) sharing += myWith[card] * theirWith[card];
+  return static_cast<uint64_t>(myTotal * theirTotal - sharing + same);
+}
+
+// n choose k for the small numbers of boards.
+uint64_t Choose(int32_t n, int32_t k) {
+  uint64_t result = 1;
+  for (int32_t i = 1; i <= k; ++i)
+    result = result * static_cast<uint64_t>(n - k + i) / static_cast<uint64_t>(i);
+  return result;
+}
+
+// Preflop: every pair reads the exact tally of its matchup class.
+bool CountPreflop(const PreflopClassTable& table, const HoldingWeights& mine, const HoldingWeights& theirs,
+                  const RangeEquityProgress& progress, ShowdownTally& tally) {
+  std::vector<int32_t> opponents;
+  std::vector<int32_t> opponentWeights;
+  for (int32_t h = 0; h < kHoldingCount; ++h) {
+    if (theirs[h] == 0) continue;
+    opponents.push_back(h);
+    opponentWeights.push_back(theirs[h]);
+  }
+  const std::size_t count = opponents.size();
+  for (int32_t h = 0; h < kHoldingCount; ++h) {
+    if (mine[h] == 0) continue;
+    uint64_t wins = 0;
+    uint64_t ties = 0;
+    uint64_t losses = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      const ShowdownTally t = table.Matchup(h, opponents[i]);  // all zero for a common card
+      const auto weight = static_cast<uint64_t>(opponentWeights[i]);
+      wins += weight * t.wins;
+      ties += weight * t.ties;
+      losses += weight * t.losses;
+    }
+    const auto weight = static_cast<uint64_t>(mine[h]);
+    tally += ShowdownTally{weight * wins, weight * ties, weight * losses};
+    if (progress && !progress(static_cast<double>(h + 1) / kHoldingCount)) return false;
+  }
+  return true;
+}
+
+// Two hole ranks as an index into a table of 13 x 13, the lower rank first: (low - 2) x 13 + high - 2.
+constexpr int32_t kRankPairCount = 169;
+constexpr int32_t RankPairIndex(int32_t rank1, int32_t rank2) {
+  return rank1 <= rank2 ? (rank1 - 2) * 13 + rank2 - 2 : (rank2 - 2) * 13 + rank1 - 2;
+}
+
+// One live holding in the list of its rank pair, for one range.
+struct RankPairEntry {
+  uint64_t cards = 0;       // deck bits of its two cards
+  int32_t weight = 0;       // how often this range lists it
+  int32_t otherWeight = 0;  // how often the other range lists it
+  uint16_t number = 0;      // holding number
+  uint8_t card1 = 0;        // deck places of its cards
+  uint8_t card2 = 0;
+};
+
+// A live holding of either range that can make a flush in one suit.
+struct FlushCandidate {
+  uint64_t cards = 0;
+  int32_t myWeight = 0;
+  int32_t theirWeight = 0;
+  uint16_t number = 0;
+  uint16_t rankPair = 0;
+  uint16_t suitRanks = 0;  // its cards' ranks in the suit (none for a holding without a card of it)
+  uint8_t card1 = 0;
+  uint8_t card2 = 0;
+};
+
+// The live holdings of both ranges on one board, and the counting of one completion.
+class CompletionCounter {
+ public:
+  CompletionCounter(const BoardCards& board, int32_t known, const HoldingWeights& mine,
+                    const HoldingWeights& theirs)
+      : evaluator_(StandardEvaluator::Get()), patterns_(PatternSlots(5 - known)) {
+    for (int32_t i = 0; i < known; ++i) {
+      boardRanks_ = evaluator_.AddRank(boardRanks_, board[i].rank);
+      ++boardSuitCounts_[board[i].suit];
+      boardSuitRanks_[board[i].suit] |= RankMaskBit(board[i].rank);
+    }
+    ListHoldings(mine, theirs, mine_, myStart_);
+    ListHoldings(theirs, mine, theirs_, theirStart_);
+    std::array<bool, kRankPairCount> present{};
+    for (int32_t h = 0; h < kHoldingCount; ++h) {
+      if (mine[h] == 0 && theirs[h] == 0) continue;
+      const auto cards = HoldingCards(h);
+      const int32_t pair = RankPairIndex(cards[0].rank, cards[1].rank);
+      present[pair] = true;
+      for (int32_t suit = 0; suit < 4; ++suit) {
+        const uint32_t suitRanks = (cards[0].suit == suit ? RankMaskBit(cards[0].rank) : 0u) |
+                                   (cards[1].suit == suit ? RankMaskBit(cards[1].rank) : 0u);
+        const FlushCandidate candidate{
+            DeckBit(DeckIndex(cards[0])) | DeckBit(DeckIndex(cards[1])),
+            mine[h],
+            theirs[h],
+            static_cast<uint16_t>(h),
+            static_cast<uint16_t>(pair),
+            static_cast<uint16_t>(suitRanks),
+            static_cast<uint8_t>(DeckIndex(cards[0])),
+            static_cast<uint8_t>(DeckIndex(cards[1])),
+        };
+        candidates_[suit][2].push_back(candidate);
+        if (suitRanks == 0) continue;
+        candidates_[suit][1].push_back(candidate);
+        if (cards[0].suit == cards[1].suit) candidates_[suit][0].push_back(candidate);
+      }
+    }
+    for (int32_t pair = 0; pair < kRankPairCount; ++pair) {
+      if (present[pair]) presentPairs_.push_back(static_cast<uint16_t>(pair));
+    }
+    flush_.reserve(kHoldingCount);
+  }
+
+  // Adds the wins and the ties of my range on the board completed by `coming` (none to two cards).
+  void Count(std::span<const Card> coming, int64_t& wins, int64_t& ties) {
+    std::array<int32_t, 4> suitCounts = boardSuitCounts_;
+    std::array<uint32_t, 4> suitRanks = boardSuitRanks_;
+    uint64_t comingCards = 0;
+    for (const Card& card : coming) {
+      ++suitCounts[card.suit];
+      suitRanks[card.suit] |= RankMaskBit(card.rank);
+      comingCards |= DeckBit(DeckIndex(card));
+    }
+    const Pattern& pattern = PatternFor(coming);
+    int32_t flushSuit = -1;
+    for (int32_t suit = 0; suit < 4; ++suit) {
+      if (suitCounts[suit] >= 3) flushSuit = suit;
+    }
+    const std::vector<FlushCandidate>* candidates = nullptr;
+    flush_.clear();
+    if (flushSuit >= 0) {
+      candidates = &candidates_[flushSuit][suitCounts[flushSuit] - 3];
+    }
+    // Five board cards of one suit: every holding has a flush and is valued one by one.
+    const bool allFlushes = flushSuit >= 0 && suitCounts[flushSuit] == 5;
+    if (candidates != nullptr)
+      CollectFlushes(pattern, suitRanks[flushSuit], *candidates, comingCards, allFlushes);
+    Sweep(pattern, allFlushes ? 0 : pattern.order.size(), candidates, comingCards, wins, ties);
+    for (const uint64_t item : flush_) moved_[(*candidates)[item & 0xFFFF].number] = false;
+  }
+
+ private:
+  // The values without a flush of the rank pairs present, on one rank pattern of the coming cards, and the
+  // present pairs in ascending order of value.
+  struct Pattern {
+    bool filled = false;
+    std::array<HandValue, kRankPairCount> values{};
+    std::vector<uint16_t> order;
+  };
+
+  static std::size_t PatternSlots(int32_t comingCount) {
+    return comingCount == 2 ? kRankPairCount : comingCount == 1 ? 13 : 1;
+  }
+
+  static void ListHoldings(const HoldingWeights& range, const HoldingWeights& other,
+                           std::vector<RankPairEntry>& entries,
+                           std::array<uint32_t, kRankPairCount + 1>& start) {
+    std::array<uint32_t, kRankPairCount> perPair{};
+    for (int32_t h = 0; h < kHoldingCount; ++h) {
+      if (range[h] == 0) continue;
+      const auto cards = HoldingCards(h);
+      ++perPair[RankPairIndex(cards[0].rank, cards[1].rank)];
+    }
+    start[0] = 0;
+    for (int32_t pair = 0; pair < kRankPairCount; ++pair) start[pair + 1] = start[pair] + perPair[pair];
+    entries.assign(start[kRankPairCount], {});
+    std::array<uint32_t, kRankPairCount> next{};
+    std::copy(start.begin(), start.end() - 1, next.begin());
+    for (int32_t h = 0; h < kHoldingCount; ++h) {
+      if (range[h] == 0) continue;
+      const auto cards = HoldingCards(h);
+      const int32_t a = DeckIndex(cards[0]);
+      const int32_t b = DeckIndex(cards[1]);
+      entries[next[RankPairIndex(cards[0].rank, cards[1].rank)]++] = {
+          DeckBit(a) | DeckBit(b), range[h], other[h], static_cast<uint16_t>(h), static_cast<uint8_t>(a),
+          static_cast<uint8_t>(b)};
+    }
+  }
+
+  const Pattern& PatternFor(std::span<const Card> coming) {
+    std::size_t slot = 0;
+    if (coming.size() == 1) slot = static_cast<std::size_t>(coming[0].rank - 2);
+    if (coming.size() == 2) slot = static_cast<std::size_t>(RankPairIndex(coming[0].rank, coming[1].rank));
+    Pattern& pattern = patterns_[slot];
+    if (pattern.filled) return pattern;
+    RankState ranks = boardRanks_;
+    for (const Card& card : coming) ranks = evaluator_.AddRank(ranks, card.rank);
+    for (const uint16_t pair : presentPairs_) {
+      const int32_t low = pair / 13 + 2;
+      const int32_t high = pair % 13 + 2;
+      pattern.values[pair] = evaluator_.RankValue(evaluator_.AddRank(evaluator_.AddRank(ranks, low), high));
+    }
+    pattern.order = presentPairs_;
+    std::sort(pattern.order.begin(), pattern.order.end(),
+              [&](uint16_t x, uint16_t y) { return pattern.values[x] < pattern.values[y]; });
+    pattern.filled = true;
+    return pattern;
+  }
+
+  // The live candidates whose flush beats their rank pair's value (all of them when `all`): marked as moved
+  // out of their pair's list, and listed by value (value << 32 | place in the candidate list).
+  void CollectFlushes(const Pattern& pattern, uint32_t boardSuitRanks,
+                      const std::vector<FlushCandidate>& candidates, uint64_t comingCards, bool all) {
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+      const FlushCandidate& c = candidates[i];
+      if ((c.cards & comingCards) != 0) continue;
+      const HandValue plain = pattern.values[c.rankPair];
+      const HandValue flush = evaluator_.FlushValue(boardSuitRanks | c.suitRanks);
+      if (flush <= plain && !all) continue;
+      moved_[c.number] = true;
+      flush_.push_back(uint64_t{std::max(flush, plain)} << 32 | i);
+    }
+    std::sort(flush_.begin(), flush_.end());
+  }
+
+  // Walks the values upwards in groups of equal value.
+  void Sweep(const Pattern& pattern, std::size_t pairCount, const std::vector<FlushCandidate>* candidates,
+             uint64_t comingCards, int64_t& wins, int64_t& ties) {
+    int64_t passed = 0;                           // opponent's holdings of a lower value
+    std::array<int64_t, kDeckSize> passedWith{};  // the same, holding the card
+    int64_t less = 0;
+    int64_t lessOrEqual = 0;
+    const auto beaten = [&](uint8_t card1, uint8_t card2) {
+      return passed - passedWith[card1] - passedWith[card2];
+    };
+    const auto pass = [&](uint8_t card1, uint8_t card2, int32_t weight) {
+      passed += weight;
+      passedWith[card1] += weight;
+      passedWith[card2] += weight;
+    };
+    const auto live = [&](const RankPairEntry& e) {
+      return (e.cards & comingCards) == 0 && !moved_[e.number];
+    };
+
+    std::size_t p = 0;
+    std::size_t f = 0;
+    const std::size_t flushCount = flush_.size();
+    while (p < pairCount || f < flushCount) {
+      HandValue value = UINT32_MAX;
+      if (p < pairCount) value = pattern.values[pattern.order[p]];
+      if (f < flushCount) value = std::min(value, static_cast<HandValue>(flush_[f] >> 32));
+      std::size_t pairEnd = p;
+      while (pairEnd < pairCount && pattern.values[pattern.order[pairEnd]] == value) ++pairEnd;
+      std::size_t flushEnd = f;
+      while (flushEnd < flushCount && static_cast<HandValue>(flush_[flushEnd] >> 32) == value) ++flushEnd;
+
+      // My holdings of this value beat the opponent's passed so far.
+      for (std::size_t i = p; i < pairEnd; ++i) {
+        const uint16_t pair = pattern.order[i];
+        for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) {
+          const RankPairEntry& e = mine_[k];
+          if (live(e)) less += e.weight * beaten(e.card1, e.card2);
+        }
+      }
+      for (std::size_t i = f; i < flushEnd; ++i) {
+        const FlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+        less += c.myWeight * beaten(c.card1, c.card2);
+      }
+      // The opponent's holdings of this value are passed.
+      for (std::size_t i = p; i < pairEnd; ++i) {
+        const uint16_t pair = pattern.order[i];
+        for (uint32_t k = theirStart_[pair]; k < theirStart_[pair + 1]; ++k) {
+          const RankPairEntry& e = theirs_[k];
+          if (live(e)) pass(e.card1, e.card2, e.weight);
+        }
+      }
+      for (std::size_t i = f; i < flushEnd; ++i) {
+        const FlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+        pass(c.card1, c.card2, c.theirWeight);
+      }
+      // My holdings of this value meet those passed now at a tie or better; the opponent's copy of the
+      // holding itself was taken off twice, once per card.
+      for (std::size_t i = p; i < pairEnd; ++i) {
+        const uint16_t pair = pattern.order[i];
+        for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) {
+          const RankPairEntry& e = mine_[k];
+          if (live(e)) lessOrEqual += e.weight * (beaten(e.card1, e.card2) + e.otherWeight);
+        }
+      }
+      for (std::size_t i = f; i < flushEnd; ++i) {
+        const FlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+        lessOrEqual += c.myWeight * (beaten(c.card1, c.card2) + c.theirWeight);
+      }
+      p = pairEnd;
+      f = flushEnd;
+    }
+    wins += less;
+    ties += lessOrEqual - less;
+  }
+
+  const StandardEvaluator& evaluator_;
+  RankState boardRanks_ = StandardEvaluator::kNoRanks;
+  std::array<int32_t, 4> boardSuitCounts_{};
+  std::array<uint32_t, 4> boardSuitRanks_{};
+  std::vector<RankPairEntry> mine_;
+  std::vector<RankPairEntry> theirs_;
+  std::array<uint32_t, kRankPairCount + 1> myStart_{};
+  std::array<uint32_t, kRankPairCount + 1> theirStart_{};
+  std::vector<uint16_t> presentPairs_;
+  // [suit][board cards of the suit - 3]: the suited holdings, those with a card of the suit, every holding.
+  std::array<std::array<std::vector<FlushCandidate>, 3>, 4> candidates_;
+  std::vector<Pattern> patterns_;
+  std::vector<uint64_t> flush_;
+  std::array<bool, kHoldingCount> moved_{};
+};
+
+// Every completion of the board: wins and ties counted, losses the rest of the showdowns.
+bool CountOnBoard(const BoardCards& board, int32_t known, uint64_t boardCards, const HoldingWeights& mine,
+                  const HoldingWeights& theirs, const RangeEquityProgress& progress, ShowdownTally& tally,
+                  uint64_t showdowns) {
+  CompletionCounter counter(board, known, mine, theirs);
+  std::array<Card, kDeckSize> remaining{};
+  int32_t remainingCount = 0;
+  for (int32_t place = 0; place < kDeckSize; ++place) {
+    if ((boardCards & DeckBit(place)) == 0) remaining[remainingCount++] = DeckCard(place);
+  }
+  int64_t wins = 0;
+  int64_t ties = 0;
+  if (known == 5) {
+    counter.Count({}, wins, ties);
+  } else if (known == 4) {
+    for (int32_t i = 0; i < remainingCount; ++i) {
+      counter.Count(std::span(&remaining[i], 1), wins, ties);
+      if (progress && !progress(static_cast<double>(i + 1) / remainingCount)) return false;
+    }
+  } else {
+    for (int32_t i = 0; i < remainingCount; ++i) {
+      for (int32_t j = i + 1; j < remainingCount; ++j) {
+        const std::array<Card, 2> coming = {remaining[i], remaining[j]};
+        counter.Count(coming, wins, ties);
+      }
+      // Rows of completions shrink: the share done is the completions counted so far.
+      const int32_t left = remainingCount - 1 - i;
+      const double done =
+          1.0 - static_cast<double>(left) * (left - 1) / (remainingCount * (remainingCount - 1.0));
+      if (progress && !progress(done)) return false;
+    }
+  }
+  tally.wins = static_cast<uint64_t>(wins);
+  tally.ties = static_cast<uint64_t>(ties);
+  tally.losses = showdowns - tally.wins - tally.ties;
+  return true;
+}
+
+}  // namespace
+
+RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
+                                      const BoardCards& board, int32_t street,
+                                      const RangeEquityProgress& progress) {
+  RangeEquityResult result;
+  if (street != kNoBoard && street != kFlop && street != kTurn && street != kRiver) {
+    result.error = "the street is not one of preflop, flop, turn and river";
+    return result;
+  }
+  const int32_t known = BoardCardCount(street);
+  uint64_t boardCards = 0;
+  for (int32_t i = 0; i < known; ++i) {
+    if (!IsDeckCard(board[i])) {
+      result.error = "the board holds a card outside the deck";
+      return result;
+    }
+    boardCards |= DeckBit(DeckIndex(board[i]));
+  }
+  if (std::popcount(boardCards) != known) {
+    result.error = "the board holds a card twice";
+    return result;
+  }
+  const HoldingWeights mine = LiveWeights(myRange, boardCards, result.myHoldings);
+  const HoldingWeights theirs = LiveWeights(oppRange, boardCards, result.oppHoldings);
+  result.matchups = CountMatchups(mine, theirs);
+  if (result.matchups == 0) return result;
+
+  bool finished = false;
+  if (street == kNoBoard) {
+    const PreflopClassTableOrError& loaded = ProgramPreflopClassTable();
+    if (!loaded.ok()) {
+      result.error = loaded.error;
+      return result;
+    }
+    finished = CountPreflop(*loaded.table, mine, theirs, progress, result.tally);
+  } else {
+    const uint64_t showdowns = result.matchups * Choose(kDeckSize - known - 4, 5 - known);
+    finished = CountOnBoard(board, known, boardCards, mine, theirs, progress, result.tally, showdowns);
+  }
+  if (!finished) {
+    result.tally = {};
+    result.cancelled = true;
+  }
+  return result;
+}
+
+}  // namespace quillet

@@ -1,0 +1,61 @@
+// Exact equity of one range against another under the standard rules (showdown_rules.h): every pair of
+// live holdings that share no card meets every completion of the board, each showdown is decided by the
+// best five of the seven cards, and the tally counts wins, ties and losses from my range's side
+// (EquityPercent splits ties half).
+//
+// Which holdings take part: those whose flag is set, whose two cards are different cards of the deck and
+// share none with the board. A holding listed twice counts twice. A pair of holdings with a common card
+// never meets; every other pair meets C(48 - known, 5 - known) boards (1,712,304 preflop, 990 on the flop,
+// 44 on the turn, one on the river), so every pair and every board is counted once.
+//
+// How it counts:
+// - Preflop, each pair reads its exact tally from the matchup class table (preflop_classes.h).
+// - On a board, per completion every live holding is valued once: a holding's hand is worth the same as
+//   that of every other holding of its two ranks unless it makes a flush, so the rank pairs are valued and
+//   put in order once per rank pattern of the coming cards, and only the holdings that make a flush are
+//   valued one by one. Walking up the values, the holdings of the other range already passed are counted
+//   in total and per card; a holding of my range beats the passed ones less those that hold one of its two
+//   cards (inclusion and exclusion: the holding with both of its cards is itself, which is never passed
+//   before it). Ties are the holdings of equal value, counted the same way.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+
+#include "cards/card.h"
+#include "equity/showdown_rules.h"
+
+namespace quillet {
+
+class HoldingSet;  // range/holding_set.h
+
+// Called now and then with the share of the work done (0 to 1); returning false stops the calculation.
+using RangeEquityProgress = std::function<bool(double done)>;
+
+struct RangeEquityResult {
+  ShowdownTally tally;      // from my range's side
+  int32_t myHoldings = 0;   // live holdings of my range (a holding listed twice counts twice)
+  int32_t oppHoldings = 0;  // live holdings of the opponent's range
+  uint64_t matchups = 0;    // pairs of live holdings without a common card
+  bool cancelled = false;   // the progress callback stopped the calculation; the tally is partial
+  std::string error;        // why nothing was counted ("" when the calculation ran)
+
+  bool ok() const { return error.empty() && !cancelled; }
+  // My range's equity in percent, ties split half; 0 when nothing was counted.
+  double MyEquity() const { return tally.EquityPercent(); }
+};
+
+// My range against the opponent's range on `street` (kNoBoard, kFlop, kTurn, kRiver; the board's first
+// BoardCardCount(street) cards are known). Refused, with an error, for a board with a card twice or
+// outside the deck, and preflop when the program has no matchup class table.
+RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
+                                      const BoardCards& board, int32_t street,
+                                      const RangeEquityProgress& progress = {});
+// The same for two sets of holdings, each holding listed once.
+RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSet& oppRange,
+                                      const BoardCards& board, int32_t street,
+                                      const RangeEquityProgress& progress = {});
+
+}  // namespace quillet
