@@ -18,7 +18,17 @@ constexpr uint64_t DeckBit(int32_t place) {
   return uint64_t{1} << place;
 }
 
-// Per holding number (preflop_classes.h), how many times a range lists it live.
+// The two cards of every holding number (preflop_classes.h), read once.
+const std::array<std::array<Card, 2>, kHoldingCount>& CardsOfHoldings() {
+  static const auto cards = [] {
+    std::array<std::array<Card, 2>, kHoldingCount> table{};
+    for (int32_t h = 0; h < kHoldingCount; ++h) table[h] = HoldingCards(h);
+    return table;
+  }();
+  return cards;
+}
+
+// Per holding number, how many times a range lists it live.
 using HoldingWeights = std::array<int32_t, kHoldingCount>;
 
 HoldingWeights LiveWeights(std::span<const HandCombo> range, uint64_t boardCards, int32_t& count) {
@@ -45,7 +55,7 @@ uint64_t CountMatchups(const HoldingWeights& mine, const HoldingWeights& theirs)
   std::array<int64_t, kDeckSize> theirWith{};
   for (int32_t h = 0; h < kHoldingCount; ++h) {
     if (mine[h] == 0 && theirs[h] == 0) continue;
-    const auto cards = HoldingCards(h);
+    const auto& cards = CardsOfHoldings()[h];
     for (const Card card : cards) {
       myWith[DeckIndex(card)] += mine[h];
       theirWith[DeckIndex(card)] += theirs[h];
@@ -68,32 +78,66 @@ uint64_t Choose(int32_t n, int32_t k) {
 }
 
 // Preflop: every pair reads the exact tally of its matchup class.
+//
+// When the two ranges overlap much, each unordered pair of holdings of either range is read once: the
+// holding a against b is b against a reversed, so the pair adds mine[a] x theirs[b] times its tally and
+// mine[b] x theirs[a] times the reversed one. That halves the reads for a range against itself; when one
+// range is small the ordered pairs of the two ranges are fewer and read as they are.
 bool CountPreflop(const PreflopClassTable& table, const HoldingWeights& mine, const HoldingWeights& theirs,
                   const RangeEquityProgress& progress, ShowdownTally& tally) {
-  std::vector<int32_t> opponents;
-  std::vector<int32_t> opponentWeights;
+  struct Listed {
+    int32_t holding;
+    uint64_t myWeight;
+    uint64_t theirWeight;
+  };
+  std::vector<Listed> either;
+  uint64_t myCount = 0;
+  uint64_t theirCount = 0;
   for (int32_t h = 0; h < kHoldingCount; ++h) {
-    if (theirs[h] == 0) continue;
-    opponents.push_back(h);
-    opponentWeights.push_back(theirs[h]);
+    if (mine[h] == 0 && theirs[h] == 0) continue;
+    either.push_back({h, static_cast<uint64_t>(mine[h]), static_cast<uint64_t>(theirs[h])});
+    myCount += mine[h] != 0;
+    theirCount += theirs[h] != 0;
   }
-  const std::size_t count = opponents.size();
-  for (int32_t h = 0; h < kHoldingCount; ++h) {
-    if (mine[h] == 0) continue;
-    uint64_t wins = 0;
-    uint64_t ties = 0;
-    uint64_t losses = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-      const ShowdownTally t = table.Matchup(h, opponents[i]);  // all zero for a common card
-      const auto weight = static_cast<uint64_t>(opponentWeights[i]);
-      wins += weight * t.wins;
-      ties += weight * t.ties;
-      losses += weight * t.losses;
+  const std::size_t n = either.size();
+  uint64_t wins = 0;
+  uint64_t ties = 0;
+  uint64_t losses = 0;
+  if (n * (n - 1) / 2 < myCount * theirCount) {
+    for (std::size_t i = 0; i < n; ++i) {
+      const Listed a = either[i];
+      for (std::size_t j = i + 1; j < n; ++j) {
+        const Listed& b = either[j];
+        const ShowdownTally t = table.Matchup(a.holding, b.holding);  // all zero for a common card
+        const uint64_t forward = a.myWeight * b.theirWeight;
+        const uint64_t backward = b.myWeight * a.theirWeight;
+        wins += forward * t.wins + backward * t.losses;
+        ties += (forward + backward) * t.ties;
+        losses += forward * t.losses + backward * t.wins;
+      }
+      // Row i reads n - 1 - i pairs: the share done is the pairs read so far.
+      const double left = static_cast<double>(n - 1 - i);
+      if (progress && !progress(1.0 - left * (left + 1) / (static_cast<double>(n) * (n - 1)))) return false;
     }
-    const auto weight = static_cast<uint64_t>(mine[h]);
-    tally += ShowdownTally{weight * wins, weight * ties, weight * losses};
-    if (progress && !progress(static_cast<double>(h + 1) / kHoldingCount)) return false;
+  } else {
+    std::vector<Listed> opponents;
+    for (const Listed& b : either) {
+      if (b.theirWeight != 0) opponents.push_back(b);
+    }
+    for (std::size_t i = 0; i < n; ++i) {
+      const Listed a = either[i];
+      if (a.myWeight == 0) continue;
+      for (const Listed& b : opponents) {
+        const ShowdownTally t = table.Matchup(a.holding, b.holding);
+        const uint64_t weight = a.myWeight * b.theirWeight;
+        wins += weight * t.wins;
+        ties += weight * t.ties;
+        losses += weight * t.losses;
+      }
+      if (progress && !progress(static_cast<double>(i + 1) / static_cast<double>(n))) return false;
+    }
   }
+  tally = {wins, ties, losses};
   return true;
 }
 
@@ -130,7 +174,10 @@ class CompletionCounter {
  public:
   CompletionCounter(const BoardCards& board, int32_t known, const HoldingWeights& mine,
                     const HoldingWeights& theirs)
-      : evaluator_(StandardEvaluator::Get()), patterns_(PatternSlots(5 - known)) {
+      : evaluator_(StandardEvaluator::Get()),
+        myWeights_(mine),
+        theirWeights_(theirs),
+        patterns_(PatternSlots(5 - known)) {
     for (int32_t i = 0; i < known; ++i) {
       boardRanks_ = evaluator_.AddRank(boardRanks_, board[i].rank);
       ++boardSuitCounts_[board[i].suit];
@@ -141,27 +188,9 @@ class CompletionCounter {
     std::array<bool, kRankPairCount> present{};
     for (int32_t h = 0; h < kHoldingCount; ++h) {
       if (mine[h] == 0 && theirs[h] == 0) continue;
-      const auto cards = HoldingCards(h);
-      const int32_t pair = RankPairIndex(cards[0].rank, cards[1].rank);
-      present[pair] = true;
-      for (int32_t suit = 0; suit < 4; ++suit) {
-        const uint32_t suitRanks = (cards[0].suit == suit ? RankMaskBit(cards[0].rank) : 0u) |
-                                   (cards[1].suit == suit ? RankMaskBit(cards[1].rank) : 0u);
-        const FlushCandidate candidate{
-            DeckBit(DeckIndex(cards[0])) | DeckBit(DeckIndex(cards[1])),
-            mine[h],
-            theirs[h],
-            static_cast<uint16_t>(h),
-            static_cast<uint16_t>(pair),
-            static_cast<uint16_t>(suitRanks),
-            static_cast<uint8_t>(DeckIndex(cards[0])),
-            static_cast<uint8_t>(DeckIndex(cards[1])),
-        };
-        candidates_[suit][2].push_back(candidate);
-        if (suitRanks == 0) continue;
-        candidates_[suit][1].push_back(candidate);
-        if (cards[0].suit == cards[1].suit) candidates_[suit][0].push_back(candidate);
-      }
+      const auto& cards = CardsOfHoldings()[h];
+      present[RankPairIndex(cards[0].rank, cards[1].rank)] = true;
+      holdings_.push_back(static_cast<uint16_t>(h));
     }
     for (int32_t pair = 0; pair < kRankPairCount; ++pair) {
       if (present[pair]) presentPairs_.push_back(static_cast<uint16_t>(pair));
@@ -187,7 +216,7 @@ class CompletionCounter {
     const std::vector<FlushCandidate>* candidates = nullptr;
     flush_.clear();
     if (flushSuit >= 0) {
-      candidates = &candidates_[flushSuit][suitCounts[flushSuit] - 3];
+      candidates = &Candidates(flushSuit, suitCounts[flushSuit] - 3);
     }
     // Five board cards of one suit: every holding has a flush and is valued one by one.
     const bool allFlushes = flushSuit >= 0 && suitCounts[flushSuit] == 5;
@@ -216,7 +245,7 @@ class CompletionCounter {
     std::array<uint32_t, kRankPairCount> perPair{};
     for (int32_t h = 0; h < kHoldingCount; ++h) {
       if (range[h] == 0) continue;
-      const auto cards = HoldingCards(h);
+      const auto& cards = CardsOfHoldings()[h];
       ++perPair[RankPairIndex(cards[0].rank, cards[1].rank)];
     }
     start[0] = 0;
@@ -226,13 +255,33 @@ class CompletionCounter {
     std::copy(start.begin(), start.end() - 1, next.begin());
     for (int32_t h = 0; h < kHoldingCount; ++h) {
       if (range[h] == 0) continue;
-      const auto cards = HoldingCards(h);
+      const auto& cards = CardsOfHoldings()[h];
       const int32_t a = DeckIndex(cards[0]);
       const int32_t b = DeckIndex(cards[1]);
       entries[next[RankPairIndex(cards[0].rank, cards[1].rank)]++] = {
           DeckBit(a) | DeckBit(b), range[h], other[h], static_cast<uint16_t>(h), static_cast<uint8_t>(a),
           static_cast<uint8_t>(b)};
     }
+  }
+
+  // The candidates for a flush in `suit` with three (kind 0), four (1) or five (2) board cards of it: the
+  // holdings suited in it, those with a card of it, every holding. Listed when first needed.
+  const std::vector<FlushCandidate>& Candidates(int32_t suit, int32_t kind) {
+    std::vector<FlushCandidate>& list = candidates_[suit][kind];
+    if (candidatesListed_[suit][kind]) return list;
+    for (const uint16_t h : holdings_) {
+      const auto& cards = CardsOfHoldings()[h];
+      const uint32_t suitRanks = (cards[0].suit == suit ? RankMaskBit(cards[0].rank) : 0u) |
+                                 (cards[1].suit == suit ? RankMaskBit(cards[1].rank) : 0u);
+      if (kind == 0 && (cards[0].suit != suit || cards[1].suit != suit)) continue;
+      if (kind == 1 && suitRanks == 0) continue;
+      list.push_back({DeckBit(DeckIndex(cards[0])) | DeckBit(DeckIndex(cards[1])), myWeights_[h],
+                      theirWeights_[h], h, static_cast<uint16_t>(RankPairIndex(cards[0].rank, cards[1].rank)),
+                      static_cast<uint16_t>(suitRanks), static_cast<uint8_t>(DeckIndex(cards[0])),
+                      static_cast<uint8_t>(DeckIndex(cards[1]))});
+    }
+    candidatesListed_[suit][kind] = true;
+    return list;
   }
 
   const Pattern& PatternFor(std::span<const Card> coming) {
@@ -347,6 +396,8 @@ class CompletionCounter {
   }
 
   const StandardEvaluator& evaluator_;
+  const HoldingWeights& myWeights_;
+  const HoldingWeights& theirWeights_;
   RankState boardRanks_ = StandardEvaluator::kNoRanks;
   std::array<int32_t, 4> boardSuitCounts_{};
   std::array<uint32_t, 4> boardSuitRanks_{};
@@ -355,8 +406,10 @@ class CompletionCounter {
   std::array<uint32_t, kRankPairCount + 1> myStart_{};
   std::array<uint32_t, kRankPairCount + 1> theirStart_{};
   std::vector<uint16_t> presentPairs_;
+  std::vector<uint16_t> holdings_;  // the live holdings of either range
   // [suit][board cards of the suit - 3]: the suited holdings, those with a card of the suit, every holding.
   std::array<std::array<std::vector<FlushCandidate>, 3>, 4> candidates_;
+  std::array<std::array<bool, 3>, 4> candidatesListed_{};
   std::vector<Pattern> patterns_;
   std::vector<uint64_t> flush_;
   std::array<bool, kHoldingCount> moved_{};

@@ -170,15 +170,22 @@ TEST(RangeEquity, SmallRangesPreflopCountWhatEveryBoardOfEveryPairGives) {
 
 TEST(RangeEquity, PreflopARangeAgainstARangeIsTheSumOfEachOfItsHandsAgainstTheRange) {
   std::mt19937_64 rng(TestSeed() + 2);
-  const std::vector<HandCombo> mine = RandomRange(rng, 150);
-  const std::vector<HandCombo> theirs = RandomRange(rng, 400);
-  ShowdownTally sum;
-  for (const HandCombo& combo : mine) {
-    HandCards hand;
-    hand.rank1 = combo.rank1, hand.suit1 = combo.suit1, hand.rank2 = combo.rank2, hand.suit2 = combo.suit2;
-    sum += StandardPreflopTally(hand, theirs);
+  // Ranges apart (read pair by pair in order) and ranges that mostly overlap, with a holding listed
+  // twice (each unordered pair read once).
+  const std::vector<HandCombo> first = RandomRange(rng, 150);
+  const std::vector<HandCombo> second = RandomRange(rng, 400);
+  std::vector<HandCombo> overlapping(second.begin(), second.begin() + 350);
+  overlapping.push_back(second[0]);
+  overlapping.push_back(first[0]);
+  for (const auto& [mine, theirs] : {std::pair(first, second), std::pair(second, overlapping)}) {
+    ShowdownTally sum;
+    for (const HandCombo& combo : mine) {
+      HandCards hand;
+      hand.rank1 = combo.rank1, hand.suit1 = combo.suit1, hand.rank2 = combo.rank2, hand.suit2 = combo.suit2;
+      sum += StandardPreflopTally(hand, theirs);
+    }
+    EXPECT_EQ(Equity(mine, theirs, "").tally, sum);
   }
-  EXPECT_EQ(Equity(mine, theirs, "").tally, sum);
 }
 
 TEST(RangeEquity, SwappingTheRangesTurnsEveryWinIntoALossOnEveryStreet) {
