@@ -57,15 +57,24 @@ struct LiveRange {
   // [card][rank - 2]: holdings holding the card whose other card has the rank.
   std::array<std::array<int32_t, 13>, 52> withCard{};
   std::array<int32_t, 52> cardCount{};  // holdings holding the card
-  // [card1 x 52 + card2]: holdings of exactly these two cards.
-  std::vector<int32_t> exactCount = std::vector<int32_t>(52 * 52, 0);
+  // [card1 x 52 + card2]: holdings of exactly these two cards; kept only when two cards are to come.
+  std::vector<int32_t> exactCount;
   // Per suit: the holdings suited in it, and those with at least one card of it.
   std::array<std::vector<FlushCandidate>, 4> suited;
   std::array<std::vector<FlushCandidate>, 4> touching;
 };
 
-LiveRange CollectLiveRange(std::span<const HandCombo> combos, uint64_t deadCards) {
+// `flushSuits`: the suits that can still end with three or more board cards; the flush candidates are
+// collected for those only.
+LiveRange CollectLiveRange(std::span<const HandCombo> combos, uint64_t deadCards, int comingCount,
+                           const std::array<bool, 4>& flushSuits) {
   LiveRange live;
+  if (comingCount == 2) live.exactCount.assign(52 * 52, 0);
+  for (int32_t suit = 0; suit < 4; ++suit) {
+    if (!flushSuits[suit]) continue;
+    live.suited[suit].reserve(combos.size() / 4);
+    live.touching[suit].reserve(combos.size() / 2);
+  }
   std::array<int32_t, kRankPairCount> perPair{};
   for (const HandCombo& combo : combos) {
     const Card a = combo.card1();
@@ -82,15 +91,21 @@ LiveRange CollectLiveRange(std::span<const HandCombo> combos, uint64_t deadCards
     ++live.withCard[ib][a.rank - 2];
     ++live.cardCount[ia];
     ++live.cardCount[ib];
-    ++live.exactCount[ia * 52 + ib];
-    ++live.exactCount[ib * 52 + ia];
-    for (int32_t suit = 0; suit < 4; ++suit) {
-      const uint32_t suitRanks =
-          (a.suit == suit ? RankMaskBit(a.rank) : 0u) | (b.suit == suit ? RankMaskBit(b.rank) : 0u);
-      if (suitRanks == 0) continue;
-      const FlushCandidate candidate{cards, pair, static_cast<uint16_t>(suitRanks)};
-      live.touching[suit].push_back(candidate);
-      if (a.suit == b.suit) live.suited[suit].push_back(candidate);
+    if (!live.exactCount.empty()) {
+      ++live.exactCount[ia * 52 + ib];
+      ++live.exactCount[ib * 52 + ia];
+    }
+    if (a.suit == b.suit) {
+      if (flushSuits[a.suit]) {
+        const auto suitRanks = static_cast<uint16_t>(RankMaskBit(a.rank) | RankMaskBit(b.rank));
+        live.touching[a.suit].push_back({cards, pair, suitRanks});
+        live.suited[a.suit].push_back({cards, pair, suitRanks});
+      }
+    } else {
+      if (flushSuits[a.suit])
+        live.touching[a.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(a.rank))});
+      if (flushSuits[b.suit])
+        live.touching[b.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(b.rank))});
     }
   }
   for (int pair = 0; pair < kRankPairCount; ++pair) {
@@ -99,6 +114,18 @@ LiveRange CollectLiveRange(std::span<const HandCombo> combos, uint64_t deadCards
     live.pairCounts.push_back(perPair[pair]);
   }
   return live;
+}
+
+// The values without a flush of every pair of hole ranks added to the ranks of a board.
+void FillRankValues(const StandardEvaluator& evaluator, RankState boardRanks, HandValue* table) {
+  for (int32_t low = 2; low <= 14; ++low) {
+    const RankState withLow = evaluator.AddRank(boardRanks, low);
+    for (int32_t high = low; high <= 14; ++high) {
+      const HandValue value = evaluator.RankValue(evaluator.AddRank(withLow, high));
+      table[RankPairIndex(low, high)] = value;
+      table[RankPairIndex(high, low)] = value;
+    }
+  }
 }
 
 // Values without a flush of every pair of hole ranks on one board, one table per rank pattern of the
@@ -121,7 +148,7 @@ class RankValueTables {
     if (!filled_[slot]) {
       RankState boardRanks = knownRanks_;
       for (int32_t rank : coming) boardRanks = evaluator_.AddRank(boardRanks, rank);
-      Fill(boardRanks, table);
+      FillRankValues(evaluator_, boardRanks, table);
       filled_[slot] = true;
     }
     return table;
@@ -130,17 +157,6 @@ class RankValueTables {
  private:
   static int SlotCount(int comingCount) {
     return comingCount == 2 ? kRankPairCount : comingCount == 1 ? 13 : 1;
-  }
-
-  void Fill(RankState boardRanks, HandValue* table) const {
-    for (int32_t low = 2; low <= 14; ++low) {
-      const RankState withLow = evaluator_.AddRank(boardRanks, low);
-      for (int32_t high = low; high <= 14; ++high) {
-        const HandValue value = evaluator_.RankValue(evaluator_.AddRank(withLow, high));
-        table[RankPairIndex(low, high)] = value;
-        table[RankPairIndex(high, low)] = value;
-      }
-    }
   }
 
   const StandardEvaluator& evaluator_;
@@ -271,6 +287,49 @@ class CompletionCounter {
   std::array<uint32_t, 4> mySuitRanks_{};
 };
 
+// The river: one board, so each live holding is simply valued and compared.
+ShowdownTally CountRiver(const HandCards& myHand, const BoardCards& board, uint64_t deadCards,
+                         std::span<const HandCombo> combos) {
+  const StandardEvaluator& evaluator = StandardEvaluator::Get();
+  RankState boardRanks = StandardEvaluator::kNoRanks;
+  std::array<int, 4> suitCounts{};
+  std::array<uint32_t, 4> suitRanks{};
+  for (const Card& card : board.cards) {
+    boardRanks = evaluator.AddRank(boardRanks, card.rank);
+    ++suitCounts[card.suit];
+    suitRanks[card.suit] |= RankMaskBit(card.rank);
+  }
+  std::array<HandValue, kRankPairCount> values;
+  FillRankValues(evaluator, boardRanks, values.data());
+  int32_t flushSuit = -1;
+  for (int32_t suit = 0; suit < 4; ++suit) {
+    if (suitCounts[suit] >= 3) flushSuit = suit;
+  }
+  // A holding's value: its rank pair's, or the flush its cards of the flush suit make with the board's.
+  const auto valueOf = [&](Card a, Card b) {
+    HandValue value = values[RankPairIndex(a.rank, b.rank)];
+    if (flushSuit >= 0) {
+      const uint32_t hole =
+          (a.suit == flushSuit ? RankMaskBit(a.rank) : 0u) | (b.suit == flushSuit ? RankMaskBit(b.rank) : 0u);
+      value = std::max(value, evaluator.FlushValue(suitRanks[flushSuit] | hole));
+    }
+    return value;
+  };
+  const HandValue mine = valueOf(myHand.card1(), myHand.card2());
+  ShowdownTally tally;
+  for (const HandCombo& combo : combos) {
+    const Card a = combo.card1();
+    const Card b = combo.card2();
+    if (!combo.flag || !IsDeckCard(a) || !IsDeckCard(b) || a == b) continue;
+    if (((DeckBit(a) | DeckBit(b)) & deadCards) != 0) continue;
+    const HandValue theirs = valueOf(a, b);
+    tally.wins += mine > theirs;
+    tally.ties += mine == theirs;
+    tally.losses += mine < theirs;
+  }
+  return tally;
+}
+
 }  // namespace
 
 ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
@@ -280,7 +339,12 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   const int known = BoardCardCount(street);
   uint64_t deadCards = 0;
   if (!KnownCardsAreValid(myHand, board, known, deadCards)) return tally;
-  const LiveRange live = CollectLiveRange(combos, deadCards);
+  if (street == kRiver) return CountRiver(myHand, board, deadCards, combos);
+  std::array<bool, 4> flushSuits{};
+  std::array<int, 4> knownSuitCounts{};
+  for (int i = 0; i < known; ++i) ++knownSuitCounts[board[i].suit];
+  for (int32_t suit = 0; suit < 4; ++suit) flushSuits[suit] = knownSuitCounts[suit] + 5 - known >= 3;
+  const LiveRange live = CollectLiveRange(combos, deadCards, 5 - known, flushSuits);
   if (live.total == 0) return tally;
 
   CompletionCounter counter(myHand, board, known, live);
@@ -296,10 +360,8 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
         counter.CountBoard(coming, tally);
       }
     }
-  } else if (street == kTurn) {
-    for (int i = 0; i < remainingCount; ++i) counter.CountBoard(std::span(&remaining[i], 1), tally);
   } else {
-    counter.CountBoard({}, tally);
+    for (int i = 0; i < remainingCount; ++i) counter.CountBoard(std::span(&remaining[i], 1), tally);
   }
   return tally;
 }

@@ -240,6 +240,8 @@ void Form1::BuildMenus() {
        &Form1Model::mnuCalcEquityOnCook_Click);
   tick(operation, "mnuAutoPFEquityCalc", "Auto Calc Equity Preflop on Range Change",
        &MenuOptions::autoPFEquityCalc, &Form1Model::mnuAutoPFEquityCalc_Click);
+  tick(operation, "mnuStandardShowdownRules", "Standard Showdown Rules", &MenuOptions::standardShowdownRules,
+       &Form1Model::mnuStandardShowdownRules_Click);
 
   treeMenu_ = new QMenu(QStringLiteral("TV"), this);
   treeMenu_->setObjectName(QStringLiteral("mnuTV"));
@@ -434,6 +436,8 @@ void Form1::Refresh() {
   lblMyEquity_->setText(ToQString(model_.lblMyEquity.caption));
   ShowLabelBackground(*lblMyEquity_, model_.lblMyEquity.opaque, model_.lblMyEquity.backColour);
   lbloppEquity_->setText(ToQString(model_.lbloppEquity.caption));
+  lblMyEquity_->setToolTip(ToQString(model_.lblMyEquity.toolTip));
+  lbloppEquity_->setToolTip(ToQString(model_.lbloppEquity.toolTip));
   lblCheckPossibleHands_->setText(ToDisplayText(model_.lblCheckPossibleHands));
 
   ShowTree();

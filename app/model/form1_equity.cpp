@@ -15,6 +15,8 @@ void Form1Model::ClearEquityDisplay() {
   lblMyEquity.opaque = false;
   lblMyEquity.caption.clear();
   lbloppEquity.caption.clear();
+  lblMyEquity.toolTip.clear();
+  lbloppEquity.toolTip.clear();
 }
 
 void Form1Model::cmdCalcEquity_Click() {
@@ -93,6 +95,12 @@ void Form1Model::mnuCalcEquityOnCook_Click() {
 
 void Form1Model::mnuAutoPFEquityCalc_Click() {
   ToggleMenuCheck(options.autoPFEquityCalc);
+}
+
+void Form1Model::mnuStandardShowdownRules_Click() {
+  ToggleMenuCheck(options.standardShowdownRules);
+  // A result shown under the other rules would read as one of the new rules: the read-outs go blank.
+  ClearEquityDisplay();
 }
 
 }  // namespace quillet
