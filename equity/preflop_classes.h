@@ -119,7 +119,7 @@ struct PreflopClassTableOrError {
 
 // Reads the class table built into the program, checking the file (preflop_class_file.h) and the classes.
 PreflopClassTableOrError LoadPreflopClassTable();
-// The program's class table: LoadPreflopClassTable() run once, on first use (about a tenth of a second).
+// The program's class table: LoadPreflopClassTable() run once, on first use (about 12 ms).
 const PreflopClassTableOrError& ProgramPreflopClassTable();
 
 // My Hand against the holdings under standard rules before the flop: TallyAgainst over the program's class
