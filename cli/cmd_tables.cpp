@@ -22,7 +22,8 @@ namespace {
 constexpr const char* kDefaultOut = "data/preflop_matchups.bin";
 constexpr const char* kDefaultClassesOut = "data/preflop_classes.bin";
 
-bool WriteFile(std::ofstream& file, const std::vector<unsigned char>& bytes) {
+bool WriteFile(const std::string& path, const std::vector<unsigned char>& bytes) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
   file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   file.close();
   return static_cast<bool>(file);
@@ -44,16 +45,12 @@ int Generate(const Args& args, std::ostream& out, std::ostream& err) {
       return kExitBadInput;
     }
   }
-  // Open the outputs first so a bad path is reported before the work.
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!file) {
-    err << "quillet-cli tables: cannot write " << path << "\n";
-    return kExitFailure;
-  }
-  std::ofstream classesFile(classesPath, std::ios::binary | std::ios::trunc);
-  if (!classesFile) {
-    err << "quillet-cli tables: cannot write " << classesPath << "\n";
-    return kExitFailure;
+  // Try both outputs first so a bad path is reported before the work, without emptying the other file.
+  for (const std::string& p : {path, classesPath}) {
+    if (!std::ofstream(p, std::ios::binary | std::ios::app)) {
+      err << "quillet-cli tables: cannot write " << p << "\n";
+      return kExitFailure;
+    }
   }
 
   const auto start = std::chrono::steady_clock::now();
@@ -71,12 +68,12 @@ int Generate(const Args& args, std::ostream& out, std::ostream& err) {
   const GeneratedTables generated = GeneratePreflopTables(threads, progress);
 
   const std::vector<unsigned char> bytes = SerializeTables(generated.tables);
-  if (!WriteFile(file, bytes)) {
+  if (!WriteFile(path, bytes)) {
     err << "quillet-cli tables: writing " << path << " failed\n";
     return kExitFailure;
   }
   const std::vector<unsigned char> classBytes = SerializeClassTable(generated.classes);
-  if (!WriteFile(classesFile, classBytes)) {
+  if (!WriteFile(classesPath, classBytes)) {
     err << "quillet-cli tables: writing " << classesPath << " failed\n";
     return kExitFailure;
   }

@@ -11,29 +11,61 @@ namespace {
 
 constexpr int32_t kSuitRenamings = 24;
 
-// Each holding written as high << 6 | low of its deck places under each renaming of the suits, the
-// renamings in lexicographic order of (new name of suit 0, of suit 1, ...).
-using RenamedHoldings = std::array<std::array<uint16_t, kHoldingCount>, kSuitRenamings>;
+// The deck places of each holding's two cards, the higher first.
+using Places = std::array<std::array<uint8_t, 2>, kHoldingCount>;
 
-RenamedHoldings BuildRenamedHoldings() {
-  RenamedHoldings renamed{};
+constexpr Places kHoldingPlaces = [] {
+  Places places{};
+  for (int32_t high = 1; high < 52; ++high) {
+    for (int32_t low = 0; low < high; ++low) {
+      places[high * (high - 1) / 2 + low] = {static_cast<uint8_t>(high), static_cast<uint8_t>(low)};
+    }
+  }
+  return places;
+}();
+
+const Places& HoldingPlaces() {
+  return kHoldingPlaces;
+}
+
+// Each holding under each renaming of the suits (the renamings in lexicographic order of the new names
+// of suits 0, 1, 2, 3): the holding it becomes, and that holding written as high << 6 | low.
+struct Renaming {
+  std::array<uint16_t, kHoldingCount> holding;
+  std::array<uint16_t, kHoldingCount> code;
+};
+using Renamings = std::array<Renaming, kSuitRenamings>;
+
+Renamings BuildRenamings() {
+  Renamings renamings{};
   std::array<int32_t, 4> perm = {0, 1, 2, 3};
   int n = 0;
   do {
     for (int32_t h = 0; h < kHoldingCount; ++h) {
       const auto cards = HoldingCards(h);
-      const int32_t x = perm[cards[0].suit] * 13 + cards[0].rank - 2;
-      const int32_t y = perm[cards[1].suit] * 13 + cards[1].rank - 2;
-      renamed[n][h] = static_cast<uint16_t>(x > y ? x << 6 | y : y << 6 | x);
+      const Card c1{cards[0].rank, perm[cards[0].suit]};
+      const Card c2{cards[1].rank, perm[cards[1].suit]};
+      const int32_t renamed = HoldingIndex(c1, c2);
+      const auto places = HoldingPlaces()[renamed];
+      renamings[n].holding[h] = static_cast<uint16_t>(renamed);
+      renamings[n].code[h] = static_cast<uint16_t>(places[0] << 6 | places[1]);
     }
     ++n;
   } while (std::next_permutation(perm.begin(), perm.end()));
-  return renamed;
+  return renamings;
 }
 
-const RenamedHoldings& Renamed() {
-  static const RenamedHoldings renamed = BuildRenamedHoldings();
-  return renamed;
+const Renamings& AllRenamings() {
+  static const Renamings renamings = BuildRenamings();
+  return renamings;
+}
+
+// The holding a 12-bit half of a class code names, or -1 when it names none.
+int32_t HoldingOfCode(uint32_t code) {
+  const uint32_t high = code >> 6 & 63;
+  const uint32_t low = code & 63;
+  if (high >= 52 || low >= high) return -1;
+  return static_cast<int32_t>(high * (high - 1) / 2 + low);
 }
 
 bool RealCard(Card c) {
@@ -53,23 +85,22 @@ std::string MatchupText(int32_t a, int32_t b) {
 }  // namespace
 
 std::array<Card, 2> HoldingCards(int32_t holding) {
-  // high x (high - 1) / 2 <= holding: the largest such high.
-  int32_t high = 1;
-  while ((high + 1) * high / 2 <= holding) ++high;
-  return {DeckCard(high), DeckCard(holding - high * (high - 1) / 2)};
+  const auto places = HoldingPlaces()[holding];
+  return {DeckCard(places[0]), DeckCard(places[1])};
 }
 
 bool HoldingsOverlap(int32_t a, int32_t b) {
-  const auto ca = HoldingCards(a);
-  const auto cb = HoldingCards(b);
-  return ca[0] == cb[0] || ca[0] == cb[1] || ca[1] == cb[0] || ca[1] == cb[1];
+  const auto& places = HoldingPlaces();
+  const uint64_t ma = uint64_t{1} << places[a][0] | uint64_t{1} << places[a][1];
+  const uint64_t mb = uint64_t{1} << places[b][0] | uint64_t{1} << places[b][1];
+  return (ma & mb) != 0;
 }
 
 MatchupClassCode ClassCodeOf(int32_t holding, int32_t opponent) {
   MatchupClassCode best{UINT32_MAX, false};
-  for (const auto& renamed : Renamed()) {
-    const uint32_t a = renamed[holding];
-    const uint32_t b = renamed[opponent];
+  for (const Renaming& r : AllRenamings()) {
+    const uint32_t a = r.code[holding];
+    const uint32_t b = r.code[opponent];
     if ((a << 12 | b) < best.code) best = {a << 12 | b, false};
     if ((b << 12 | a) < best.code) best = {b << 12 | a, true};
   }
@@ -77,10 +108,7 @@ MatchupClassCode ClassCodeOf(int32_t holding, int32_t opponent) {
 }
 
 std::array<int32_t, 2> ClassCodeHoldings(uint32_t code) {
-  const auto holding = [](uint32_t h) {
-    return HoldingIndex(DeckCard(static_cast<int32_t>(h >> 6 & 63)), DeckCard(static_cast<int32_t>(h & 63)));
-  };
-  return {holding(code >> 12 & 0xFFF), holding(code & 0xFFF)};
+  return {HoldingOfCode(code >> 12 & 0xFFF), HoldingOfCode(code & 0xFFF)};
 }
 
 std::vector<uint32_t> AllMatchupClassCodes() {
@@ -121,34 +149,32 @@ PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord
   t.oriented_.push_back({0, 0, 0});
   t.refs_.assign(static_cast<std::size_t>(kHoldingCount) * kHoldingCount, none);
 
-  // Codes sorted, so those of one first holding lie together: where each first holding's run starts.
-  std::vector<uint32_t> codes(n);
-  for (std::size_t i = 0; i < n; ++i) codes[i] = records[i].code;
-  std::vector<uint32_t> runStart(4097, 0);
-  for (uint32_t first = 0, i = 0; first <= 4096; ++first) {
-    while (i < n && (codes[i] >> 12) < first) ++i;
-    runStart[first] = i;
-  }
-
-  std::vector<bool> used(n, false);
-  for (int32_t a = 0; a < kHoldingCount; ++a) {
-    for (int32_t b = a + 1; b < kHoldingCount; ++b) {
-      if (HoldingsOverlap(a, b)) continue;
-      const MatchupClassCode c = ClassCodeOf(a, b);
-      const auto begin = codes.begin() + runStart[c.code >> 12];
-      const auto end = codes.begin() + runStart[(c.code >> 12) + 1];
-      const auto it = std::lower_bound(begin, end, c.code);
-      if (it == end || *it != c.code) {
-        return {std::nullopt, "it has no class for the matchup " + MatchupText(a, b)};
-      }
-      const uint32_t index = static_cast<uint32_t>(it - codes.begin());
-      used[index] = true;
-      t.refs_[static_cast<std::size_t>(a) * kHoldingCount + b] = 2 * index + (c.reversed ? 1 : 0);
-      t.refs_[static_cast<std::size_t>(b) * kHoldingCount + a] = 2 * index + (c.reversed ? 0 : 1);
+  // Each class claims every matchup its own one becomes under the renamings of the suits, either way round.
+  for (std::size_t i = 0; i < n; ++i) {
+    const uint32_t code = records[i].code;
+    const auto [first, second] = ClassCodeHoldings(code);
+    if (code > 0xFFFFFF || first < 0 || second < 0 || HoldingsOverlap(first, second)) {
+      return {std::nullopt, "its class " + std::to_string(i) + " names no matchup"};
+    }
+    if (ClassCodeOf(first, second).code != code) {
+      return {std::nullopt,
+              "its class " + std::to_string(i) + " is not named by the smallest code of its matchups"};
+    }
+    for (const Renaming& r : AllRenamings()) {
+      const std::size_t a = r.holding[first];
+      const std::size_t b = r.holding[second];
+      t.refs_[a * kHoldingCount + b] = static_cast<uint32_t>(2 * i);
+      t.refs_[b * kHoldingCount + a] = static_cast<uint32_t>(2 * i + 1);
     }
   }
-  for (std::size_t i = 0; i < n; ++i) {
-    if (!used[i]) return {std::nullopt, "its class " + std::to_string(i) + " is no matchup's class"};
+  // Codes that are ascending and each the smallest of its class name different classes; whether they name
+  // them all shows in the matchups left over.
+  for (int32_t a = 0; a < kHoldingCount; ++a) {
+    for (int32_t b = a + 1; b < kHoldingCount; ++b) {
+      if (t.refs_[static_cast<std::size_t>(a) * kHoldingCount + b] == none && !HoldingsOverlap(a, b)) {
+        return {std::nullopt, "it has no class for the matchup " + MatchupText(a, b)};
+      }
+    }
   }
   t.records_ = std::move(records);
   return {std::move(t), {}};

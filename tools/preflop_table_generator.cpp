@@ -59,7 +59,24 @@ struct FastTables {
   std::vector<uint16_t> flush;         // [13-bit rank mask of one suit], five or more ranks
   std::vector<BoardRanks> boardRanks;  // every multiset of five ranks no rank more than four times
   std::array<std::vector<uint16_t>, 6> suitSubsets;  // [k]: the 13-bit rank masks of k ranks
+  // [n], n = 0..2: OtherRankSets(n).
+  std::array<std::vector<std::array<int32_t, 2>>, 3> otherRankSets;
+  // [k], k = 3..5: the board rank multiset of suitSubsets[k][s] with the other ranks otherRankSets[5 - k][o],
+  // at s x otherRankSets[5 - k].size() + o.
+  std::array<std::vector<uint16_t>, 6> mergedIndex;
 };
+
+// The multisets of n = 0..2 ranks (0..12) of the board cards outside a flush suit, in a fixed order.
+std::vector<std::array<int32_t, 2>> OtherRankSets(int n) {
+  std::vector<std::array<int32_t, 2>> sets;
+  if (n == 0) sets.push_back({});
+  if (n == 1)
+    for (int32_t r = 0; r < 13; ++r) sets.push_back({r, 0});
+  if (n == 2)
+    for (int32_t r = 0; r < 13; ++r)
+      for (int32_t q = r; q < 13; ++q) sets.push_back({r, q});
+  return sets;
+}
 
 FastTables BuildFastTables() {
   FastTables t;
@@ -97,6 +114,20 @@ FastTables BuildFastTables() {
   for (uint32_t mask = 0; mask < 8192; ++mask) {
     if (std::popcount(mask) >= 5) flushValues[mask] = EvaluateFlush(mask);
     if (std::popcount(mask) <= 5) t.suitSubsets[std::popcount(mask)].push_back(static_cast<uint16_t>(mask));
+  }
+  for (int n = 0; n <= 2; ++n) t.otherRankSets[n] = OtherRankSets(n);
+  for (int k = 3; k <= 5; ++k) {
+    const auto& others = t.otherRankSets[5 - k];
+    for (const uint16_t mask : t.suitSubsets[k]) {
+      for (const auto& other : others) {
+        std::vector<int32_t> ranks(other.begin(), other.begin() + (5 - k));
+        for (uint32_t m = mask; m != 0; m &= m - 1) ranks.push_back(std::countr_zero(m));
+        std::sort(ranks.begin(), ranks.end());
+        int32_t index = 0;
+        for (int pos = 0; pos < 5; ++pos) index += MultisetTerm(ranks[pos], pos);
+        t.mergedIndex[k].push_back(static_cast<uint16_t>(index));
+      }
+    }
   }
   std::vector<HandValue> distinct(nonFlushValues);
   distinct.insert(distinct.end(), flushValues.begin(), flushValues.end());
@@ -138,58 +169,45 @@ struct Tally {
   }
 };
 
-// The ranks (0..12) of the 0, 1 or 2 board cards outside the flush suit, and how many sets of cards show
-// them.
-struct OtherRanks {
-  std::array<int32_t, 2> rank{};
-  int64_t ways = 0;
-};
-
-// Adds, for the boards with exactly k cards of suit `suit` on which a player holds a flush, what the flush
-// changes: each board's outcome replaces the outcome its ranks alone gave.
+// Adds, for the boards with exactly k cards of one suit on which a player holds a flush, what the flush
+// changes (`suitFree`: the suit's ranks no player holds; `holeA`, `holeB`: the players' ranks of it): each
+// board's outcome replaces the outcome its ranks alone gave. The boards are taken by the ranks of their k
+// suited cards and the rank multiset of the 5 - k others, each multiset weighing the number of sets of cards
+// that show it.
 void CorrectForFlushes(const FastTables& t, const uint16_t* rowA, const uint16_t* rowB, uint32_t holeA,
                        uint32_t holeB, uint32_t suitFree, const std::array<int32_t, 13>& left, int k,
                        Tally& tally) {
-  const int holeCountA = std::popcount(holeA);
-  const int holeCountB = std::popcount(holeB);
-  const bool flushA = holeCountA + k >= 5;
-  const bool flushB = holeCountB + k >= 5;
+  const bool flushA = std::popcount(holeA) + k >= 5;
+  const bool flushB = std::popcount(holeB) + k >= 5;
 
-  // Cards of the other suits left per rank, and the rank multisets of the 5 - k such board cards.
+  // Cards of the other suits left per rank, and the multisets of other ranks that some cards show.
   std::array<int32_t, 13> otherLeft{};
   for (int r = 0; r < 13; ++r) otherLeft[r] = left[r] - static_cast<int32_t>((suitFree >> r) & 1);
-  std::array<OtherRanks, 91> others{};
+  struct Other {
+    int32_t position;  // in OtherRankSets(5 - k)
+    int64_t ways;
+  };
+  std::array<Other, 91> others{};
   int otherCount = 0;
-  if (k == 5) {
-    others[otherCount++] = {{}, 1};
-  } else if (k == 4) {
-    for (int r = 0; r < 13; ++r)
-      if (otherLeft[r] > 0) others[otherCount++] = {{r, 0}, otherLeft[r]};
-  } else {
-    for (int r = 0; r < 13; ++r)
-      for (int q = r; q < 13; ++q) {
-        const int64_t ways = r == q ? kChooseOfRank[otherLeft[r]][2] : int64_t{otherLeft[r]} * otherLeft[q];
-        if (ways > 0) others[otherCount++] = {{r, q}, ways};
-      }
+  const auto& otherSets = t.otherRankSets[5 - k];
+  for (int32_t o = 0; o < static_cast<int32_t>(otherSets.size()); ++o) {
+    const auto [r, q] = otherSets[o];
+    const int64_t ways = k == 5   ? 1
+                         : k == 4 ? otherLeft[r]
+                         : r == q ? kChooseOfRank[otherLeft[r]][2]
+                                  : int64_t{otherLeft[r]} * otherLeft[q];
+    if (ways > 0) others[otherCount++] = {o, ways};
   }
-  const int otherSize = 5 - k;
 
-  for (const uint16_t suitRanks : t.suitSubsets[k]) {
+  const std::vector<uint16_t>& subsets = t.suitSubsets[k];
+  for (std::size_t s = 0; s < subsets.size(); ++s) {
+    const uint32_t suitRanks = subsets[s];
     if ((suitRanks & ~suitFree) != 0) continue;
     const uint32_t valueA = flushA ? t.flush[suitRanks | holeA] : 0;
     const uint32_t valueB = flushB ? t.flush[suitRanks | holeB] : 0;
-    std::array<int32_t, 5> mine{};
-    int n = 0;
-    for (uint32_t m = suitRanks; m != 0; m &= m - 1) mine[n++] = std::countr_zero(m);
+    const uint16_t* merged = t.mergedIndex[k].data() + s * otherSets.size();
     for (int o = 0; o < otherCount; ++o) {
-      // Merge the suit's ranks and the others' into the five ranks in rising order.
-      int32_t index = 0;
-      int i = 0;
-      int j = 0;
-      for (int pos = 0; pos < 5; ++pos) {
-        const bool takeMine = j == otherSize || (i < k && mine[i] <= others[o].rank[j]);
-        index += MultisetTerm(takeMine ? mine[i++] : others[o].rank[j++], pos);
-      }
+      const int32_t index = merged[others[o].position];
       const uint32_t plainA = rowA[index];
       const uint32_t plainB = rowB[index];
       tally.Add(flushA ? valueA : plainA, flushB ? valueB : plainB, others[o].ways);

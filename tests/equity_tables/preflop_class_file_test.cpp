@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -132,7 +134,33 @@ TEST(ClassTableFile, RefusesATableThatLeavesAMatchupWithoutItsClass) {
 TEST(ClassTableFile, RefusesAClassThatNoMatchupHas) {
   std::vector<MatchupClassRecord> more = BuiltIn();
   more.push_back({0xFFFFFFu, 0, kPreflopBoardCount, 0});  // a code above every real class
-  ExpectRefused(SerializeClassTable(more), "its class 47008 is no matchup's class");
+  ExpectRefused(SerializeClassTable(more), "its class 47008 names no matchup");
+  std::vector<MatchupClassRecord> overlapping = BuiltIn();
+  overlapping.back().code = 51u << 18 | 50u << 12 | 51u << 6 | 49u;  // AsKs v AsQs: the ace twice
+  ExpectRefused(SerializeClassTable(overlapping), "its class 47007 names no matchup");
+}
+
+// The code a class's matchup has after renaming the suits by `perm`.
+uint32_t RenamedCode(uint32_t code, const std::array<int32_t, 4>& perm) {
+  uint32_t out = 0;
+  for (int h = 0; h < 2; ++h) {
+    const auto cards = HoldingCards(ClassCodeHoldings(code)[h]);
+    const int32_t x = perm[cards[0].suit] * 13 + cards[0].rank - 2;
+    const int32_t y = perm[cards[1].suit] * 13 + cards[1].rank - 2;
+    out = out << 12 | static_cast<uint32_t>(x > y ? x << 6 | y : y << 6 | x);
+  }
+  return out;
+}
+
+TEST(ClassTableFile, RefusesAClassNamedByAnotherThanItsSmallestCode) {
+  std::vector<MatchupClassRecord> renamed = BuiltIn();
+  // The last class, its suits renamed: another code of the same matchups, larger, so the order still holds.
+  MatchupClassRecord& last = renamed.back();
+  std::array<int32_t, 4> perm = {0, 1, 2, 3};
+  while (RenamedCode(last.code, perm) == last.code) std::next_permutation(perm.begin(), perm.end());
+  last.code = RenamedCode(last.code, perm);
+  ExpectRefused(SerializeClassTable(renamed),
+                "its class 47007 is not named by the smallest code of its matchups");
 }
 
 TEST(EmbeddedClassTable, IsBuiltIntoTheProgramInTheCurrentFormat) {
