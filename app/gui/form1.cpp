@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "app/gui/grid_clipboard_keys.h"
 #include "app/gui/qt_convert.h"
 #include "app/gui/result_icons.h"
 
@@ -68,6 +69,7 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   resize(kWindowWidth, kWindowMinHeight);
 
   BuildControls();
+  BuildNotationBox();
   BuildMenus();
   ConnectEvents();
   services_.Attach(this);
@@ -152,7 +154,7 @@ void Form1::BuildControls() {
   hint->setStyleSheet(QStringLiteral("color: #404040;"));
   grid_ = new HandGridWidget(model_, this);
   grid_->setObjectName(QStringLiteral("PFHand"));
-  grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * 22 + 1);
+  grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * 20 + 1);  // rows of 20 leave room for the notation box
 
   txtRange_ = new QLineEdit(this);
   txtRange_->setObjectName(QStringLiteral("txtRange"));
@@ -441,6 +443,7 @@ void Form1::Refresh() {
   lblCheckPossibleHands_->setText(ToDisplayText(model_.lblCheckPossibleHands));
 
   ShowTree();
+  ShowNotationBox();
 
   for (const TickAction& t : tickActions_) {
     const bool ticked = model_.options.*t.tick;
@@ -666,6 +669,40 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
     }
   }
   return QWidget::eventFilter(watched, event);
+}
+
+// ---- The range notation box ("Range:") under the grid, and the grid's Ctrl+C / Ctrl+V ----
+
+void Form1::BuildNotationBox() {
+  auto* caption = new CaptionLabel(QStringLiteral("Range:"), this);
+  caption->setGeometry(8, 409, 46, 24);
+  caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  txtNotation_ = new QLineEdit(this);
+  txtNotation_->setObjectName(QStringLiteral("txtNotation"));
+  txtNotation_->setGeometry(54, 409, 397, 24);
+
+  connect(txtNotation_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    Act([this, text] {
+      model_.txtNotation.text = ToStdString(text);
+      model_.txtNotation_Change();
+    });
+  });
+  // On the key's press, so that the Enter that closes an error's message box is not taken as another one.
+  connect(txtNotation_, &QLineEdit::returnPressed, this,
+          [this] { Act([this] { model_.txtNotation_KeyDown(kKeyEnter, 0); }); });
+
+  new GridClipboardKeys(
+      grid_, [this](int key, int shift) { Act([this, key, shift] { model_.PFHand_KeyDown(key, shift); }); },
+      this);
+}
+
+void Form1::ShowNotationBox() {
+  const QString text = ToQString(model_.txtNotation.text);
+  if (txtNotation_->text() != text) {
+    txtNotation_->setText(text);
+    txtNotation_->setCursorPosition(0);  // a long range shows from its strongest hands
+  }
+  SetTextColour(*txtNotation_, QPalette::Text, model_.txtNotation.foreColour);
 }
 
 }  // namespace quillet::gui

@@ -61,6 +61,10 @@ void QtWindowServices::SetClipboardText(std::string_view text) {
   clipboard->setText(ToQString(text));
 }
 
+std::string QtWindowServices::GetClipboardText() {
+  return ToStdString(QGuiApplication::clipboard()->text());
+}
+
 void QtWindowServices::OpenInShell(std::string_view address) {
   // The result is not checked: when no browser opens, nothing is reported.
   QDesktopServices::openUrl(QUrl(ToQString(address)));

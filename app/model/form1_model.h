@@ -9,8 +9,8 @@
 //
 // The handlers are implemented by subsystem, one file each: form1_model.cpp (start-up, shutdown, shared
 // helpers), form1_cook.cpp, form1_equity.cpp, form1_grid.cpp, form1_range_text.cpp, form1_slider.cpp,
-// form1_quick_select.cpp, form1_card_entry.cpp, form1_results.cpp, form1_profiles.cpp,
-// form1_preferences.cpp, form1_window.cpp.
+// form1_range_notation.cpp, form1_quick_select.cpp, form1_card_entry.cpp, form1_results.cpp,
+// form1_profiles.cpp, form1_preferences.cpp, form1_window.cpp.
 #pragma once
 
 #include <array>
@@ -52,6 +52,8 @@ inline constexpr int kKeyUp = 38;
 inline constexpr int kKeyRight = 39;
 inline constexpr int kKeyDown = 40;
 inline constexpr int kKeyF3 = 114;
+inline constexpr int kKeyC = 'C';
+inline constexpr int kKeyV = 'V';
 
 // The resting background of the command labels (and of cmdCalcEquity between calculations).
 inline constexpr Colour kOptionsBackColour = Rgb(0xD8, 0xE4, 0xF0);
@@ -224,6 +226,24 @@ class Form1Model {
   void txtRange_Click();
   void WriteRangePercent();
 
+  // ---- range notation box and the grid's clipboard keys (form1_range_notation.cpp) ----
+  // txtNotation, captioned "Range:", shows the On layer as players write ranges ("QQ+, AK") after every
+  // range change (SetBlockColours ends with WriteRangeNotation), and takes typed or pasted notation on
+  // Enter: the On layer becomes exactly that range. A text that cannot be read turns red, its error is
+  // shown once in a message box, and nothing else changes.
+  // The user edited the text: it is red until Enter accepts it.
+  void txtNotation_Change();
+  // Enter (key code 13) applies the text; other keys do nothing here.
+  void txtNotation_KeyDown(int keyCode, int shift);
+  // Ctrl+C puts the On layer's notation on the clipboard; Ctrl+V puts the clipboard's text in the box and
+  // applies it as Enter does.
+  void PFHand_KeyDown(int keyCode, int shift);
+  // The On layer's notation into the box, in the normal colour (empty with no profile current).
+  void WriteRangeNotation();
+  // Reads the box's text and makes the On layer exactly that range, then runs the grid's refresh chain
+  // (colours and equity timer, suit matrix, percentage text). False when the text is refused.
+  bool ApplyRangeNotation();
+
   // ---- slider (form1_slider.cpp) ----
   void Slider1_MouseMove(int button, int shift);
   void Slider1_KeyDown(int keyCode, int shift);
@@ -300,6 +320,8 @@ class Form1Model {
   RichTextState txtMyHand;
   RichTextState txtBoard;
   TextBoxState txtRange;
+  TextBoxState txtNotation;
+  std::string notationErrorShownFor;  // the refused text whose error was shown last (shown once)
   SliderState Slider1;
   ComboBoxState cmbPlayer;
 

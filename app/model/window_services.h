@@ -26,6 +26,8 @@ class WindowServices {
   virtual std::string InputBox(std::string_view prompt, std::string_view defaultText) = 0;
   // Clears the clipboard and puts `text` on it.
   virtual void SetClipboardText(std::string_view text) = 0;
+  // The text on the clipboard, empty when it holds none.
+  virtual std::string GetClipboardText() { return {}; }
   // Hands an address to the shell's "open" (a normal window); the result is not checked.
   virtual void OpenInShell(std::string_view address) = 0;
   // Pops up a menu under the pointer.
@@ -78,6 +80,8 @@ class RecordingServices : public WindowServices {
     return answer;
   }
   void SetClipboardText(std::string_view text) override { clipboard.emplace_back(text); }
+  // The clipboard holds the last text put on it, as a real one does.
+  std::string GetClipboardText() override { return clipboard.empty() ? std::string() : clipboard.back(); }
   void OpenInShell(std::string_view address) override { opened.emplace_back(address); }
   void PopUpMenu(PopupMenuId menu) override { popups.push_back(menu); }
   void SetFocus(ControlId control) override { focus.push_back(control); }
