@@ -29,10 +29,22 @@ BoardCards TenEightThreeRainbow(int32_t street) {
   return board;
 }
 
-void RunRangeEquity(benchmark::State& state, const char* mine, const char* theirs, int32_t street) {
+// Three spades and a pair: Ks9s9d, and on the turn a fourth spade.
+BoardCards MonotonePaired(int32_t street) {
+  BoardCards board;
+  board[0] = {13, 3};                       // Ks
+  board[1] = {9, 3};                        // 9s
+  board[2] = {9, 1};                        // 9d
+  if (street >= kTurn) board[3] = {4, 3};   // 4s
+  if (street >= kRiver) board[4] = {2, 3};  // 2s
+  return board;
+}
+
+void RunRangeEquity(benchmark::State& state, const char* mine, const char* theirs, int32_t street,
+                    bool flushy = false) {
   const HoldingSet myRange = Range(mine);
   const HoldingSet oppRange = Range(theirs);
-  const BoardCards board = TenEightThreeRainbow(street);
+  const BoardCards board = flushy ? MonotonePaired(street) : TenEightThreeRainbow(street);
   StandardRangeEquity(myRange, oppRange, board, street);  // builds the evaluator and the class table
   for (auto _ : state) {
     RangeEquityResult result = StandardRangeEquity(myRange, oppRange, board, street);
@@ -52,6 +64,15 @@ void BM_RandomVsRandomTurn(benchmark::State& state) {
 void BM_RandomVsRandomRiver(benchmark::State& state) {
   RunRangeEquity(state, "random", "random", kRiver);
 }
+void BM_RandomVsRandomSpadesFlop(benchmark::State& state) {
+  RunRangeEquity(state, "random", "random", kFlop, true);
+}
+void BM_RandomVsRandomSpadesTurn(benchmark::State& state) {
+  RunRangeEquity(state, "random", "random", kTurn, true);
+}
+void BM_RandomVsRandomSpadesRiver(benchmark::State& state) {
+  RunRangeEquity(state, "random", "random", kRiver, true);
+}
 void BM_WideVsTightPreflop(benchmark::State& state) {
   RunRangeEquity(state, kWide, kTight, kNoBoard);
 }
@@ -66,6 +87,9 @@ BENCHMARK(BM_RandomVsRandomPreflop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomVsRandomFlop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomVsRandomTurn)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomVsRandomRiver)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_RandomVsRandomSpadesFlop)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RandomVsRandomSpadesTurn)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RandomVsRandomSpadesRiver)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_WideVsTightPreflop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_WideVsTightFlop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_QueensPlusAceKingVsRandomPreflop)->Unit(benchmark::kMillisecond);
