@@ -8,6 +8,7 @@
 #include "equity/board_record.h"
 #include "equity/deck.h"
 #include "equity/hand_evaluator.h"
+#include "equity/preflop_classes.h"
 #include "equity/showdown_key.h"  // RankMaskBit
 #include "equity/standard_evaluator.h"
 
@@ -366,16 +367,12 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   return tally;
 }
 
-std::optional<ShowdownTally> StandardPreflopTally(const HandCards& /*myHand*/,
-                                                  std::span<const HandCombo> /*combos*/) {
-  // The exact preflop table of matchup classes is not part of the program yet; until it is, preflop
-  // under the standard rules has no tally of its own.
-  return std::nullopt;
-}
-
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
                                                  int32_t street, std::span<const HandCombo> combos) {
-  if (street == kNoBoard) return StandardPreflopTally(myHand, combos);
+  if (street == kNoBoard) {
+    if (!ProgramPreflopClassTable().ok()) return std::nullopt;
+    return StandardPreflopTally(myHand, combos);
+  }
   return StandardShowdownTally(myHand, board, street, combos);
 }
 

@@ -32,12 +32,9 @@ namespace quillet {
 ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
                                     std::span<const HandCombo> combos);
 
-// Every showdown preflop (every five-card board), read from the exact preflop table of matchup classes.
-// No value while the program has no such table: callers then fall back to the preflop path of the
-// program's own rules. This is the one place the preflop tally is taken from.
-std::optional<ShowdownTally> StandardPreflopTally(const HandCards& myHand, std::span<const HandCombo> combos);
-
-// The tally on any street: StandardPreflopTally without a board, StandardShowdownTally with one.
+// The tally on any street: without a board StandardPreflopTally (preflop_classes.h), read from the exact
+// preflop table of matchup classes, and no value while the program has no such table (callers then fall
+// back to the preflop path of the program's own rules); StandardShowdownTally with a board.
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
                                                  int32_t street, std::span<const HandCombo> combos);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "equity/deck.h"
 #include "equity/hand_evaluator.h"
 #include "equity/preflop_classes.h"
+#include "equity/standard_equity.h"
 #include "equity/standard_evaluator.h"
 #include "tests/equity_engine/card_text.h"
 
@@ -185,6 +187,20 @@ TEST(RangeEquity, PreflopARangeAgainstARangeIsTheSumOfEachOfItsHandsAgainstTheRa
       sum += StandardPreflopTally(hand, theirs);
     }
     EXPECT_EQ(Equity(mine, theirs, "").tally, sum);
+  }
+}
+
+TEST(RangeEquity, OneHoldingAgainstARangeCountsWhatMyHandAgainstTheRangeCountsOnEveryStreet) {
+  std::mt19937_64 rng(TestSeed() + 5);
+  const std::vector<HandCombo> theirs = RandomRange(rng, 500);
+  HandCards hand;
+  hand.rank1 = 14, hand.suit1 = 3, hand.rank2 = 13, hand.suit2 = 3;  // AsKs
+  for (const std::string board : {"", "Qs7s2d", "Qs7s2d5s", "Qs7s2d5s9h"}) {
+    SCOPED_TRACE(board);
+    const std::optional<ShowdownTally> handTally =
+        StandardEquityTally(hand, Board(board), StreetOf(board), theirs);
+    ASSERT_TRUE(handTally.has_value());
+    EXPECT_EQ(Equity(Combos({"AsKs"}), theirs, board).tally, *handTally);
   }
 }
 
