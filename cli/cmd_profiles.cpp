@@ -2,11 +2,10 @@
 #include <ostream>
 #include <system_error>
 
-#include "app/model/form1_model.h"
 #include "cards/hand_class.h"
-#include "cli/args.h"
 #include "cli/commands.h"
-#include "cli/range_list.h"
+#include "cli/options.h"
+#include "range/class_list.h"
 #include "range/range_text.h"
 #include "storage/code_page.h"
 #include "storage/data_folder.h"
@@ -16,7 +15,28 @@
 namespace quillet::cli {
 namespace {
 
+// The command's words as read: the action and its name, and the options.
+struct Args {
+  const CLI::App& app;
+  std::vector<std::string> positionalWords;
+  std::string file;
+  std::string range;
+  std::string seen;
+  std::string rangeText;
+
+  bool has(const std::string& name) const { return Given(app, name); }
+  const std::vector<std::string>& positional() const { return positionalWords; }
+};
+
 constexpr std::size_t kLongestProfileName = 15;
+
+constexpr const char* kProfilesUsage =
+    "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text "
+    "TEXT] "
+    "[--file F]";
+constexpr const char* kProfilesSummary =
+    "list, show or add player profiles (F: the profile file, by default the one the window uses; TEXT: the "
+    "range box's text, by default the share of the holdings as a grid click shows it, \"~0.8\")";
 
 std::filesystem::path DefaultProfileFile() {
   return ChooseDataFolder(WindowProgramFolder(RunningProgramFolder())) / kProfileFileName;
@@ -69,14 +89,12 @@ void PrintLayer(std::ostream& out, const char* title, const RangeLayer& layer) {
   }
 }
 
-std::string LayerJson(const RangeLayer& layer) {
-  std::string json = "[";
+Json LayerJson(const RangeLayer& layer) {
+  Json json = Json::array();
   for (const LayerEntry& e : ClassesHeld(layer)) {
-    if (json.size() > 1) json += ",";
-    json += "{\"class\":" + JsonString(e.handClass->caption) + ",\"count\":" + std::to_string(e.count) +
-            ",\"whole\":" + (e.whole ? "true" : "false") + "}";
+    json.push_back(Json{{"class", e.handClass->caption}, {"count", e.count}, {"whole", e.whole}});
   }
-  return json + "]";
+  return json;
 }
 
 int List(const Args& args, std::ostream& out, std::ostream& err) {
@@ -85,7 +103,7 @@ int List(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   std::vector<PlayerProfile> profiles;
-  if (!LoadProfileList(args.valueOr("--file", DefaultProfileFile().string()), profiles, err))
+  if (!LoadProfileList(args.has("--file") ? args.file : DefaultProfileFile().string(), profiles, err))
     return kExitBadInput;
   for (const PlayerProfile& p : profiles) {
     if (!p.isFree()) out << p.name << "\n";
@@ -98,7 +116,7 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
     err << "quillet-cli profiles show: give exactly one profile name\n";
     return kExitBadInput;
   }
-  const std::string file = args.valueOr("--file", DefaultProfileFile().string());
+  const std::string file = args.has("--file") ? args.file : DefaultProfileFile().string();
   std::vector<PlayerProfile> profiles;
   if (!LoadProfileList(file, profiles, err)) return kExitBadInput;
   const std::string& name = args.positional()[1];
@@ -109,8 +127,11 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
   }
   const PlayerProfile& p = profiles[index];
   if (args.has("--json")) {
-    out << "{\"name\":" << JsonString(p.name) << ",\"rangeText\":" << JsonString(p.rangeText)
-        << ",\"on\":" << LayerJson(p.rangeLayer) << ",\"seen\":" << LayerJson(p.seenLayer) << "}\n";
+    const Json json{{"name", p.name},
+                    {"rangeText", p.rangeText},
+                    {"on", LayerJson(p.rangeLayer)},
+                    {"seen", LayerJson(p.seenLayer)}};
+    out << JsonText(json) << "\n";
     return kExitOk;
   }
   out << "Profile: " << p.name << "\nRange text: " << p.rangeText << "\n";
@@ -141,14 +162,13 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     err << "quillet-cli profiles add: \"" << name << "\" has characters the profile file cannot hold\n";
     return kExitBadInput;
   }
-  const auto rangeText = args.value("--range");
-  if (!rangeText) {
+  if (!args.has("--range")) {
     err << "quillet-cli profiles add: --range LIST is needed (\"\" for an empty range)\n";
     return kExitBadInput;
   }
-  const RangeList onList = ParseRangeList(*rangeText);
-  const RangeList seenList = ParseRangeList(args.valueOr("--seen", ""));
-  for (const RangeList* list : {&onList, &seenList}) {
+  const ClassList onList = ParseClassList(args.range);
+  const ClassList seenList = ParseClassList(args.seen);
+  for (const ClassList* list : {&onList, &seenList}) {
     if (!list->error.empty()) {
       err << "quillet-cli profiles add: " << list->error << "\n";
       return kExitBadInput;
@@ -156,30 +176,29 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   }
 
   const bool defaultFile = !args.has("--file");
-  const std::filesystem::path file =
-      defaultFile ? DefaultProfileFile() : std::filesystem::path(*args.value("--file"));
-  RecordingServices services;
-  Form1Model model(services);
-  if (!LoadProfileList(file, model.profiles, err)) return kExitBadInput;
-  if (FindProfileByName(model.profiles, name) >= 0) {
+  const std::filesystem::path file = defaultFile ? DefaultProfileFile() : std::filesystem::path(args.file);
+  std::vector<PlayerProfile> profiles;
+  if (!LoadProfileList(file, profiles, err)) return kExitBadInput;
+  if (FindProfileByName(profiles, name) >= 0) {
     err << "quillet-cli profiles add: a profile named \"" << name << "\" already exists in \""
         << file.string() << "\"\n";
     return kExitBadInput;
   }
-  const int index = model.AddProfile(name);
-  PlayerProfile& profile = model.profiles[index];
+  const int index = TakeProfileSlot(profiles, name);
+  PlayerProfile& profile = profiles[index];
   PutClassesWhole(profile.rangeLayer, onList.classes);
   PutClassesWhole(profile.seenLayer, seenList.classes);
   // Without --range-text the profile gets the text a click on the grid would leave ("~0.8"): an empty text
   // would make the window replace the range with AA when the profile is picked.
-  profile.rangeText = args.valueOr(
-      "--range-text", ComputedRangeText(UnionHoldingCount(profile.rangeLayer, profile.seenLayer)));
+  profile.rangeText = args.has("--range-text")
+                          ? args.rangeText
+                          : ComputedRangeText(UnionHoldingCount(profile.rangeLayer, profile.seenLayer));
 
   if (defaultFile) {
     std::error_code ec;
     std::filesystem::create_directories(file.parent_path(), ec);
   }
-  if (auto error = WriteProfileFile(file, model.profiles)) {
+  if (auto error = WriteProfileFile(file, profiles)) {
     err << error->message << "\n";
     return kExitFailure;
   }
@@ -188,11 +207,20 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
 }
 
 int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--file", "--range", "--seen", "--range-text"}, {"--json"});
-  if (!args.error().empty()) {
-    err << "quillet-cli profiles: " << args.error() << "\n";
-    return kExitBadInput;
-  }
+  CLI::App app(kProfilesSummary, "quillet-cli profiles");
+  SetUpCommandParser(app);
+  Args args{app, {}, {}, {}, {}, {}};
+  app.add_option("--file", args.file, "the profile file (by default the one the window uses)");
+  app.add_option("--range", args.range, "add: the On layer's classes, separated by commas (\"\" for none)");
+  app.add_option("--seen", args.seen, "add: the Seen layer's classes");
+  app.add_option("--range-text", args.rangeText,
+                 "add: the range box's text (by default the share of the holdings, \"~0.8\")");
+  bool jsonFlag = false;
+  app.add_flag("--json", jsonFlag, "show: the profile as JSON");
+  int status = kExitOk;
+  const auto positional = ParseCommandWords(app, words, "quillet-cli profiles", out, err, status);
+  if (!positional) return status;
+  args.positionalWords = *positional;
   const std::string sub = args.positional().empty() ? "" : args.positional()[0];
   const auto refuse = [&](const char* option) {
     err << "quillet-cli profiles " << sub << ": " << option << " does not apply here\n";
@@ -216,16 +244,7 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
   return kExitBadInput;
 }
 
-const CommandRegistrar registrar({
-    "profiles",
-    "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text "
-    "TEXT] "
-    "[--file F]",
-    "list, show or add player profiles (F: the profile file, by default the one the window uses; TEXT: the "
-    "range box's text, by default the share of the holdings as a grid click shows it, \"~0.8\")",
-    70,
-    RunProfiles,
-});
+const CommandRegistrar registrar({"profiles", kProfilesUsage, kProfilesSummary, 70, RunProfiles});
 
 }  // namespace
 }  // namespace quillet::cli

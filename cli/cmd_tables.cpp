@@ -3,11 +3,12 @@
 #include <cstdio>
 #include <fstream>
 #include <iomanip>
+#include <optional>
 #include <ostream>
 #include <string>
 
-#include "cli/args.h"
 #include "cli/commands.h"
+#include "cli/options.h"
 #include "equity/embedded_tables.h"
 #include "equity/lookup_tables.h"
 #include "equity/table_file.h"
@@ -17,11 +18,18 @@ namespace quillet::cli {
 namespace {
 
 constexpr const char* kDefaultOut = "data/preflop_matchups.bin";
+constexpr const char* kTablesSummary =
+    "Generates the preflop matchup tables (minutes), or describes the built-in ones";
 
-int Generate(const Args& args, std::ostream& out, std::ostream& err) {
-  const std::string path = args.valueOr("--out", kDefaultOut);
+struct TablesArgs {
+  std::string out = kDefaultOut;
+  std::optional<std::string> threads;
+};
+
+int Generate(const TablesArgs& args, std::ostream& out, std::ostream& err) {
+  const std::string path = args.out;
   int threads = 0;
-  if (const auto text = args.value("--threads")) {
+  if (const auto& text = args.threads) {
     std::size_t used = 0;
     try {
       threads = std::stoi(*text, &used);
@@ -82,24 +90,26 @@ int Info(std::ostream& out, std::ostream& err) {
 }
 
 int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--out", "--threads"}, {});
-  if (!args.error().empty()) {
-    err << "quillet-cli tables: " << args.error() << "\n";
-    return kExitBadInput;
-  }
-  const auto& positional = args.positional();
+  CLI::App app(kTablesSummary, "quillet-cli tables");
+  SetUpCommandParser(app);
+  TablesArgs args;
+  app.add_option("--out", args.out, "generate: the file to write (by default data/preflop_matchups.bin)");
+  app.add_option("--threads", args.threads, "generate: how many threads enumerate (1 to 1024)");
+  int status = kExitOk;
+  const auto positionalWords = ParseCommandWords(app, words, "quillet-cli tables", out, err, status);
+  if (!positionalWords) return status;
+  const std::vector<std::string>& positional = *positionalWords;
   const std::string action = positional.empty() ? "" : positional[0];
   if (positional.size() == 1 && action == "generate") return Generate(args, out, err);
-  if (positional.size() == 1 && action == "info" && !args.has("--out") && !args.has("--threads")) {
+  if (positional.size() == 1 && action == "info" && !Given(app, "--out") && !Given(app, "--threads")) {
     return Info(out, err);
   }
   err << "quillet-cli tables: say \"generate [--out FILE] [--threads N]\" or \"info\"\n";
   return kExitBadInput;
 }
 
-const CommandRegistrar registrar(
-    {"tables", "generate [--out FILE] [--threads N] | info",
-     "Generates the preflop matchup tables (minutes), or describes the built-in ones", 90, RunTables});
+const CommandRegistrar registrar({"tables", "generate [--out FILE] [--threads N] | info", kTablesSummary, 90,
+                                  RunTables});
 
 }  // namespace
 }  // namespace quillet::cli

@@ -6,6 +6,7 @@
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
 #include "range/range_text.h"
+#include "range/top_of_order.h"
 
 namespace quillet {
 namespace {
@@ -157,16 +158,19 @@ RangeNotationError Unknown(const Token& token) {
   return MakeError(token, "unknown token " + Quoted(token));
 }
 
-// "15%": the preflop order's step that the range box would snap the value to, and every step before it.
+// "15%": the step of the preflop order the range box snaps the value to, and every step before it.
 std::optional<RangeNotationError> AddPercent(HoldingSet& set, const Token& token) {
   const std::string_view number = std::string_view(token.text).substr(0, token.text.size() - 1);
   const bool hasDigit =
       std::any_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
-  if (!hasDigit || number.front() == '-' || !IsNumberText(number, false, false, 1, 99)) return Unknown(token);
-  const int64_t value = NumberTextToTenThousandths(number);
-  if (value > 100 * 10'000) return MakeError(token, "percentage " + Quoted(token) + " is above 100");
-  const PreflopStep step = NearestPreflopStep(value, PreflopOrder());
-  for (const HandCombo& h : PreflopRangeLists()[step.entry]) set.insert(h.card1(), h.card2());
+  if (!hasDigit || number.front() == '-') return Unknown(token);
+  const auto step = TopOfOrderStep(number);
+  if (!step) return Unknown(token);
+  if (NumberTextToTenThousandths(number) > 100 * 10'000) {
+    return MakeError(token, "percentage " + Quoted(token) + " is above 100");
+  }
+  // At or above the last step the box leaves the grid alone; as notation that value means every class.
+  for (const HandCombo& h : PreflopRangeLists()[step->entry]) set.insert(h.card1(), h.card2());
   return {};
 }
 

@@ -23,6 +23,7 @@
 #include "app/model/sel_cards_model.h"
 #include "app/model/window_services.h"
 #include "cards/card.h"
+#include "cards/card_input.h"
 #include "categorise/category_node.h"
 #include "range/block_record.h"
 #include "range/colour.h"
@@ -193,8 +194,14 @@ class Form1Model {
 
  private:
   // The window's reading of My Hand and the Board: the card layer's check and parse run on the two text
-  // boxes, their messages shown as message boxes. Every command that needs the cards calls this first.
+  // boxes, their messages shown as message boxes. The results tree's icons read the cards with this.
   bool ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& street);
+  // The cook's and the equity command's reading: the core's CheckCardInputs on the two boxes, which get
+  // their normalised texts back (coloured by suit again once they parsed); every message of a refusal is
+  // shown as a message box.
+  CardInputs ReadCardBoxes(CardsFor use);
+  // The holdings of the current profile's range (empty with no profile selected, which is no error).
+  std::vector<HandCombo> CurrentRangeCombos() const;
 
  public:
 
