@@ -5,7 +5,9 @@
 #include "cards/hand_class.h"
 #include "cli/commands.h"
 #include "cli/options.h"
-#include "range/class_list.h"
+#include "cli/range_option.h"
+#include "range/holding_set.h"
+#include "range/range_notation.h"
 #include "range/range_text.h"
 #include "storage/code_page.h"
 #include "storage/data_folder.h"
@@ -23,6 +25,7 @@ struct Args {
   std::string range;
   std::string seen;
   std::string rangeText;
+  bool notation = false;
 
   bool has(const std::string& name) const { return Given(app, name); }
   const std::vector<std::string>& positional() const { return positionalWords; }
@@ -31,9 +34,8 @@ struct Args {
 constexpr std::size_t kLongestProfileName = 15;
 
 constexpr const char* kProfilesUsage =
-    "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text "
-    "TEXT] "
-    "[--file F]";
+    "list [--file F] | show NAME [--file F] [--json] [--notation] | add NAME --range LIST [--seen LIST] "
+    "[--range-text TEXT] [--file F]";
 constexpr const char* kProfilesSummary =
     "list, show or add player profiles (F: the profile file, by default the one the window uses; TEXT: the "
     "range box's text, by default the share of the holdings as a grid click shows it, \"~0.8\")";
@@ -97,6 +99,11 @@ Json LayerJson(const RangeLayer& layer) {
   return json;
 }
 
+// The layer's holdings as range notation ("QQ+, AK").
+std::string LayerNotation(const RangeLayer& layer) {
+  return PrintRangeNotation(HoldingsOfLayer(layer));
+}
+
 int List(const Args& args, std::ostream& out, std::ostream& err) {
   if (args.positional().size() != 1) {
     err << "quillet-cli profiles list: unexpected word \"" << args.positional()[1] << "\"\n";
@@ -127,16 +134,24 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
   }
   const PlayerProfile& p = profiles[index];
   if (args.has("--json")) {
-    const Json json{{"name", p.name},
-                    {"rangeText", p.rangeText},
-                    {"on", LayerJson(p.rangeLayer)},
-                    {"seen", LayerJson(p.seenLayer)}};
+    Json json{{"name", p.name},
+              {"rangeText", p.rangeText},
+              {"on", LayerJson(p.rangeLayer)},
+              {"seen", LayerJson(p.seenLayer)}};
+    if (args.notation) {
+      json["onNotation"] = LayerNotation(p.rangeLayer);
+      json["seenNotation"] = LayerNotation(p.seenLayer);
+    }
     out << JsonText(json) << "\n";
     return kExitOk;
   }
   out << "Profile: " << p.name << "\nRange text: " << p.rangeText << "\n";
   PrintLayer(out, "On", p.rangeLayer);
   PrintLayer(out, "Seen", p.seenLayer);
+  if (args.notation) {
+    out << "On layer notation: " << LayerNotation(p.rangeLayer) << "\n";
+    out << "Seen layer notation: " << LayerNotation(p.seenLayer) << "\n";
+  }
   return kExitOk;
 }
 
@@ -166,11 +181,13 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     err << "quillet-cli profiles add: --range LIST is needed (\"\" for an empty range)\n";
     return kExitBadInput;
   }
-  const ClassList onList = ParseClassList(args.range);
-  const ClassList seenList = ParseClassList(args.seen);
-  for (const ClassList* list : {&onList, &seenList}) {
-    if (!list->error.empty()) {
-      err << "quillet-cli profiles add: " << list->error << "\n";
+  // Both layers are read before the file is touched: a refused text changes nothing.
+  PlayerProfile read;
+  InitProfile(read);
+  for (const auto& [text, layer] :
+       {std::pair{&args.range, &read.rangeLayer}, {&args.seen, &read.seenLayer}}) {
+    if (const std::string error = PutRangeOption(*text, *layer); !error.empty()) {
+      err << "quillet-cli profiles add: " << error << "\n";
       return kExitBadInput;
     }
   }
@@ -186,8 +203,8 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   }
   const int index = TakeProfileSlot(profiles, name);
   PlayerProfile& profile = profiles[index];
-  PutClassesWhole(profile.rangeLayer, onList.classes);
-  PutClassesWhole(profile.seenLayer, seenList.classes);
+  profile.rangeLayer = read.rangeLayer;
+  profile.seenLayer = read.seenLayer;
   // Without --range-text the profile gets the text a click on the grid would leave ("~0.8"): an empty text
   // would make the window replace the range with AA when the profile is picked.
   profile.rangeText = args.has("--range-text")
@@ -209,14 +226,16 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
 int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
   CLI::App app(kProfilesSummary, "quillet-cli profiles");
   SetUpCommandParser(app);
-  Args args{app, {}, {}, {}, {}, {}};
+  Args args{app, {}, {}, {}, {}, {}, false};
   app.add_option("--file", args.file, "the profile file (by default the one the window uses)");
-  app.add_option("--range", args.range, "add: the On layer's classes, separated by commas (\"\" for none)");
+  app.add_option("--range", args.range,
+                 "add: the On layer's classes, separated by commas (\"\" for none), or range notation");
   app.add_option("--seen", args.seen, "add: the Seen layer's classes");
   app.add_option("--range-text", args.rangeText,
                  "add: the range box's text (by default the share of the holdings, \"~0.8\")");
   bool jsonFlag = false;
   app.add_flag("--json", jsonFlag, "show: the profile as JSON");
+  app.add_flag("--notation", args.notation, "show: each layer's range as notation too (\"QQ+, AK\")");
   int status = kExitOk;
   const auto positional = ParseCommandWords(app, words, "quillet-cli profiles", out, err, status);
   if (!positional) return status;
@@ -227,6 +246,7 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
     return kExitBadInput;
   };
   const bool addOptions = args.has("--range") || args.has("--seen") || args.has("--range-text");
+  if (sub != "show" && args.notation) return refuse("--notation");
   if (sub == "list") {
     if (addOptions || args.has("--json"))
       return refuse(args.has("--json") ? "--json" : "--range, --seen or --range-text");

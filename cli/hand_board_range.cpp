@@ -1,6 +1,6 @@
 #include "cli/hand_board_range.h"
 
-#include "range/class_list.h"
+#include "cli/range_option.h"
 #include "range/top_of_order.h"
 
 namespace quillet::cli {
@@ -34,22 +34,17 @@ std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const Hand
         << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
     return std::nullopt;
   }
-  const ClassList onList = ParseClassList(options.range);
-  if (!onList.ok()) {
-    err << command << ": --range: " << onList.error << "\n";
-    return std::nullopt;
-  }
-  const ClassList seenList = ParseClassList(options.seen);
-  if (!seenList.ok()) {
-    err << command << ": --seen: " << seenList.error << "\n";
-    return std::nullopt;
-  }
-
   HandBoardRange read;
   InitProfile(read.profile);
   read.profile.name = "Generic";
-  PutClassesWhole(read.profile.rangeLayer, onList.classes);
-  PutClassesWhole(read.profile.seenLayer, seenList.classes);
+  if (const std::string error = PutRangeOption(options.range, read.profile.rangeLayer); !error.empty()) {
+    err << command << ": --range: " << error << "\n";
+    return std::nullopt;
+  }
+  if (const std::string error = PutRangeOption(options.seen, read.profile.seenLayer); !error.empty()) {
+    err << command << ": --seen: " << error << "\n";
+    return std::nullopt;
+  }
   read.top = top;
   if (top) {
     const auto step = TopOfOrderStep(options.top);

@@ -150,12 +150,12 @@ std::string Quoted(const Token& token) {
   return "'" + token.text + "' at column " + std::to_string(token.column);
 }
 
-RangeNotationError MakeError(const Token& token, const std::string& message) {
-  return {token.text, token.column, message};
+RangeNotationError MakeError(RangeNotationError::Kind kind, const Token& token, const std::string& message) {
+  return {kind, token.text, token.column, message};
 }
 
 RangeNotationError Unknown(const Token& token) {
-  return MakeError(token, "unknown token " + Quoted(token));
+  return MakeError(RangeNotationError::Kind::UnknownToken, token, "unknown token " + Quoted(token));
 }
 
 // "15%": the step of the preflop order the range box snaps the value to, and every step before it.
@@ -167,7 +167,8 @@ std::optional<RangeNotationError> AddPercent(HoldingSet& set, const Token& token
   const auto step = TopOfOrderStep(number);
   if (!step) return Unknown(token);
   if (NumberTextToTenThousandths(number) > 100 * 10'000) {
-    return MakeError(token, "percentage " + Quoted(token) + " is above 100");
+    return MakeError(RangeNotationError::Kind::PercentAbove100, token,
+                     "percentage " + Quoted(token) + " is above 100");
   }
   // At or above the last step the box leaves the grid alone; as notation that value means every class.
   for (const HandCombo& h : PreflopRangeLists()[step->entry]) set.insert(h.card1(), h.card2());
@@ -179,7 +180,8 @@ std::optional<RangeNotationError> AddRange(HoldingSet& set, const Token& token, 
   if (a.kind == Term::Kind::Holding || b.kind == Term::Kind::Holding || a.plus || b.plus)
     return Unknown(token);
   if (a.kind != b.kind) {
-    return MakeError(token, "range " + Quoted(token) + " has ends of different kinds");
+    return MakeError(RangeNotationError::Kind::RangeEnds, token,
+                     "range " + Quoted(token) + " has ends of different kinds");
   }
   if (a.kind == Term::Kind::Pair) {
     for (int32_t r = std::min(a.high, b.high); r <= std::max(a.high, b.high); ++r) {
@@ -200,14 +202,16 @@ std::optional<RangeNotationError> AddRange(HoldingSet& set, const Token& token, 
     }
     return {};
   }
-  return MakeError(token, "range " + Quoted(token) +
-                              " needs ends with the same first rank or the same gap between the ranks");
+  return MakeError(
+      RangeNotationError::Kind::RangeEnds, token,
+      "range " + Quoted(token) + " needs ends with the same first rank or the same gap between the ranks");
 }
 
 std::optional<RangeNotationError> AddToken(HoldingSet& set, const Token& token) {
   const std::string& text = token.text;
   if (text.find_first_of(":[]") != std::string::npos) {
-    return MakeError(token, "weights are not supported yet: " + Quoted(token));
+    return MakeError(RangeNotationError::Kind::Weights, token,
+                     "weights are not supported yet: " + Quoted(token));
   }
   const std::string lowered = Lowered(text);
   if (lowered == "random" || lowered == "any" || lowered == "all") {
@@ -220,7 +224,8 @@ std::optional<RangeNotationError> AddToken(HoldingSet& set, const Token& token) 
     const auto term = ReadTerm(text);
     if (!term) return Unknown(token);
     if (term->kind == Term::Kind::Holding && !IsHolding(term->card1, term->card2)) {
-      return MakeError(token, "holding " + Quoted(token) + " has the same card twice");
+      return MakeError(RangeNotationError::Kind::SameCardTwice, token,
+                       "holding " + Quoted(token) + " has the same card twice");
     }
     AddTerm(set, *term);
     return {};
