@@ -10,13 +10,22 @@
 #include "range/range_text.h"
 #include "storage/code_page.h"
 #include "storage/data_folder.h"
+#include "storage/file_io.h"
+#include "storage/file_lock.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
+#include "storage/terminal_text.h"
 
 namespace quillet::cli {
 namespace {
 
 constexpr std::size_t kLongestProfileName = 15;
+
+// A name or a text from the file or the command line as the terminal is to print it (see
+// EscapeControlCharacters); JSON output escapes on its own.
+std::string Shown(const std::string& text) {
+  return EscapeControlCharacters(text);
+}
 
 std::filesystem::path DefaultProfileFile() {
   return ChooseDataFolder(WindowProgramFolder(RunningProgramFolder())) / kProfileFileName;
@@ -88,7 +97,7 @@ int List(const Args& args, std::ostream& out, std::ostream& err) {
   if (!LoadProfileList(args.valueOr("--file", DefaultProfileFile().string()), profiles, err))
     return kExitBadInput;
   for (const PlayerProfile& p : profiles) {
-    if (!p.isFree()) out << p.name << "\n";
+    if (!p.isFree()) out << Shown(p.name) << "\n";
   }
   return kExitOk;
 }
@@ -104,7 +113,8 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
   const std::string& name = args.positional()[1];
   const int index = FindProfileByName(profiles, name);
   if (index < 0) {
-    err << "quillet-cli profiles show: there is no profile named \"" << name << "\" in \"" << file << "\"\n";
+    err << "quillet-cli profiles show: there is no profile named \"" << Shown(name) << "\" in \"" << file
+        << "\"\n";
     return kExitBadInput;
   }
   const PlayerProfile& p = profiles[index];
@@ -113,7 +123,7 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
         << ",\"on\":" << LayerJson(p.rangeLayer) << ",\"seen\":" << LayerJson(p.seenLayer) << "}\n";
     return kExitOk;
   }
-  out << "Profile: " << p.name << "\nRange text: " << p.rangeText << "\n";
+  out << "Profile: " << Shown(p.name) << "\nRange text: " << Shown(p.rangeText) << "\n";
   PrintLayer(out, "On", p.rangeLayer);
   PrintLayer(out, "Seen", p.seenLayer);
   return kExitOk;
@@ -133,12 +143,13 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   if (Utf8Length(name) > kLongestProfileName) {
-    err << "quillet-cli profiles add: \"" << name << "\" is longer than " << kLongestProfileName
+    err << "quillet-cli profiles add: \"" << Shown(name) << "\" is longer than " << kLongestProfileName
         << " characters\n";
     return kExitBadInput;
   }
   if (Cp1252ToUtf8(Utf8ToCp1252(name)) != name) {
-    err << "quillet-cli profiles add: \"" << name << "\" has characters the profile file cannot hold\n";
+    err << "quillet-cli profiles add: \"" << Shown(name)
+        << "\" has characters the profile file cannot hold\n";
     return kExitBadInput;
   }
   const auto rangeText = args.value("--range");
@@ -158,11 +169,21 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   const bool defaultFile = !args.has("--file");
   const std::filesystem::path file =
       defaultFile ? DefaultProfileFile() : std::filesystem::path(*args.value("--file"));
+  if (defaultFile) {
+    std::error_code ec;
+    std::filesystem::create_directories(file.parent_path(), ec);
+  }
+  // Read, change and write back under the folder's lock: another writer's profile is not lost.
+  const WriteLock lock(file);
+  if (lock.failure()) {
+    err << ProfileSaveFault(file, *lock.failure(), SomethingAt(file)) << "\n";
+    return kExitFailure;
+  }
   RecordingServices services;
   Form1Model model(services);
   if (!LoadProfileList(file, model.profiles, err)) return kExitBadInput;
   if (FindProfileByName(model.profiles, name) >= 0) {
-    err << "quillet-cli profiles add: a profile named \"" << name << "\" already exists in \""
+    err << "quillet-cli profiles add: a profile named \"" << Shown(name) << "\" already exists in \""
         << file.string() << "\"\n";
     return kExitBadInput;
   }
@@ -175,15 +196,11 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   profile.rangeText = args.valueOr(
       "--range-text", ComputedRangeText(UnionHoldingCount(profile.rangeLayer, profile.seenLayer)));
 
-  if (defaultFile) {
-    std::error_code ec;
-    std::filesystem::create_directories(file.parent_path(), ec);
-  }
   if (auto error = WriteProfileFile(file, model.profiles)) {
     err << error->message << "\n";
     return kExitFailure;
   }
-  out << "Added the profile \"" << name << "\" to \"" << file.string() << "\".\n";
+  out << "Added the profile \"" << Shown(name) << "\" to \"" << file.string() << "\".\n";
   return kExitOk;
 }
 

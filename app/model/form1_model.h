@@ -129,11 +129,11 @@ struct TimerState {
 
 // The tick marks of the options menu (first-start values).
 struct MenuOptions {
-  bool hideEmptyCats = true;     // mnuHideEmptyCats, "Hide Empty Categories"
-  bool simplifyOutput = true;    // mnuSimplifyOutput, "Simplify Output"
-  bool simplifyFurther = false;  // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
-  bool categoryIcons = false;    // mnuCategoryIcons, "Category Icons"
-  bool winLoseIcons = false;     // mnuWinLoseIcons, "Win Lose Icons"
+  bool hideEmptyCats = true;      // mnuHideEmptyCats, "Hide Empty Categories"
+  bool simplifyOutput = true;     // mnuSimplifyOutput, "Simplify Output"
+  bool simplifyFurther = false;   // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
+  bool categoryIcons = false;     // mnuCategoryIcons, "Category Icons"
+  bool winLoseIcons = false;      // mnuWinLoseIcons, "Win Lose Icons"
   bool calcEquityOnCook = false;  // mnuCalcEquityOnCook, "Auto Calc Equity on Cook"
   bool autoPFEquityCalc = false;  // mnuAutoPFEquityCalc, "Auto Calc Equity Preflop on Range Change"
 };
@@ -195,7 +195,6 @@ class Form1Model {
   bool ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& street);
 
  public:
-
   // ---- equity (form1_equity.cpp) ----
   void cmdCalcEquity_Click();
   void ClearEquityDisplay();
@@ -261,6 +260,9 @@ class Form1Model {
   // False when the version question was answered No (end the program at once).
   bool LoadProfiles();
   void SaveProfiles();
+  // The list SaveProfiles writes: this session's profiles, with what another program changed in the file
+  // since it was loaded (see MergeProfileLists).
+  std::vector<PlayerProfile> ProfilesToSave();
   int AddProfile(const std::string& name);
   int FirstProfileIndex();
   void RefillPlayerList(const std::string& name);
@@ -303,7 +305,7 @@ class Form1Model {
   const LabelState& label(CommandLabel which) const { return commandLabels[static_cast<int>(which)]; }
   std::optional<CommandLabel> highlightedLabel;
 
-  LabelState lblMyEquity;   // caption "57.3%", opaque and coloured after a calculation
+  LabelState lblMyEquity;  // caption "57.3%", opaque and coloured after a calculation
   LabelState lbloppEquity;
   // ---- equity state (form1_equity.cpp): the unrounded values behind the last read-outs ----
   double myEquity = 0.0;
@@ -320,6 +322,9 @@ class Form1Model {
 
   std::vector<PlayerProfile> profiles;
   int currentProfileIndex = -1;
+  // The profiles as LoadProfiles read them (empty when there was no file or nothing could be read); none
+  // before the file is loaded. The save compares with it what another program changed in the file meanwhile.
+  std::optional<std::vector<PlayerProfile>> profilesAsLoaded;
 
   Categories categories;  // the last cook's result
   // ---- cook state (form1_cook.cpp): the last cook's counts, set with the caption ----
