@@ -24,8 +24,10 @@ WriteLock::WriteLock(const fs::path& file, std::chrono::milliseconds wait) {
     if (errno == EINTR) continue;
     if (errno != EWOULDBLOCK) break;  // no locks on this file system: go on as before
     if (std::chrono::steady_clock::now() >= deadline) {
-      failure_ = "another program kept the folder \"" + folder.string() + "\" locked for " +
-                 std::to_string((wait.count() + 999) / 1000) + " seconds";
+      const long long ms = wait.count();
+      failure_ =
+          "another program kept the folder \"" + folder.string() + "\" locked for " +
+          (ms % 1000 == 0 ? std::to_string(ms / 1000) + " seconds" : std::to_string(ms) + " milliseconds");
       break;
     }
     std::this_thread::sleep_for(pause);

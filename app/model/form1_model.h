@@ -14,6 +14,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -346,6 +347,8 @@ class Form1Model {
 
   std::filesystem::path profilePath;
   std::filesystem::path preferencesPath;
+  // How long a save waits for another program that is writing in the same folder before it gives up.
+  std::chrono::milliseconds writeLockWait{10000};
 };
 
 }  // namespace quillet

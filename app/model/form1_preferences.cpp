@@ -49,7 +49,7 @@ void Form1Model::SavePreferences() {
     services.MsgBox(PreferencesSaveFault(preferencesPath, *failure, false), MessageIcon::Warning);
     return;
   }
-  const WriteLock lock(preferencesPath);
+  const WriteLock lock(preferencesPath, writeLockWait);
   if (lock.failure()) {
     services.MsgBox(PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath)),
                     MessageIcon::Warning);

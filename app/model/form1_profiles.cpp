@@ -76,7 +76,7 @@ void Form1Model::SaveProfiles() {
     services.MsgBox(ProfileSaveFault(profilePath, *failure, false), MessageIcon::Warning);
     return;
   }
-  const WriteLock lock(profilePath);
+  const WriteLock lock(profilePath, writeLockWait);
   if (lock.failure()) {
     services.MsgBox(ProfileSaveFault(profilePath, *lock.failure(), SomethingAt(profilePath)),
                     MessageIcon::Warning);
