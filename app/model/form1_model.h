@@ -130,11 +130,11 @@ struct TimerState {
 
 // The tick marks of the options menu (first-start values).
 struct MenuOptions {
-  bool hideEmptyCats = true;      // mnuHideEmptyCats, "Hide Empty Categories"
-  bool simplifyOutput = true;     // mnuSimplifyOutput, "Simplify Output"
-  bool simplifyFurther = false;   // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
-  bool categoryIcons = false;     // mnuCategoryIcons, "Category Icons"
-  bool winLoseIcons = false;      // mnuWinLoseIcons, "Win Lose Icons"
+  bool hideEmptyCats = true;     // mnuHideEmptyCats, "Hide Empty Categories"
+  bool simplifyOutput = true;    // mnuSimplifyOutput, "Simplify Output"
+  bool simplifyFurther = false;  // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
+  bool categoryIcons = false;    // mnuCategoryIcons, "Category Icons"
+  bool winLoseIcons = false;     // mnuWinLoseIcons, "Win Lose Icons"
   bool calcEquityOnCook = false;  // mnuCalcEquityOnCook, "Auto Calc Equity on Cook"
   bool autoPFEquityCalc = false;  // mnuAutoPFEquityCalc, "Auto Calc Equity Preflop on Range Change"
 };
@@ -196,6 +196,7 @@ class Form1Model {
   bool ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& street);
 
  public:
+
   // ---- equity (form1_equity.cpp) ----
   void cmdCalcEquity_Click();
   void ClearEquityDisplay();
@@ -306,7 +307,7 @@ class Form1Model {
   const LabelState& label(CommandLabel which) const { return commandLabels[static_cast<int>(which)]; }
   std::optional<CommandLabel> highlightedLabel;
 
-  LabelState lblMyEquity;  // caption "57.3%", opaque and coloured after a calculation
+  LabelState lblMyEquity;   // caption "57.3%", opaque and coloured after a calculation
   LabelState lbloppEquity;
   // ---- equity state (form1_equity.cpp): the unrounded values behind the last read-outs ----
   double myEquity = 0.0;
