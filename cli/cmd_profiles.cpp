@@ -1,6 +1,5 @@
 // quillet-cli profiles: list, show and add player profiles in the profile file.
 #include <ostream>
-#include <system_error>
 
 #include "app/model/form1_model.h"
 #include "cards/hand_class.h"
@@ -170,8 +169,10 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   const std::filesystem::path file =
       defaultFile ? DefaultProfileFile() : std::filesystem::path(*args.value("--file"));
   if (defaultFile) {
-    std::error_code ec;
-    std::filesystem::create_directories(file.parent_path(), ec);
+    if (auto failure = CreateFolderFor(file)) {
+      err << ProfileSaveFault(file, *failure, false) << "\n";
+      return kExitFailure;
+    }
   }
   // Read, change and write back under the folder's lock: another writer's profile is not lost.
   const WriteLock lock(file);
