@@ -209,8 +209,12 @@ bool ReadsWithin(const fs::path& path, rlim_t memoryBytes, ProfileFileContents::
     setrlimit(RLIMIT_CORE, &noCore);
     rlimit limit{memoryBytes, memoryBytes};
     setrlimit(RLIMIT_AS, &limit);
-    const ProfileFileContents read = ReadProfileFile(path);
-    _exit(read.status == expected && read.bytes.empty() ? 0 : 1);
+    try {
+      const ProfileFileContents read = ReadProfileFile(path);
+      _exit(read.status == expected && read.bytes.empty() ? 0 : 1);
+    } catch (...) {
+      _exit(1);  // out of memory
+    }
   }
   int status = 0;
   waitpid(child, &status, 0);
