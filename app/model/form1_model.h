@@ -14,6 +14,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -268,6 +269,9 @@ class Form1Model {
   // False when the version question was answered No (end the program at once).
   bool LoadProfiles();
   void SaveProfiles();
+  // The list SaveProfiles writes: this session's profiles, with what another program changed in the file
+  // since it was loaded (see MergeProfileLists).
+  std::vector<PlayerProfile> ProfilesToSave();
   int AddProfile(const std::string& name);
   int FirstProfileIndex();
   void RefillPlayerList(const std::string& name);
@@ -327,6 +331,9 @@ class Form1Model {
 
   std::vector<PlayerProfile> profiles;
   int currentProfileIndex = -1;
+  // The profiles as LoadProfiles read them (empty when there was no file or nothing could be read); none
+  // before the file is loaded. The save compares with it what another program changed in the file meanwhile.
+  std::optional<std::vector<PlayerProfile>> profilesAsLoaded;
 
   Categories categories;  // the last cook's result
   // ---- cook state (form1_cook.cpp): the last cook's counts, set with the caption ----
@@ -348,6 +355,8 @@ class Form1Model {
 
   std::filesystem::path profilePath;
   std::filesystem::path preferencesPath;
+  // How long a save waits for another program that is writing in the same folder before it gives up.
+  std::chrono::milliseconds writeLockWait{10000};
 };
 
 }  // namespace quillet
