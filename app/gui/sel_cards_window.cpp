@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "app/gui/grid_widgets.h"
@@ -139,18 +140,30 @@ void SelCardsWindow::ShowState(const QWidget* anchor) {
   shownAnchor_ = picker_.anchor;
   if (reopened && anchor != nullptr) {
     // Just right of the box it fills: the box's right edge and 5 pixels, 24 pixels below its top.
-    move(anchor->mapToGlobal(QPoint(picker_.offsetX, picker_.offsetY)));
+    frameSpot_ = anchor->mapToGlobal(QPoint(picker_.offsetX, picker_.offsetY));
+    move(*frameSpot_);
   }
   if (!isVisible()) show();
   if (reopened) raise();
 }
 
 void SelCardsWindow::paintEvent(QPaintEvent* event) {
+  PlaceFrame();
   QWidget::paintEvent(event);
   // A thin edge, so that the picker stands apart from the main window it overlaps.
   QPainter painter(this);
   painter.setPen(QColor(120, 120, 120));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void SelCardsWindow::PlaceFrame() {
+  // The spot is where the frame starts, title bar and all. Before the window is first shown its frame is
+  // unknown, so the window manager puts the inside of the window there and the title bar above it, over
+  // the Board box. Once the window is framed (it is by its first paint), it moves down by its frame.
+  if (!frameSpot_ || !isVisible()) return;
+  const QPoint spot = *frameSpot_;
+  frameSpot_.reset();
+  if (frameGeometry().topLeft() != spot) QTimer::singleShot(0, this, [this, spot] { move(spot); });
 }
 
 void SelCardsWindow::closeEvent(QCloseEvent* event) {
