@@ -140,8 +140,16 @@ void SelCardsWindow::ShowState(const QWidget* anchor) {
   shownAnchor_ = picker_.anchor;
   if (reopened && anchor != nullptr) {
     // Just right of the box it fills: the box's right edge and 5 pixels, 24 pixels below its top.
+    // The spot is where the frame starts, title bar and all.
     frameSpot_ = anchor->mapToGlobal(QPoint(picker_.offsetX, picker_.offsetY));
-    move(*frameSpot_);
+    if (testAttribute(Qt::WA_WState_Created)) {
+      move(*frameSpot_);
+    } else {
+      // Never shown yet, the window has no frame, and a move places its inside: the inside goes where a
+      // frame like the owner's leaves it, so that the title bar does not cover the Board box.
+      const QWidget* owner = anchor->window();
+      move(*frameSpot_ + (owner->geometry().topLeft() - owner->frameGeometry().topLeft()));
+    }
   }
   if (!isVisible()) show();
   if (reopened) raise();
@@ -157,9 +165,8 @@ void SelCardsWindow::paintEvent(QPaintEvent* event) {
 }
 
 void SelCardsWindow::PlaceFrame() {
-  // The spot is where the frame starts, title bar and all. Before the window is first shown its frame is
-  // unknown, so the window manager puts the inside of the window there and the title bar above it, over
-  // the Board box. Once the window is framed (it is by its first paint), it moves down by its frame.
+  // On its first showing the window's frame was only guessed: once the window is framed (it is by its
+  // first paint), a frame of another size moves it to the spot.
   if (!frameSpot_ || !isVisible()) return;
   const QPoint spot = *frameSpot_;
   frameSpot_.reset();

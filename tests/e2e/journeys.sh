@@ -204,6 +204,12 @@ click_in() {
 }
 click() { click_in "$MAIN" "$@"; }
 
+# A click in a card box opens the card picker beside it; a person sees it open before going on.
+click_card_box() {
+  click "$@"
+  wait_window "^$PICKER_TITLE\$"
+}
+
 type_text() { xdotool type --delay 40 "$1"; }
 
 # Grid block of a row and a column (0 is the ace): its centre in the window.
@@ -351,10 +357,10 @@ journey_cook_export() {
   first_start
   aces_kings_queens
   # shellcheck disable=SC2086
-  click $MY_HAND
+  click_card_box $MY_HAND
   type_text AhKd
   # shellcheck disable=SC2086
-  click $BOARD
+  click_card_box $BOARD
   type_text Tc8h3s
   xdotool key Return
   step_shot cooked
@@ -561,10 +567,10 @@ journey_equity() {
   # shellcheck disable=SC2086
   blank=$(pixel "$MAIN" $MY_EQUITY)
   # shellcheck disable=SC2086
-  click $MY_HAND
+  click_card_box $MY_HAND
   type_text AhKd
   # shellcheck disable=SC2086
-  click $BOARD
+  click_card_box $BOARD
   type_text Tc8h3s
   close_picker
   # shellcheck disable=SC2086
@@ -583,7 +589,7 @@ cook_aces() {
   click $LBL_CLEAR_ALL
   click_block 0 0
   # shellcheck disable=SC2086
-  click $BOARD
+  click_card_box $BOARD
   type_text Kc8h3s
   xdotool key Return
   close_picker
@@ -618,10 +624,10 @@ journey_card_search() {
 journey_bad_board() {
   first_start
   # shellcheck disable=SC2086
-  click $MY_HAND
+  click_card_box $MY_HAND
   type_text AhKd
   # shellcheck disable=SC2086
-  click $BOARD
+  click_card_box $BOARD
   type_text Tc8h
   xdotool key Return
   expect_message "Board invalid. Valid Eg: ThKc4d"
