@@ -167,7 +167,7 @@ void SelCardsWindow::paintEvent(QPaintEvent* event) {
 void SelCardsWindow::PlaceFrame() {
   // On its first showing the window's frame was only guessed: once the window is framed (it is by its
   // first paint), a frame of another size moves it to the spot.
-  if (!frameSpot_ || !isVisible()) return;
+  if (!frameSpot_ || !isVisible() || frameGeometry() == geometry()) return;  // not framed yet
   const QPoint spot = *frameSpot_;
   frameSpot_.reset();
   if (frameGeometry().topLeft() != spot) QTimer::singleShot(0, this, [this, spot] { move(spot); });

@@ -40,6 +40,7 @@ done
 
 rm -rf "$ARTEFACTS"
 mkdir -p "$ARTEFACTS"
+exec > >(tee "$ARTEFACTS/journey.log") 2>&1
 SCRATCH=$(mktemp -d "${TMPDIR:-/tmp}/quillet-e2e.XXXXXX")
 XVFB_PID=""
 WM_PID=""
