@@ -439,6 +439,10 @@ void Form1::Refresh() {
   lblMyEquity_->setText(ToQString(model_.lblMyEquity.caption));
   ShowLabelBackground(*lblMyEquity_, model_.lblMyEquity.opaque, model_.lblMyEquity.backColour);
   lbloppEquity_->setText(ToQString(model_.lbloppEquity.caption));
+  for (const auto& [label, mine] : {std::pair{lblMyEquity_, true}, std::pair{lbloppEquity_, false}}) {
+    const QString tip = ToQString(model_.EquityToolTip(mine));
+    if (label->toolTip() != tip) label->setToolTip(tip);
+  }
   lblCheckPossibleHands_->setText(ToDisplayText(model_.lblCheckPossibleHands));
 
   ShowTree();
@@ -486,6 +490,9 @@ void Form1::ShowTree() {
                                   : new QTreeWidgetItem(tree_);
       item->setText(0, ToQString(node.text));
       item->setData(0, Qt::UserRole, static_cast<int>(i));
+      if (const std::string tip = model_.TreeNodeToolTip(static_cast<int>(i)); !tip.empty()) {
+        item->setToolTip(0, ToQString(tip));
+      }
       if (node.foreColour) item->setForeground(0, ToQColor(*node.foreColour, palette));
       if (!node.image.empty()) item->setIcon(0, ResultIcon(node.image));
       items.push_back(item);

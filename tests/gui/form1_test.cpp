@@ -6,9 +6,11 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <filesystem>
 #include <memory>
 
@@ -146,6 +148,7 @@ class Form1Test : public QObject {
   void everyIconKeyHasAPicture();
   void helpAndVisitWebsiteOpenTheTwoPages();
   void ctrlCInAMessageBoxCopiesItsText();
+  void toolTipsNameTheBlocksCellsLabelsReadOutsAndCategories();
 };
 
 void Form1Test::aLeftClickAShiftClickAndARightClickChangeTheBlockColoursAndTheRangeText() {
@@ -615,6 +618,50 @@ void Form1Test::ctrlCInAMessageBoxCopiesItsText() {
   services.MsgBox("Found Ah in category >*O pair");
   QVERIFY(answered);
   QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Found Ah in category >*O pair"));
+}
+
+// The tooltip a widget shows when the pointer rests at `at` (Qt sends the widget a tooltip event then).
+QString ToolTipAt(QWidget* widget, QPoint at) {
+  QHelpEvent help(QEvent::ToolTip, at, widget->mapToGlobal(at));
+  QApplication::sendEvent(widget, &help);
+  return QToolTip::isVisible() ? QToolTip::text() : QString();
+}
+
+void Form1Test::toolTipsNameTheBlocksCellsLabelsReadOutsAndCategories() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  HandGridWidget* grid = form.PFHand();
+  ClickBlock(form, "AKs", Qt::LeftButton);
+  QCOMPARE(ToolTipAt(grid, grid->BlockRect(FindClassByName("AKs")).center()),
+           QStringLiteral("AKs: 4 of 4 in range"));
+  QCOMPARE(ToolTipAt(grid, grid->BlockRect(FindClassByName("KK")).center()),
+           QStringLiteral("KK: 0 of 6 in range"));
+  SuitMatrixWidget* matrix = form.picSuit();
+  QCOMPARE(
+      ToolTipAt(matrix, matrix->CellRect(0).center()),
+      QStringLiteral("Both clubs: in the range for the selected blocks; a click takes these holdings out"));
+  ToolTipAt(matrix, matrix->CellRect(1).center());  // no offsuit block selected: no cell there
+  QTRY_VERIFY(!QToolTip::isVisible());
+
+  QVERIFY(form.commandLabel(CommandLabel::cmdCheckPossibleHands)
+              ->toolTip()
+              .endsWith(QStringLiteral("(Enter in My Hand or Board Cards)")));
+  for (int i = 0; i < kCommandLabelCount; ++i) {
+    QVERIFY(!form.commandLabel(static_cast<CommandLabel>(i))->toolTip().isEmpty());
+  }
+  QCOMPARE(form.lblMyEquity()->toolTip(),
+           QStringLiteral("My Hand's equity against the opponent's range (Calc Equity shows it here)"));
+
+  TypeInto(form.txtBoard(), QStringLiteral("Kc8h3s"));
+  PressKey(form.txtBoard(), Qt::Key_Return);
+  QTreeWidgetItem* category = form.TV()->topLevelItem(1);
+  QVERIFY(category->text(0).startsWith(QStringLiteral("One pair")));
+  QVERIFY(!category->toolTip(0).isEmpty());
+  QTreeWidgetItem* topPair = category->child(0);
+  QVERIFY(topPair->text(0).startsWith(QStringLiteral("T pair")));
+  QCOMPARE(topPair->toolTip(0), QStringLiteral("Top pair: a pair with the highest board rank."));
+  QCOMPARE(topPair->child(0)->toolTip(0), QString());  // a holding's caption says all
 }
 
 }  // namespace quillet::gui
