@@ -491,7 +491,7 @@ void Form1::ShowTree() {
       item->setText(0, ToQString(node.text));
       item->setData(0, Qt::UserRole, static_cast<int>(i));
       if (const std::string tip = model_.TreeNodeToolTip(static_cast<int>(i)); !tip.empty()) {
-        item->setToolTip(0, ToQString(tip));
+        item->setToolTip(0, ToWrappedToolTip(tip));
       }
       if (node.foreColour) item->setForeground(0, ToQColor(*node.foreColour, palette));
       if (!node.image.empty()) item->setIcon(0, ResultIcon(node.image));

@@ -251,6 +251,16 @@ click_item() {
   xdotool mousemove --window "$menu" --sync "$x" "$y" click 1
 }
 
+# hover_tooltip X Y NAME: rests the pointer on a point of the main window until a tooltip opens.
+hover_tooltip() {
+  local before
+  before=$(quillet_windows)
+  xdotool mousemove --window "$MAIN" --sync "$1" "$2"
+  wait_new_window "$before" "a tooltip at $1,$2"
+  step_shot "$3"
+  log "ok: a tooltip at $1,$2"
+}
+
 # The program's clipboard, as xclip reads it.
 clipboard() { xclip -selection clipboard -o 2>/dev/null; }
 clipboard_has() { clipboard | grep -qF -- "$1"; }
@@ -396,6 +406,8 @@ journey_grid_layers() {
   click_block 5 5 1 alt         # 99 and every higher pair
   click_block 1 0 1 "ctrl+alt"  # AKo only shown: no layer changes
   step_shot clicked
+  # shellcheck disable=SC2046
+  hover_tooltip $(block_xy 0 1) block-tooltip
   close_quillet
   local cross=() pairs=() i
   for i in $(seq 0 12); do
@@ -599,6 +611,7 @@ cook_aces() {
 journey_card_search() {
   first_start
   cook_aces
+  hover_tooltip 560 87 category-tooltip # "One pair", below the spacer line
   # shellcheck disable=SC2086
   click $TREE_FIRST_NODE
   local box

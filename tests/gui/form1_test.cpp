@@ -660,7 +660,7 @@ void Form1Test::toolTipsNameTheBlocksCellsLabelsReadOutsAndCategories() {
   QVERIFY(!category->toolTip(0).isEmpty());
   QTreeWidgetItem* topPair = category->child(0);
   QVERIFY(topPair->text(0).startsWith(QStringLiteral("T pair")));
-  QCOMPARE(topPair->toolTip(0), QStringLiteral("Top pair: a pair with the highest board rank."));
+  QCOMPARE(topPair->toolTip(0), QStringLiteral("<p>Top pair: a pair with the highest board rank.</p>"));
   QCOMPARE(topPair->child(0)->toolTip(0), QString());  // a holding's caption says all
 }
 
