@@ -576,9 +576,7 @@ journey_picker() {
 
 journey_equity() {
   first_start
-  local blank
-  # shellcheck disable=SC2086
-  blank=$(pixel "$MAIN" $MY_EQUITY)
+  aces_kings_queens
   # shellcheck disable=SC2086
   click_card_box $MY_HAND
   type_text AhKd
@@ -586,15 +584,19 @@ journey_equity() {
   click_card_box $BOARD
   type_text Tc8h3s
   close_picker
+  # My Equity's background takes the colour of its value: the colour quillet-cli equity gives.
+  local colour
+  colour=$("$CLI" equity --hand AhKd --board Tc8h3s --range AA,KK,QQ --json | grep -o '#[0-9A-Fa-f]\{6\}')
+  [ -n "$colour" ] || fail "quillet-cli equity gave no colour"
   # shellcheck disable=SC2086
   click $CMD_CALC_EQUITY
-  # shellcheck disable=SC2086
-  poll "the equity read-out to show its colour (it was $blank)" read_out_differs "$blank"
+  poll "My Equity to show its colour $colour" read_out_shows "${colour^^}"
+  log "ok: My Equity shows $colour"
   step_shot equity
   close_quillet
 }
 # shellcheck disable=SC2086
-read_out_differs() { local now; now=$(pixel "$MAIN" $MY_EQUITY); [ -n "$now" ] && [ "$now" != "$1" ]; }
+read_out_shows() { [ "$(pixel "$MAIN" $MY_EQUITY)" = "$1" ]; }
 
 # AA alone cooked on Kc8h3s: the aces' holdings sit in the categories.
 cook_aces() {
