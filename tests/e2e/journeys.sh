@@ -100,14 +100,40 @@ poll() {
 
 # --- The virtual screen, the window manager and the program ----------------------------------------
 
+# Starts Xvfb on a free display and sets DISPLAY. Xvfb picks the display itself (-displayfd), but two
+# servers starting at once can reach for the same number and the loser may name it before it ends, so the
+# journeys take turns at starting one (a lock file), and a start counts only when this Xvfb is alive and
+# its display answers.
+xvfb_ready() {
+  kill -0 "$XVFB_PID" 2>/dev/null || return 2
+  grep -q '[0-9]' "$1" || return 1
+  DISPLAY=":$(tr -dc '0-9' <"$1")" xdotool getdisplaygeometry >/dev/null 2>&1
+}
+
 start_screen() {
-  local fdfile=$SCRATCH/display
-  : >"$fdfile"
-  exec {displayfd}>"$fdfile"
-  Xvfb -displayfd "$displayfd" -screen 0 1280x1024x24 -nolisten tcp >"$SCRATCH/xvfb.log" 2>&1 &
-  XVFB_PID=$!
-  exec {displayfd}>&-
-  poll "the virtual screen to start" grep -q '[0-9]' "$fdfile"
+  local fdfile=$SCRATCH/display attempt status lock
+  exec {lock}>"${TMPDIR:-/tmp}/quillet-e2e-xvfb.lock"
+  flock -w "$TIMEOUT" "$lock" || log "no turn at starting a virtual screen in ${TIMEOUT}s; starting one anyway"
+  for attempt in 1 2 3; do
+    : >"$fdfile"
+    exec {displayfd}>"$fdfile"
+    Xvfb -displayfd "$displayfd" -screen 0 1280x1024x24 -nolisten tcp >>"$SCRATCH/xvfb.log" 2>&1 {lock}>&- &
+    XVFB_PID=$!
+    exec {displayfd}>&-
+    local deadline=$((SECONDS + TIMEOUT))
+    while true; do
+      xvfb_ready "$fdfile"
+      status=$?
+      [ "$status" -eq 1 ] && [ "$SECONDS" -lt "$deadline" ] || break
+      sleep 0.1
+    done
+    if [ "$status" -eq 0 ]; then break; fi
+    log "the virtual screen did not start (try $attempt)"
+    stop_pid "$XVFB_PID"
+    XVFB_PID=""
+  done
+  exec {lock}>&-
+  [ -n "$XVFB_PID" ] || fail "no virtual screen would start"
   export DISPLAY=":$(tr -dc '0-9' <"$fdfile")"
   log "virtual screen $DISPLAY"
   openbox --config-file "$HERE/openbox-rc.xml" >"$SCRATCH/openbox.log" 2>&1 &
