@@ -283,8 +283,13 @@ hover_tooltip() {
   before=$(quillet_windows)
   xdotool mousemove --window "$MAIN" --sync "$1" "$2"
   wait_new_window "$before" "a tooltip at $1,$2"
+  local tip=$WIN
   step_shot "$3"
   log "ok: a tooltip at $1,$2"
+  # The pointer leaves and the tooltip goes: it carries the program's name as its title, as a message box
+  # does, and must not be taken for one.
+  xdotool mousemove --window "$MAIN" --sync 450 20
+  poll "the tooltip to close" no_window_id "$tip"
 }
 
 # The program's clipboard, as xclip reads it.
