@@ -41,6 +41,7 @@ done
 rm -rf "$ARTEFACTS"
 mkdir -p "$ARTEFACTS"
 exec > >(tee "$ARTEFACTS/journey.log") 2>&1
+TEE_PID=$!
 SCRATCH=$(mktemp -d "${TMPDIR:-/tmp}/quillet-e2e.XXXXXX")
 XVFB_PID=""
 WM_PID=""
@@ -73,6 +74,9 @@ cleanup() {
   stop_pid "$WM_PID"
   stop_pid "$XVFB_PID"
   rm -rf "$SCRATCH"
+  # The log's last lines reach the file before the journey ends.
+  exec >&- 2>&-
+  wait "$TEE_PID" 2>/dev/null
 }
 trap cleanup EXIT
 
@@ -117,7 +121,10 @@ start_screen() {
   for attempt in 1 2 3; do
     : >"$fdfile"
     exec {displayfd}>"$fdfile"
-    Xvfb -displayfd "$displayfd" -screen 0 1280x1024x24 -nolisten tcp >>"$SCRATCH/xvfb.log" 2>&1 {lock}>&- &
+    # -noreset: the server would otherwise start over when its last client leaves (the readiness check
+    # below is one), and a client connecting meanwhile, the window manager say, would be turned away.
+    Xvfb -displayfd "$displayfd" -screen 0 1280x1024x24 -nolisten tcp -noreset >>"$SCRATCH/xvfb.log" 2>&1 \
+      {lock}>&- &
     XVFB_PID=$!
     exec {displayfd}>&-
     local deadline=$((SECONDS + TIMEOUT))
