@@ -238,10 +238,20 @@ click_in() {
 }
 click() { click_in "$MAIN" "$@"; }
 
-# A click in a card box opens the card picker beside it; a person sees it open before going on.
+# A click in a card box opens the card picker beside it; a person sees it open (or, open beside the other
+# box, move over) before going on. Its place is read only once it has moved: a click on its buttons at
+# the place it is leaving would miss.
+picker_place() { xdotool getwindowgeometry "$1" 2>/dev/null | grep Position; }
+picker_moved() { [ "$(picker_place "$1")" != "$2" ]; }
 click_card_box() {
+  local picker="" place=""
+  if found_window "^$PICKER_TITLE\$"; then
+    picker=$(windows_named "^$PICKER_TITLE\$" | head -1)
+    place=$(picker_place "$picker")
+  fi
   click "$@"
   wait_window "^$PICKER_TITLE\$"
+  if [ -n "$picker" ]; then poll "the picker to move beside the box clicked" picker_moved "$picker" "$place"; fi
 }
 
 type_text() { xdotool type --delay 40 "$1"; }
