@@ -66,6 +66,7 @@ class SelCardsWindow : public QWidget {
   ControlId shownAnchor_ = ControlId::txtMyHand;
   // Where the window's frame should start, until the window manager has framed the window there.
   std::optional<QPoint> frameSpot_;
+  int placeTries_ = 0;
 };
 
 }  // namespace quillet::gui
