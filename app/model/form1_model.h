@@ -10,7 +10,7 @@
 // The handlers are implemented by subsystem, one file each: form1_model.cpp (start-up, shutdown, shared
 // helpers), form1_cook.cpp, form1_equity.cpp, form1_grid.cpp, form1_range_text.cpp, form1_slider.cpp,
 // form1_quick_select.cpp, form1_card_entry.cpp, form1_results.cpp, form1_profiles.cpp,
-// form1_preferences.cpp, form1_window.cpp.
+// form1_preferences.cpp, form1_window.cpp, form1_tooltips.cpp.
 #pragma once
 
 #include <array>
@@ -79,6 +79,9 @@ enum class CommandLabel {
 };
 inline constexpr int kCommandLabelCount = 14;
 
+// What a command label does, with its key where it has one (form1_tooltips.cpp).
+std::string CommandLabelToolTip(CommandLabel label);
+
 struct LabelState {
   std::string caption;
   Colour backColour = kOptionsBackColour;
@@ -131,11 +134,11 @@ struct TimerState {
 
 // The tick marks of the options menu (first-start values).
 struct MenuOptions {
-  bool hideEmptyCats = true;     // mnuHideEmptyCats, "Hide Empty Categories"
-  bool simplifyOutput = true;    // mnuSimplifyOutput, "Simplify Output"
-  bool simplifyFurther = false;  // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
-  bool categoryIcons = false;    // mnuCategoryIcons, "Category Icons"
-  bool winLoseIcons = false;     // mnuWinLoseIcons, "Win Lose Icons"
+  bool hideEmptyCats = true;      // mnuHideEmptyCats, "Hide Empty Categories"
+  bool simplifyOutput = true;     // mnuSimplifyOutput, "Simplify Output"
+  bool simplifyFurther = false;   // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
+  bool categoryIcons = false;     // mnuCategoryIcons, "Category Icons"
+  bool winLoseIcons = false;      // mnuWinLoseIcons, "Win Lose Icons"
   bool calcEquityOnCook = false;  // mnuCalcEquityOnCook, "Auto Calc Equity on Cook"
   bool autoPFEquityCalc = false;  // mnuAutoPFEquityCalc, "Auto Calc Equity Preflop on Range Change"
 };
@@ -203,7 +206,6 @@ class Form1Model {
   std::vector<HandCombo> CurrentRangeCombos() const;
 
  public:
-
   // ---- equity (form1_equity.cpp) ----
   void cmdCalcEquity_Click();
   void ClearEquityDisplay();
@@ -300,6 +302,19 @@ class Form1Model {
   void mnuCategoryIcons_Click();
   void mnuWinLoseIcons_Click();
 
+  // ---- tooltips (form1_tooltips.cpp): what the window shows while the pointer rests on a control ----
+  // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
+  // range").
+  std::string BlockToolTip(int index) const;
+  // A suit-matrix cell: its suit pair and what a click on it does to the selected blocks.
+  std::string SuitCellToolTip(int cell) const;
+  // An equity read-out (My Equity when `mine`, else Opp Equity): what it measures and, after a
+  // calculation, the unrounded value and how it was found.
+  std::string EquityToolTip(bool mine) const;
+  // A node of the results tree: for a category node the category's meaning in plain words; empty for the
+  // holdings and groups, whose captions say all.
+  std::string TreeNodeToolTip(int node) const;
+
   // ---- state ----
   WindowServices& services;
 
@@ -314,7 +329,7 @@ class Form1Model {
   const LabelState& label(CommandLabel which) const { return commandLabels[static_cast<int>(which)]; }
   std::optional<CommandLabel> highlightedLabel;
 
-  LabelState lblMyEquity;   // caption "57.3%", opaque and coloured after a calculation
+  LabelState lblMyEquity;  // caption "57.3%", opaque and coloured after a calculation
   LabelState lbloppEquity;
   // ---- equity state (form1_equity.cpp): the unrounded values behind the last read-outs ----
   double myEquity = 0.0;
