@@ -13,6 +13,8 @@
 # (a tool is missing). Every wait polls with a deadline (QUILLET_E2E_TIMEOUT seconds, 30 by default), so a
 # slow machine takes longer but does not fail.
 set -uo pipefail
+# The program must show its window on the virtual screen, whatever platform the caller chose for Qt.
+unset QT_QPA_PLATFORM
 
 if [ $# -ne 4 ]; then
   echo "usage: $0 QUILLET QUILLET_CLI ARTEFACTS JOURNEY" >&2
