@@ -1,6 +1,5 @@
 // quillet-cli profiles: list, show and add player profiles in the profile file.
 #include <ostream>
-#include <system_error>
 
 #include "cards/hand_class.h"
 #include "cli/commands.h"
@@ -11,8 +10,11 @@
 #include "range/range_text.h"
 #include "storage/code_page.h"
 #include "storage/data_folder.h"
+#include "storage/file_io.h"
+#include "storage/file_lock.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
+#include "storage/terminal_text.h"
 
 namespace quillet::cli {
 namespace {
@@ -39,6 +41,12 @@ constexpr const char* kProfilesUsage =
 constexpr const char* kProfilesSummary =
     "list, show or add player profiles (F: the profile file, by default the one the window uses; TEXT: the "
     "range box's text, by default the share of the holdings as a grid click shows it, \"~0.8\")";
+
+// A name or a text from the file or the command line as the terminal is to print it (see
+// EscapeControlCharacters); JSON output escapes on its own.
+std::string Shown(const std::string& text) {
+  return EscapeControlCharacters(text);
+}
 
 std::filesystem::path DefaultProfileFile() {
   return ChooseDataFolder(WindowProgramFolder(RunningProgramFolder())) / kProfileFileName;
@@ -113,7 +121,7 @@ int List(const Args& args, std::ostream& out, std::ostream& err) {
   if (!LoadProfileList(args.has("--file") ? args.file : DefaultProfileFile().string(), profiles, err))
     return kExitBadInput;
   for (const PlayerProfile& p : profiles) {
-    if (!p.isFree()) out << p.name << "\n";
+    if (!p.isFree()) out << Shown(p.name) << "\n";
   }
   return kExitOk;
 }
@@ -129,7 +137,8 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
   const std::string& name = args.positional()[1];
   const int index = FindProfileByName(profiles, name);
   if (index < 0) {
-    err << "quillet-cli profiles show: there is no profile named \"" << name << "\" in \"" << file << "\"\n";
+    err << "quillet-cli profiles show: there is no profile named \"" << Shown(name) << "\" in \"" << file
+        << "\"\n";
     return kExitBadInput;
   }
   const PlayerProfile& p = profiles[index];
@@ -145,7 +154,7 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
     out << JsonText(json) << "\n";
     return kExitOk;
   }
-  out << "Profile: " << p.name << "\nRange text: " << p.rangeText << "\n";
+  out << "Profile: " << Shown(p.name) << "\nRange text: " << Shown(p.rangeText) << "\n";
   PrintLayer(out, "On", p.rangeLayer);
   PrintLayer(out, "Seen", p.seenLayer);
   if (args.notation) {
@@ -169,12 +178,13 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   if (Utf8Length(name) > kLongestProfileName) {
-    err << "quillet-cli profiles add: \"" << name << "\" is longer than " << kLongestProfileName
+    err << "quillet-cli profiles add: \"" << Shown(name) << "\" is longer than " << kLongestProfileName
         << " characters\n";
     return kExitBadInput;
   }
   if (Cp1252ToUtf8(Utf8ToCp1252(name)) != name) {
-    err << "quillet-cli profiles add: \"" << name << "\" has characters the profile file cannot hold\n";
+    err << "quillet-cli profiles add: \"" << Shown(name)
+        << "\" has characters the profile file cannot hold\n";
     return kExitBadInput;
   }
   if (!args.has("--range")) {
@@ -194,10 +204,22 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
 
   const bool defaultFile = !args.has("--file");
   const std::filesystem::path file = defaultFile ? DefaultProfileFile() : std::filesystem::path(args.file);
+  if (defaultFile) {
+    if (auto failure = CreateFolderFor(file)) {
+      err << ProfileSaveFault(file, *failure, false) << "\n";
+      return kExitFailure;
+    }
+  }
+  // Read, change and write back under the folder's lock: another writer's profile is not lost.
+  const WriteLock lock(file);
+  if (lock.failure()) {
+    err << ProfileSaveFault(file, *lock.failure(), SomethingAt(file)) << "\n";
+    return kExitFailure;
+  }
   std::vector<PlayerProfile> profiles;
   if (!LoadProfileList(file, profiles, err)) return kExitBadInput;
   if (FindProfileByName(profiles, name) >= 0) {
-    err << "quillet-cli profiles add: a profile named \"" << name << "\" already exists in \""
+    err << "quillet-cli profiles add: a profile named \"" << Shown(name) << "\" already exists in \""
         << file.string() << "\"\n";
     return kExitBadInput;
   }
@@ -211,15 +233,11 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
                           ? args.rangeText
                           : ComputedRangeText(UnionHoldingCount(profile.rangeLayer, profile.seenLayer));
 
-  if (defaultFile) {
-    std::error_code ec;
-    std::filesystem::create_directories(file.parent_path(), ec);
-  }
   if (auto error = WriteProfileFile(file, profiles)) {
     err << error->message << "\n";
     return kExitFailure;
   }
-  out << "Added the profile \"" << name << "\" to \"" << file.string() << "\".\n";
+  out << "Added the profile \"" << Shown(name) << "\" to \"" << file.string() << "\".\n";
   return kExitOk;
 }
 
