@@ -284,6 +284,7 @@ LBL_ANY_PAIR="89 479"
 LBL_ANY_BROADWAY="278 479"
 LBL_CLEAR_ALL="214 507"
 TREE_FIRST_NODE="520 76"
+NOTATION_BOX="250 421"
 
 # click_item MENU INDEX COUNT: clicks item INDEX (from 0) of a pop-up menu or list of COUNT items.
 click_item() {
@@ -687,6 +688,39 @@ journey_card_search() {
   close_quillet
 }
 
+# The "Range:" box under the grid: typed notation and Enter become the On layer; Ctrl+C with the pointer
+# over the grid copies the notation; a bad text brings its message once and changes nothing.
+journey_notation() {
+  first_start
+  # shellcheck disable=SC2086
+  click $NOTATION_BOX
+  xdotool key ctrl+a
+  type_text "qq+ aks AhQh"
+  xdotool key Return
+  step_shot notation-typed
+  xclip -selection clipboard -i /dev/null
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$MAIN" --sync $(block_xy 6 6)
+  xdotool key ctrl+c
+  poll "the clipboard to hold the grid's notation" clipboard_has "QQ+, AKs, AhQh"
+  log "ok: Ctrl+C over the grid copied the notation"
+  # shellcheck disable=SC2086
+  click $NOTATION_BOX
+  xdotool key ctrl+a
+  type_text "QQ+, AKx"
+  xdotool key Return
+  expect_message "unknown token 'AKx' at column 6"
+  activate "$MAIN"
+  sleep 0.5
+  found_window "^$BOX_TITLE\$" && fail "the error's message box came a second time"
+  step_shot after-bad-notation
+  close_quillet
+  expect_equal "the On layer after the notation" \
+    "$("$CLI" profiles show Generic --notation --file "$SCRATCH/Player_Profiles.ini" | sed -n 's/^On layer notation: //p')" \
+    "QQ+, AKs, AhQh"
+  expect_equal "the range text after the notation" "$(range_text Generic)" "~1.7"
+}
+
 journey_bad_board() {
   first_start
   # shellcheck disable=SC2086
@@ -706,7 +740,8 @@ journey_bad_board() {
 }
 
 case "$JOURNEY" in
-  first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board)
+  first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
+    notation)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end
