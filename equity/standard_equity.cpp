@@ -366,8 +366,8 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   return tally;
 }
 
-std::optional<ShowdownTally> StandardPreflopTally(const HandCards& /*myHand*/,
-                                                  std::span<const HandCombo> /*combos*/) {
+std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& /*myHand*/,
+                                                          std::span<const HandCombo> /*combos*/) {
   // The exact preflop table of matchup classes is not part of the program yet; until it is, preflop
   // under the standard rules has no tally of its own.
   return std::nullopt;
@@ -375,7 +375,7 @@ std::optional<ShowdownTally> StandardPreflopTally(const HandCards& /*myHand*/,
 
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
                                                  int32_t street, std::span<const HandCombo> combos) {
-  if (street == kNoBoard) return StandardPreflopTally(myHand, combos);
+  if (street == kNoBoard) return PreflopTallyForStandardRules(myHand, combos);
   return StandardShowdownTally(myHand, board, street, combos);
 }
 

@@ -33,11 +33,13 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
                                     std::span<const HandCombo> combos);
 
 // Every showdown preflop (every five-card board), read from the exact preflop table of matchup classes.
-// No value while the program has no such table: callers then fall back to the preflop path of the
-// program's own rules. This is the one place the preflop tally is taken from.
-std::optional<ShowdownTally> StandardPreflopTally(const HandCards& myHand, std::span<const HandCombo> combos);
+// No value while the program has no such table (or it failed to load): callers then fall back to the
+// preflop path of the program's own rules. This is the one place the standard preflop tally is taken from;
+// it is where the exact class table's own reader is to be called.
+std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHand,
+                                                          std::span<const HandCombo> combos);
 
-// The tally on any street: StandardPreflopTally without a board, StandardShowdownTally with one.
+// The tally on any street: PreflopTallyForStandardRules without a board, StandardShowdownTally with one.
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
                                                  int32_t street, std::span<const HandCombo> combos);
 
