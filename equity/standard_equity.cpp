@@ -379,6 +379,12 @@ std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const 
   return StandardShowdownTally(myHand, board, street, combos);
 }
 
+EquityResult EquityFromTally(const ShowdownTally& tally) {
+  if (tally.Showdowns() == 0) return {};
+  const double my = tally.EquityPercent();
+  return {my, 100.0 - my};
+}
+
 ShowdownResult CompareStandardShowdown(const HandCards& myHand, const HandCombo& opponent,
                                        const BoardCards& board, int32_t street) {
   const int known = BoardCardCount(street);

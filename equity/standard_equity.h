@@ -21,6 +21,7 @@
 #include <span>
 
 #include "cards/card.h"
+#include "equity/equity_result.h"
 #include "equity/showdown.h"
 #include "equity/showdown_rules.h"
 
@@ -42,6 +43,10 @@ std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHan
 // The tally on any street: PreflopTallyForStandardRules without a board, StandardShowdownTally with one.
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
                                                  int32_t street, std::span<const HandCombo> combos);
+
+// The read-outs of a tally: My Equity with ties split half, Opp Equity the rest of 100; -1 and -1 when
+// nothing was counted (as for an empty range under the program's own rules).
+EquityResult EquityFromTally(const ShowdownTally& tally);
 
 // My Hand against one holding on the board cards known on `street` (three to five; both flags false is a
 // tie), under the standard rules. Used for the win/tie/lose icons. No board, or cards given twice, give

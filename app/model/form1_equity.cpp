@@ -8,6 +8,8 @@
 #include "equity/engine.h"
 #include "equity/equity_display.h"
 #include "equity/preflop_equity.h"
+#include "equity/standard_equity.h"
+#include "equity/tally_text.h"
 
 namespace quillet {
 
@@ -53,25 +55,38 @@ void Form1Model::cmdCalcEquity_Click() {
   };
   double my = 0.0;
   double opp = 0.0;
-  switch (street) {
-    case kNoBoard: {
-      // A matchup missing from the tables shows its message for that holding; the rest still count.
-      const MessageSink showMessage = [this](std::string_view text) { services.MsgBox(text); };
-      const EquityResult result = PreflopEquity(hand, range, static_cast<int>(range.size()), showMessage);
-      my = result.my;
-      opp = result.opp;
-      break;
+  // Under the standard rules every street has a tally; preflop only once the exact class table is in.
+  std::optional<ShowdownTally> tally;
+  if (options.standardShowdownRules) {
+    if (street != kNoBoard) showCaption(kCalculatingCaption);
+    tally = StandardEquityTally(hand, board, street, range);
+    if (street != kNoBoard) showCaption(kCalcEquityCaption);
+  }
+  if (tally) {
+    const EquityResult result = EquityFromTally(*tally);
+    my = result.my;
+    opp = result.opp;
+  } else {
+    switch (street) {
+      case kNoBoard: {
+        // A matchup missing from the tables shows its message for that holding; the rest still count.
+        const MessageSink showMessage = [this](std::string_view text) { services.MsgBox(text); };
+        const EquityResult result = PreflopEquity(hand, range, static_cast<int>(range.size()), showMessage);
+        my = result.my;
+        opp = result.opp;
+        break;
+      }
+      case kFlop:
+      case kTurn: {
+        const EquityResult result = street == kFlop ? FlopEquity(hand, board, range, showCaption)
+                                                    : TurnEquity(hand, board, range, showCaption);
+        my = result.my;
+        opp = result.opp;
+        break;
+      }
+      default:  // the river: no path runs
+        break;
     }
-    case kFlop:
-    case kTurn: {
-      const EquityResult result = street == kFlop ? FlopEquity(hand, board, range, showCaption)
-                                                  : TurnEquity(hand, board, range, showCaption);
-      my = result.my;
-      opp = result.opp;
-      break;
-    }
-    default:  // the river: no path runs
-      break;
   }
 
   command.backColour = label(CommandLabel::lblOptions).backColour;
@@ -82,6 +97,10 @@ void Form1Model::cmdCalcEquity_Click() {
   lbloppEquity.caption = FormatEquityReadOut(opp);
   lblMyEquity.opaque = true;
   lblMyEquity.backColour = EquityColour(EquityToInteger(my));
+  if (tally) {
+    lblMyEquity.toolTip = ShowdownTallyText(*tally);
+    lbloppEquity.toolTip = ShowdownTallyText(tally->Reversed());
+  }
 }
 
 void Form1Model::tmrCalcEquity_Timer() {
