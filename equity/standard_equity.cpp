@@ -29,7 +29,7 @@ constexpr uint64_t DeckBit(Card card) {
   return uint64_t{1} << DeckIndex(card);
 }
 
-// A holding that can make a flush with three or four board cards of one suit, read one by one.
+// A holding that can make a flush with three or more board cards of one suit, read one by one.
 struct FlushCandidate {
   uint64_t cards = 0;
   uint16_t rankPair = 0;   // canonical index
