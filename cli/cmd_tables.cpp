@@ -1,15 +1,19 @@
-// quillet-cli tables: generate the preflop matchup tables, or describe the ones built into the program.
+// quillet-cli tables: generate the preflop tables (the matchup key table and the matchup class table, in one
+// run), or describe the ones built into the program.
 #include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <iomanip>
+#include <optional>
 #include <ostream>
 #include <string>
 
-#include "cli/args.h"
 #include "cli/commands.h"
+#include "cli/options.h"
 #include "equity/embedded_tables.h"
 #include "equity/lookup_tables.h"
+#include "equity/preflop_class_file.h"
+#include "equity/preflop_classes.h"
 #include "equity/table_file.h"
 #include "tools/preflop_table_generator.h"
 
@@ -17,11 +21,27 @@ namespace quillet::cli {
 namespace {
 
 constexpr const char* kDefaultOut = "data/preflop_matchups.bin";
+constexpr const char* kDefaultClassesOut = "data/preflop_classes.bin";
+constexpr const char* kTablesSummary = "Generates the preflop tables, or describes the built-in ones";
 
-int Generate(const Args& args, std::ostream& out, std::ostream& err) {
-  const std::string path = args.valueOr("--out", kDefaultOut);
+struct TablesArgs {
+  std::string out = kDefaultOut;
+  std::string classesOut = kDefaultClassesOut;
+  std::optional<std::string> threads;
+};
+
+bool WriteFile(const std::string& path, const std::vector<unsigned char>& bytes) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  return static_cast<bool>(file);
+}
+
+int Generate(const TablesArgs& args, std::ostream& out, std::ostream& err) {
+  const std::string path = args.out;
+  const std::string classesPath = args.classesOut;
   int threads = 0;
-  if (const auto text = args.value("--threads")) {
+  if (const auto& text = args.threads) {
     std::size_t used = 0;
     try {
       threads = std::stoi(*text, &used);
@@ -33,11 +53,12 @@ int Generate(const Args& args, std::ostream& out, std::ostream& err) {
       return kExitBadInput;
     }
   }
-  // Open the output first so a bad path is reported before minutes of work.
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!file) {
-    err << "quillet-cli tables: cannot write " << path << "\n";
-    return kExitFailure;
+  // Try both outputs first so a bad path is reported before the work, without emptying the other file.
+  for (const std::string& p : {path, classesPath}) {
+    if (!std::ofstream(p, std::ios::binary | std::ios::app)) {
+      err << "quillet-cli tables: cannot write " << p << "\n";
+      return kExitFailure;
+    }
   }
 
   const auto start = std::chrono::steady_clock::now();
@@ -55,15 +76,20 @@ int Generate(const Args& args, std::ostream& out, std::ostream& err) {
   const GeneratedTables generated = GeneratePreflopTables(threads, progress);
 
   const std::vector<unsigned char> bytes = SerializeTables(generated.tables);
-  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (!file) {
+  if (!WriteFile(path, bytes)) {
     err << "quillet-cli tables: writing " << path << " failed\n";
+    return kExitFailure;
+  }
+  const std::vector<unsigned char> classBytes = SerializeClassTable(generated.classes);
+  if (!WriteFile(classesPath, classBytes)) {
+    err << "quillet-cli tables: writing " << classesPath << " failed\n";
     return kExitFailure;
   }
   out << "Wrote " << path << ": " << generated.tables.size() << " keys from " << generated.orderedTuples
       << " ordered matchups (" << generated.matchupClasses << " enumerated), " << bytes.size() << " bytes, "
       << std::fixed << std::setprecision(1) << seconds() << " s\n";
+  out << "Wrote " << classesPath << ": " << generated.classes.size() << " matchup classes, "
+      << classBytes.size() << " bytes\n";
   return kExitOk;
 }
 
@@ -78,28 +104,45 @@ int Info(std::ostream& out, std::ostream& err) {
   std::snprintf(checksum, sizeof checksum, "%08x", Crc32(bytes.subspan(kTableHeaderSize)));
   out << "Preflop table: format version " << kTableFormatVersion << ", " << loaded.tables->size() << " keys, "
       << bytes.size() << " bytes, CRC-32 " << checksum << " (checked)\n";
+
+  const PreflopClassTableOrError classes = LoadPreflopClassTable();
+  if (!classes.ok()) {
+    err << "quillet-cli tables: " << classes.error << "\n";
+    return kExitFailure;
+  }
+  const auto classBytes = EmbeddedClassTableBytes();
+  std::snprintf(checksum, sizeof checksum, "%08x", Crc32(classBytes.subspan(kClassTableHeaderSize)));
+  out << "Preflop class table: format version " << kClassTableFormatVersion << ", "
+      << classes.table->Records().size() << " matchup classes, " << classBytes.size() << " bytes, CRC-32 "
+      << checksum << " (checked)\n";
   return kExitOk;
 }
 
 int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--out", "--threads"}, {});
-  if (!args.error().empty()) {
-    err << "quillet-cli tables: " << args.error() << "\n";
-    return kExitBadInput;
-  }
-  const auto& positional = args.positional();
+  CLI::App app(kTablesSummary, "quillet-cli tables");
+  SetUpCommandParser(app);
+  TablesArgs args;
+  app.add_option("--out", args.out,
+                 "generate: the key table to write (by default data/preflop_matchups.bin)");
+  app.add_option("--classes-out", args.classesOut,
+                 "generate: the class table to write (by default data/preflop_classes.bin)");
+  app.add_option("--threads", args.threads, "generate: how many threads enumerate (1 to 1024)");
+  int status = kExitOk;
+  const auto positionalWords = ParseCommandWords(app, words, "quillet-cli tables", out, err, status);
+  if (!positionalWords) return status;
+  const std::vector<std::string>& positional = *positionalWords;
   const std::string action = positional.empty() ? "" : positional[0];
   if (positional.size() == 1 && action == "generate") return Generate(args, out, err);
-  if (positional.size() == 1 && action == "info" && !args.has("--out") && !args.has("--threads")) {
+  if (positional.size() == 1 && action == "info" && !Given(app, "--out") && !Given(app, "--classes-out") &&
+      !Given(app, "--threads")) {
     return Info(out, err);
   }
-  err << "quillet-cli tables: say \"generate [--out FILE] [--threads N]\" or \"info\"\n";
+  err << "quillet-cli tables: say \"generate [--out FILE] [--classes-out FILE] [--threads N]\" or \"info\"\n";
   return kExitBadInput;
 }
 
-const CommandRegistrar registrar(
-    {"tables", "generate [--out FILE] [--threads N] | info",
-     "Generates the preflop matchup tables (minutes), or describes the built-in ones", 90, RunTables});
+const CommandRegistrar registrar({"tables", "generate [--out FILE] [--classes-out FILE] [--threads N] | info",
+                                  kTablesSummary, 90, RunTables});
 
 }  // namespace
 }  // namespace quillet::cli

@@ -8,6 +8,7 @@
 #include "equity/board_record.h"
 #include "equity/deck.h"
 #include "equity/hand_evaluator.h"
+#include "equity/preflop_classes.h"
 #include "equity/showdown_key.h"  // RankMaskBit
 #include "equity/standard_evaluator.h"
 
@@ -366,11 +367,11 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   return tally;
 }
 
-std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& /*myHand*/,
-                                                          std::span<const HandCombo> /*combos*/) {
-  // The exact preflop table of matchup classes is not part of the program yet; until it is, preflop
-  // under the standard rules has no tally of its own.
-  return std::nullopt;
+std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHand,
+                                                          std::span<const HandCombo> combos) {
+  // The exact preflop table of matchup classes; without it (it failed to load) there is no tally.
+  if (!ProgramPreflopClassTable().ok()) return std::nullopt;
+  return StandardPreflopTally(myHand, combos);
 }
 
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "app/gui/grid_clipboard_keys.h"
 #include "app/gui/qt_convert.h"
 #include "app/gui/result_icons.h"
 
@@ -68,6 +69,7 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   resize(kWindowWidth, kWindowMinHeight);
 
   BuildControls();
+  BuildNotationBox();
   BuildMenus();
   ConnectEvents();
   services_.Attach(this);
@@ -79,7 +81,9 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   Refresh();
 }
 
-Form1::~Form1() { services_.Attach(nullptr); }
+Form1::~Form1() {
+  services_.Attach(nullptr);
+}
 
 void Form1::BuildControls() {
   auto commandLabel = [this](CommandLabel id, const char* name, int x, int y, int w, int h) {
@@ -152,7 +156,7 @@ void Form1::BuildControls() {
   hint->setStyleSheet(QStringLiteral("color: #404040;"));
   grid_ = new HandGridWidget(model_, this);
   grid_->setObjectName(QStringLiteral("PFHand"));
-  grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * 22 + 1);
+  grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * 20 + 1);  // rows of 20 leave room for the notation box
 
   txtRange_ = new QLineEdit(this);
   txtRange_->setObjectName(QStringLiteral("txtRange"));
@@ -280,7 +284,10 @@ void Form1::ConnectEvents() {
   });
   connect(cmbPlayer_->lineEdit(), &QLineEdit::textEdited, this,
           [this](const QString& text) { model_.cmbPlayer.text = ToStdString(text); });
-  cmbPlayer_->lineEdit()->installEventFilter(this);
+  // The keys are watched on the combo box itself: it holds the keyboard focus (its line edit only stands
+  // behind it as a focus proxy) and hands each key on by calling the line edit's event() directly, a
+  // route that skips any filter on the line edit.
+  cmbPlayer_->installEventFilter(this);
 
   // The card boxes.
   connect(txtMyHand_, &CardTextBox::keyDown, this,
@@ -436,11 +443,14 @@ void Form1::Refresh() {
   lblMyEquity_->setText(ToQString(model_.lblMyEquity.caption));
   ShowLabelBackground(*lblMyEquity_, model_.lblMyEquity.opaque, model_.lblMyEquity.backColour);
   lbloppEquity_->setText(ToQString(model_.lbloppEquity.caption));
-  lblMyEquity_->setToolTip(ToQString(model_.lblMyEquity.toolTip));
-  lbloppEquity_->setToolTip(ToQString(model_.lbloppEquity.toolTip));
+  for (const auto& [label, mine] : {std::pair{lblMyEquity_, true}, std::pair{lbloppEquity_, false}}) {
+    const QString tip = ToQString(model_.EquityToolTip(mine));
+    if (label->toolTip() != tip) label->setToolTip(tip);
+  }
   lblCheckPossibleHands_->setText(ToDisplayText(model_.lblCheckPossibleHands));
 
   ShowTree();
+  ShowNotationBox();
 
   for (const TickAction& t : tickActions_) {
     const bool ticked = model_.options.*t.tick;
@@ -485,6 +495,9 @@ void Form1::ShowTree() {
                                   : new QTreeWidgetItem(tree_);
       item->setText(0, ToQString(node.text));
       item->setData(0, Qt::UserRole, static_cast<int>(i));
+      if (const std::string tip = model_.TreeNodeToolTip(static_cast<int>(i)); !tip.empty()) {
+        item->setToolTip(0, ToWrappedToolTip(tip));
+      }
       if (node.foreColour) item->setForeground(0, ToQColor(*node.foreColour, palette));
       if (!node.image.empty()) item->setIcon(0, ResultIcon(node.image));
       items.push_back(item);
@@ -616,7 +629,7 @@ bool Form1::SliderKey(QKeyEvent* event, bool down) {
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
-  if (watched == cmbPlayer_->lineEdit()) {
+  if (watched == cmbPlayer_) {
     if (type == QEvent::KeyPress) {
       auto* key = static_cast<QKeyEvent*>(event);
       // Enter is the model's business (it saves a new name); the combo box must not act on it.
@@ -666,6 +679,40 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
     }
   }
   return QWidget::eventFilter(watched, event);
+}
+
+// ---- The range notation box ("Range:") under the grid, and the grid's Ctrl+C / Ctrl+V ----
+
+void Form1::BuildNotationBox() {
+  auto* caption = new CaptionLabel(QStringLiteral("Range:"), this);
+  caption->setGeometry(8, 409, 46, 24);
+  caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  txtNotation_ = new QLineEdit(this);
+  txtNotation_->setObjectName(QStringLiteral("txtNotation"));
+  txtNotation_->setGeometry(54, 409, 397, 24);
+
+  connect(txtNotation_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    Act([this, text] {
+      model_.txtNotation.text = ToStdString(text);
+      model_.txtNotation_Change();
+    });
+  });
+  // On the key's press, so that the Enter that closes an error's message box is not taken as another one.
+  connect(txtNotation_, &QLineEdit::returnPressed, this,
+          [this] { Act([this] { model_.txtNotation_KeyDown(kKeyEnter, 0); }); });
+
+  new GridClipboardKeys(
+      grid_, [this](int key, int shift) { Act([this, key, shift] { model_.PFHand_KeyDown(key, shift); }); },
+      this);
+}
+
+void Form1::ShowNotationBox() {
+  const QString text = ToQString(model_.txtNotation.text);
+  if (txtNotation_->text() != text) {
+    txtNotation_->setText(text);
+    txtNotation_->setCursorPosition(0);  // a long range shows from its strongest hands
+  }
+  SetTextColour(*txtNotation_, QPalette::Text, model_.txtNotation.foreColour);
 }
 
 }  // namespace quillet::gui

@@ -54,6 +54,7 @@ class Form1 : public QWidget {
   HandGridWidget* PFHand() const { return grid_; }
   SuitMatrixWidget* picSuit() const { return matrix_; }
   QLineEdit* txtRange() const { return txtRange_; }
+  QLineEdit* txtNotation() const { return txtNotation_; }
   QSlider* Slider1() const { return slider_; }
   QLabel* lblMyEquity() const { return lblMyEquity_; }
   QLabel* lbloppEquity() const { return lbloppEquity_; }
@@ -85,6 +86,9 @@ class Form1 : public QWidget {
   void SyncTimer(QTimer& timer, const TimerState& state, uint64_t& shownArm);
   void TimerFired(QTimer& timer, const std::function<void()>& handler);
   bool SliderKey(QKeyEvent* event, bool down);
+  // The range notation box under the grid and the grid's Ctrl+C / Ctrl+V.
+  void BuildNotationBox();
+  void ShowNotationBox();
 
   Form1Model& model_;
   QtWindowServices& services_;
@@ -101,6 +105,7 @@ class Form1 : public QWidget {
   HandGridWidget* grid_ = nullptr;
   SuitMatrixWidget* matrix_ = nullptr;
   QLineEdit* txtRange_ = nullptr;
+  QLineEdit* txtNotation_ = nullptr;
   QSlider* slider_ = nullptr;
   bool showingSlider_ = false;
   bool sliderKeyHeld_ = false;

@@ -20,6 +20,7 @@ class QtWindowServices : public WindowServices {
   bool AskYesNo(std::string_view title, std::string_view text, MessageIcon icon) override;
   std::string InputBox(std::string_view prompt, std::string_view defaultText) override;
   void SetClipboardText(std::string_view text) override;
+  std::string GetClipboardText() override;
   void OpenInShell(std::string_view address) override;
   void PopUpMenu(PopupMenuId menu) override;
   void SetFocus(ControlId control) override;

@@ -52,6 +52,7 @@ void Form1Model::SetBlockColours() {
   } else {
     ClearEquityDisplay();
   }
+  WriteRangeNotation();
 }
 
 void Form1Model::PFHand_MouseUp(int index, int button, int shift) {

@@ -8,11 +8,12 @@
 #include "cards/card.h"
 #include "equity/deck.h"
 #include "equity/hand_evaluator.h"
+#include "equity/showdown_rules.h"
 
 namespace quillet::testing {
 
-// 2 x wins + ties of the first hand.
-inline int64_t ReferenceWinsTwice(Card a1, Card a2, Card b1, Card b2) {
+// Wins, ties and losses of the first hand.
+inline ShowdownTally ReferenceTally(Card a1, Card a2, Card b1, Card b2) {
   const CardSet a = CardSetBit(a1) | CardSetBit(a2);
   const CardSet b = CardSetBit(b1) | CardSetBit(b2);
   CardSet rest[48];
@@ -21,7 +22,7 @@ inline int64_t ReferenceWinsTwice(Card a1, Card a2, Card b1, Card b2) {
     const CardSet bit = CardSetBit(DeckCard(i));
     if (!((a | b) & bit)) rest[n++] = bit;
   }
-  int64_t winsTwice = 0;
+  ShowdownTally tally;
   for (int i1 = 0; i1 < n; ++i1)
     for (int i2 = i1 + 1; i2 < n; ++i2)
       for (int i3 = i2 + 1; i3 < n; ++i3)
@@ -30,9 +31,17 @@ inline int64_t ReferenceWinsTwice(Card a1, Card a2, Card b1, Card b2) {
             const CardSet board = rest[i1] | rest[i2] | rest[i3] | rest[i4] | rest[i5];
             const HandValue va = EvaluateCards(a | board);
             const HandValue vb = EvaluateCards(b | board);
-            winsTwice += va > vb ? 2 : va == vb ? 1 : 0;
+            tally.wins += va > vb;
+            tally.ties += va == vb;
+            tally.losses += va < vb;
           }
-  return winsTwice;
+  return tally;
+}
+
+// 2 x wins + ties of the first hand.
+inline int64_t ReferenceWinsTwice(Card a1, Card a2, Card b1, Card b2) {
+  const ShowdownTally t = ReferenceTally(a1, a2, b1, b2);
+  return static_cast<int64_t>(2 * t.wins + t.ties);
 }
 
 inline double ReferenceEquity(Card a1, Card a2, Card b1, Card b2) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/equity_tables/reference_equity.h"
 #include "tests/equity_tables/test_cards.h"
 #include "tools/preflop_table_generator.h"
@@ -18,6 +20,17 @@ TEST(TableGenerator, ItsFastEnumerationCountsLikeThePlainOneWhereFlushesDecide) 
 TEST(TableGenerator, ItsFastEnumerationCountsLikeThePlainOneForAPairAgainstTwoLowCards) {
   EXPECT_EQ(CountWinsTwice(C("5c"), C("5d"), C("4h"), C("3s")),
             testing::ReferenceWinsTwice(C("5c"), C("5d"), C("4h"), C("3s")));
+}
+
+TEST(TableGenerator, ItsCountsOfWinsTiesAndLossesMatchThePlainOnesForEveryKindOfSuitSharing) {
+  // Suited against suited in other suits (two flush suits), pair against suited sharing a suit, and two
+  // wheel hands of one suit (straight flushes from the ace down).
+  for (const auto& [a1, a2, b1, b2] : {std::array{"Ah", "Kh", "Qs", "Js"}, std::array{"9c", "9d", "8d", "7d"},
+                                       std::array{"5h", "4h", "Ah", "2h"}}) {
+    EXPECT_EQ(CountMatchupShowdowns(C(a1), C(a2), C(b1), C(b2)),
+              testing::ReferenceTally(C(a1), C(a2), C(b1), C(b2)))
+        << a1 << a2 << " v " << b1 << b2;
+  }
 }
 
 TEST(TableGenerator, AMatchupAndItsReverseShareOutEveryBoardBetweenThem) {

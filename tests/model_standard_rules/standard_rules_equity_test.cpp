@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/model/form1_model.h"
+#include "tests/support/recording_services.h"
 #include "app/model/window_services.h"
 #include "cards/hand_class.h"
 #include "equity/standard_equity.h"

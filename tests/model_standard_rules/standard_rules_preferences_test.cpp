@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/model/form1_model.h"
+#include "tests/support/recording_services.h"
 #include "tests/storage/temp_folder.h"
 
 namespace quillet {

@@ -1,0 +1,228 @@
+#include "equity/preflop_classes.h"
+
+#include <algorithm>
+
+#include "equity/deck.h"
+#include "equity/embedded_tables.h"
+#include "equity/preflop_class_file.h"
+
+namespace quillet {
+namespace {
+
+constexpr int32_t kSuitRenamings = 24;
+
+// The deck places of each holding's two cards, the higher first.
+using Places = std::array<std::array<uint8_t, 2>, kHoldingCount>;
+
+constexpr Places kHoldingPlaces = [] {
+  Places places{};
+  for (int32_t high = 1; high < 52; ++high) {
+    for (int32_t low = 0; low < high; ++low) {
+      places[high * (high - 1) / 2 + low] = {static_cast<uint8_t>(high), static_cast<uint8_t>(low)};
+    }
+  }
+  return places;
+}();
+
+const Places& HoldingPlaces() {
+  return kHoldingPlaces;
+}
+
+// Each holding under each renaming of the suits (the renamings in lexicographic order of the new names
+// of suits 0, 1, 2, 3): the holding it becomes, and that holding written as high << 6 | low.
+struct Renaming {
+  std::array<uint16_t, kHoldingCount> holding;
+  std::array<uint16_t, kHoldingCount> code;
+};
+using Renamings = std::array<Renaming, kSuitRenamings>;
+
+Renamings BuildRenamings() {
+  Renamings renamings{};
+  std::array<int32_t, 4> perm = {0, 1, 2, 3};
+  int n = 0;
+  do {
+    for (int32_t h = 0; h < kHoldingCount; ++h) {
+      const auto cards = HoldingCards(h);
+      const Card c1{cards[0].rank, perm[cards[0].suit]};
+      const Card c2{cards[1].rank, perm[cards[1].suit]};
+      const int32_t renamed = HoldingIndex(c1, c2);
+      const auto places = HoldingPlaces()[renamed];
+      renamings[n].holding[h] = static_cast<uint16_t>(renamed);
+      renamings[n].code[h] = static_cast<uint16_t>(places[0] << 6 | places[1]);
+    }
+    ++n;
+  } while (std::next_permutation(perm.begin(), perm.end()));
+  return renamings;
+}
+
+const Renamings& AllRenamings() {
+  static const Renamings renamings = BuildRenamings();
+  return renamings;
+}
+
+// The holding a 12-bit half of a class code names, or -1 when it names none.
+int32_t HoldingOfCode(uint32_t code) {
+  const uint32_t high = code >> 6 & 63;
+  const uint32_t low = code & 63;
+  if (high >= 52 || low >= high) return -1;
+  return static_cast<int32_t>(high * (high - 1) / 2 + low);
+}
+
+bool RealCard(Card c) {
+  return c.rank >= 2 && c.rank <= 14 && c.suit >= 0 && c.suit <= 3;
+}
+
+bool RealHolding(Card c1, Card c2) {
+  return RealCard(c1) && RealCard(c2) && !(c1 == c2);
+}
+
+std::string MatchupText(int32_t a, int32_t b) {
+  const auto ca = HoldingCards(a);
+  const auto cb = HoldingCards(b);
+  return CardToText(ca[0]) + CardToText(ca[1]) + " v " + CardToText(cb[0]) + CardToText(cb[1]);
+}
+
+}  // namespace
+
+std::array<Card, 2> HoldingCards(int32_t holding) {
+  const auto places = HoldingPlaces()[holding];
+  return {DeckCard(places[0]), DeckCard(places[1])};
+}
+
+bool HoldingsOverlap(int32_t a, int32_t b) {
+  const auto& places = HoldingPlaces();
+  const uint64_t ma = uint64_t{1} << places[a][0] | uint64_t{1} << places[a][1];
+  const uint64_t mb = uint64_t{1} << places[b][0] | uint64_t{1} << places[b][1];
+  return (ma & mb) != 0;
+}
+
+MatchupClassCode ClassCodeOf(int32_t holding, int32_t opponent) {
+  MatchupClassCode best{UINT32_MAX, false};
+  for (const Renaming& r : AllRenamings()) {
+    const uint32_t a = r.code[holding];
+    const uint32_t b = r.code[opponent];
+    if ((a << 12 | b) < best.code) best = {a << 12 | b, false};
+    if ((b << 12 | a) < best.code) best = {b << 12 | a, true};
+  }
+  return best;
+}
+
+std::array<int32_t, 2> ClassCodeHoldings(uint32_t code) {
+  return {HoldingOfCode(code >> 12 & 0xFFF), HoldingOfCode(code & 0xFFF)};
+}
+
+std::vector<uint32_t> AllMatchupClassCodes() {
+  std::vector<uint32_t> codes;
+  codes.reserve(kHoldingCount * (kHoldingCount - 1) / 2);
+  for (int32_t a = 0; a < kHoldingCount; ++a) {
+    for (int32_t b = a + 1; b < kHoldingCount; ++b) {
+      if (!HoldingsOverlap(a, b)) codes.push_back(ClassCodeOf(a, b).code);
+    }
+  }
+  std::sort(codes.begin(), codes.end());
+  codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
+  return codes;
+}
+
+PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord> records) {
+  const std::size_t n = records.size();
+  for (std::size_t i = 0; i < n; ++i) {
+    const MatchupClassRecord& r = records[i];
+    if (i > 0 && r.code <= records[i - 1].code) {
+      return {std::nullopt, "its class codes are not in ascending order at class " + std::to_string(i)};
+    }
+    if (uint64_t{r.wins} + r.ties + r.losses != kPreflopBoardCount) {
+      return {std::nullopt, "class " + std::to_string(i) + " counts " +
+                                std::to_string(uint64_t{r.wins} + r.ties + r.losses) +
+                                " showdowns, not one for each of the " + std::to_string(kPreflopBoardCount) +
+                                " boards"};
+    }
+  }
+
+  PreflopClassTable t;
+  t.oriented_.reserve(2 * n + 1);
+  for (const MatchupClassRecord& r : records) {
+    t.oriented_.push_back({r.wins, r.ties, r.losses});
+    t.oriented_.push_back({r.losses, r.ties, r.wins});
+  }
+  const uint32_t none = static_cast<uint32_t>(2 * n);
+  t.oriented_.push_back({0, 0, 0});
+  t.refs_.assign(static_cast<std::size_t>(kHoldingCount) * kHoldingCount, none);
+
+  // Each class claims every matchup its own one becomes under the renamings of the suits, either way round.
+  for (std::size_t i = 0; i < n; ++i) {
+    const uint32_t code = records[i].code;
+    const auto [first, second] = ClassCodeHoldings(code);
+    if (code > 0xFFFFFF || first < 0 || second < 0 || HoldingsOverlap(first, second)) {
+      return {std::nullopt, "its class " + std::to_string(i) + " names no matchup"};
+    }
+    if (ClassCodeOf(first, second).code != code) {
+      return {std::nullopt,
+              "its class " + std::to_string(i) + " is not named by the smallest code of its matchups"};
+    }
+    for (const Renaming& r : AllRenamings()) {
+      const std::size_t a = r.holding[first];
+      const std::size_t b = r.holding[second];
+      t.refs_[a * kHoldingCount + b] = static_cast<uint32_t>(2 * i);
+      t.refs_[b * kHoldingCount + a] = static_cast<uint32_t>(2 * i + 1);
+    }
+  }
+  // Codes that are ascending and each the smallest of its class name different classes; whether they name
+  // them all shows in the matchups left over.
+  for (int32_t a = 0; a < kHoldingCount; ++a) {
+    for (int32_t b = a + 1; b < kHoldingCount; ++b) {
+      if (t.refs_[static_cast<std::size_t>(a) * kHoldingCount + b] == none && !HoldingsOverlap(a, b)) {
+        return {std::nullopt, "it has no class for the matchup " + MatchupText(a, b)};
+      }
+    }
+  }
+  t.records_ = std::move(records);
+  return {std::move(t), {}};
+}
+
+PreflopClassTable::ClassRef PreflopClassTable::ClassOf(int32_t holding, int32_t opponent) const {
+  const uint32_t ref = refs_[static_cast<std::size_t>(holding) * kHoldingCount + opponent];
+  if (ref == 2 * records_.size()) return {};
+  return {static_cast<int32_t>(ref / 2), (ref & 1) != 0};
+}
+
+ShowdownTally PreflopClassTable::Matchup(Card h1, Card h2, Card o1, Card o2) const {
+  if (!RealHolding(h1, h2) || !RealHolding(o1, o2)) return {};
+  return Matchup(HoldingIndex(h1, h2), HoldingIndex(o1, o2));
+}
+
+ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const {
+  if (!RealHolding(h1, h2)) return {};
+  // My Hand's row of the matchup table; a holding that shares a card with My Hand reads the all-zero entry.
+  const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingIndex(h1, h2)) * kHoldingCount;
+  uint64_t wins = 0;
+  uint64_t ties = 0;
+  uint64_t losses = 0;
+  for (const HandCombo& h : holdings) {
+    if (!h.flag || !RealHolding(h.card1(), h.card2())) continue;
+    const Counts& c = oriented_[row[HoldingIndex(h.card1(), h.card2())]];
+    wins += c[0];
+    ties += c[1];
+    losses += c[2];
+  }
+  return {wins, ties, losses};
+}
+
+PreflopClassTableOrError LoadPreflopClassTable() {
+  const std::span<const unsigned char> bytes = EmbeddedClassTableBytes();
+  if (bytes.empty()) return {std::nullopt, "The preflop class table was not built into this program."};
+  return ParseClassTable(bytes);
+}
+
+const PreflopClassTableOrError& ProgramPreflopClassTable() {
+  static const PreflopClassTableOrError table = LoadPreflopClassTable();
+  return table;
+}
+
+ShowdownTally StandardPreflopTally(const HandCards& hand, std::span<const HandCombo> holdings) {
+  const PreflopClassTableOrError& loaded = ProgramPreflopClassTable();
+  if (!loaded.ok()) return {};
+  return loaded.table->TallyAgainst(hand.card1(), hand.card2(), holdings);
+}
+
+}  // namespace quillet
