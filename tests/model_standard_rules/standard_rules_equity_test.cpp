@@ -5,13 +5,13 @@
 #include <vector>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
 #include "app/model/window_services.h"
 #include "cards/hand_class.h"
 #include "equity/standard_equity.h"
 #include "equity/tally_text.h"
 #include "range/block_record.h"
 #include "range/player_profile.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {
@@ -112,6 +112,18 @@ TEST(StandardRulesEquity, PreflopGivesAcesAgainstTheOtherAcesFiftyFifty) {
   EXPECT_TRUE(w.services.messages.empty());
   EXPECT_EQ(w.my(), "50.0%");
   EXPECT_EQ(w.opp(), "50.0%");
+}
+
+TEST(StandardRulesEquity, PreflopAcesAgainstEveryHoldingReadTheExactClassTable) {
+  RulesWindow w;
+  w.model.cmdAll_Click();
+  w.Calc("AhAd", "");
+  EXPECT_TRUE(w.services.messages.empty());
+  EXPECT_NEAR(w.model.myEquity, 85.203713, 1e-6);
+  EXPECT_EQ(w.my(), "85.2%");
+  // 1,225 live holdings, 1,712,304 boards each.
+  EXPECT_NE(w.model.lblMyEquity.toolTip.find(", 2,097,572,400 showdowns"), std::string::npos)
+      << w.model.lblMyEquity.toolTip;
 }
 
 TEST(StandardRulesEquity, AnEmptyRangeShowsMinusOneOnBothSides) {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {
