@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kCookUsage =
     "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--no-simplify] [--simplify-further] "
-    "[--show-empty] [--win-lose-icons] [--category-icons] [--json]";
+    "[--show-empty] [--win-lose-icons] [--standard-rules] [--category-icons] [--json]";
 constexpr const char* kCookSummary =
     "sort every live holding of the range into its made-hand and draw categories on the board and print the "
     "results as \"Copy Results to Clipboard\" gives them (CR LF line ends; --win-lose-icons adds \" [win]\", "
@@ -98,6 +98,9 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   app.add_flag("--show-empty", showEmpty, "list empty categories too (\"Hide Empty Categories\" off)");
   bool winLoseIcons = false;
   app.add_flag("--win-lose-icons", winLoseIcons, "mark each holding [win], [tie] or [lose]");
+  bool standardRules = false;
+  app.add_flag("--standard-rules", standardRules,
+               "the win/tie/lose icons by the standard showdown rules (\"Standard Showdown Rules\")");
   bool categoryIcons = false;
   app.add_flag("--category-icons", categoryIcons, "\"Category Icons\"");
   bool json = false;
@@ -124,6 +127,7 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   resultsOptions.hideEmptyCats = !showEmpty;
   resultsOptions.winLoseIcons = winLoseIcons;
   resultsOptions.categoryIcons = categoryIcons;
+  resultsOptions.showdownRules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
   ResultsCards resultsCards;
   resultsCards.myHandText = cards.myHandText;
   resultsCards.boardText = cards.boardText;

@@ -9,12 +9,13 @@
 #include "cli/options.h"
 #include "equity/calc_equity.h"
 #include "equity/equity_display.h"
+#include "equity/tally_text.h"
 
 namespace quillet::cli {
 namespace {
 
 constexpr const char* kEquityUsage =
-    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--json]";
+    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--standard-rules] [--json]";
 constexpr const char* kEquitySummary =
     "My Hand's equity against every live holding of the range: the preflop tables without a board, every "
     "completion on the flop and the turn (the river shows 0.0%); LIST and PCT as for cook; --json gives the "
@@ -27,6 +28,10 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   AddHandBoardRangeOptions(app, options);
   bool json = false;
   app.add_flag("--json", json, "the unrounded values, the street and My Equity's colour as JSON");
+  bool standardRules = false;
+  app.add_flag("--standard-rules", standardRules,
+               "the standard showdown rules (\"Standard Showdown Rules\"): best five of seven, ties split; "
+               "--json adds win, tie, lose, showdowns and rules");
 
   int status = kExitOk;
   const auto positional = ParseCommandWords(app, words, "equity", out, err, status);
@@ -37,7 +42,7 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   EquityRequest request;
   request.cards = CheckCardInputs(input->handText, input->boardText, CardsFor::Equity);
   request.range = CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer);
-  request.rules = ShowdownRules::Quillet;
+  request.rules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
   const EquityOutcome outcome = CalcEquity(request);
 
   // Nothing calculated: refused input (its messages say why) or no My Hand, which the window passes over
@@ -59,10 +64,21 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
                 {"street", outcome.street},
                 {"colour", HexColour(EquityColour(EquityToInteger(my)))}};
     if (input->top) result["rangeText"] = input->profile.rangeText;
+    // Only asked for: without --standard-rules the output stays as it always was.
+    if (standardRules) {
+      if (const auto& tally = outcome.tally) {
+        result["win"] = JsonNumber(tally->WinPercent());
+        result["tie"] = JsonNumber(tally->TiePercent());
+        result["lose"] = JsonNumber(tally->LossPercent());
+        result["showdowns"] = tally->Showdowns();
+      }
+      result["rules"] = std::string(ShowdownRulesName(request.rules));
+    }
     out << JsonText(result) << "\n";
   } else {
     out << "My Equity: " << FormatEquityReadOut(my) << "\n"
         << "Opp Equity: " << FormatEquityReadOut(opp) << "\n";
+    if (outcome.tally) out << ShowdownTallyText(*outcome.tally) << "\n";
   }
   return status;
 }

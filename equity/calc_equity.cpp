@@ -2,6 +2,7 @@
 
 #include "categorise/cook.h"
 #include "equity/preflop_equity.h"
+#include "equity/standard_equity.h"
 
 namespace quillet {
 namespace {
@@ -45,9 +46,16 @@ EquityOutcome CalcEquity(const EquityRequest& request) {
       outcome.values = QuilletEquity(cards, live, request.caption, outcome.messages);
       outcome.status = EquityStatus::Calculated;
       break;
-    case ShowdownRules::Standard:
-      outcome.messages.emplace_back("The standard showdown rules are not available in this build");
+    case ShowdownRules::Standard: {
+      const bool enumerates = cards.street == kFlop || cards.street == kTurn;
+      if (enumerates && request.caption) request.caption(kCalculatingCaption);
+      outcome.tally = StandardEquityTally(cards.hand, cards.board, cards.street, live);
+      if (enumerates && request.caption) request.caption(kCalcEquityCaption);
+      outcome.values = outcome.tally ? EquityFromTally(*outcome.tally)
+                                     : QuilletEquity(cards, live, request.caption, outcome.messages);
+      outcome.status = EquityStatus::Calculated;
       break;
+    }
   }
   return outcome;
 }

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,10 @@ struct EquityOutcome {
   // GS0" once for each holding whose preflop matchup is missing from the tables (the rest still count),
   // or the tables' load error.
   std::vector<std::string> messages;
+  // Under the standard rules: the wins, ties and losses behind `values` (My Hand's side). None under the
+  // program's own rules, and preflop while no exact preflop table is loaded (the matchup tables' mean
+  // stands then).
+  std::optional<ShowdownTally> tally;
 };
 
 EquityOutcome CalcEquity(const EquityRequest& request);

@@ -6,6 +6,7 @@
 
 #include "categorise/categories.h"
 #include "equity/partial_board_showdown.h"
+#include "equity/standard_equity.h"
 #include "quillet/version.h"
 #include "results/combo_groups.h"
 
@@ -163,7 +164,8 @@ class TreeBuilder {
   }
 
   WinTieLose Icon(const HandCombo& combo) const {
-    return WinTieLoseIcon(options_.winLoseIcons, cards_.hand, combo, cards_.board, cards_.street);
+    return WinTieLoseIcon(options_.winLoseIcons, cards_.hand, combo, cards_.board, cards_.street,
+                          options_.showdownRules);
   }
 
   void AddComboNode(int level, const std::string& parentKey, std::string key, const HandCombo& combo,
@@ -277,10 +279,12 @@ int AddResultNode(ResultsTree& tree, std::string& exportText, int level, std::st
 }
 
 WinTieLose WinTieLoseIcon(bool winLoseOn, const HandCards& myHand, const HandCombo& combo,
-                          const BoardCards& board, int32_t street) {
+                          const BoardCards& board, int32_t street, ShowdownRules rules) {
   if (!winLoseOn || street == kNoBoard) return {};
   if (!IsHandCard(myHand.rank1, myHand.suit1) || !IsHandCard(myHand.rank2, myHand.suit2)) return {};
-  const ShowdownResult result = ComparePartialBoardShowdown(myHand, combo, board, street);
+  const ShowdownResult result = rules == ShowdownRules::Standard
+                                    ? CompareStandardShowdown(myHand, combo, board, street)
+                                    : ComparePartialBoardShowdown(myHand, combo, board, street);
   if (result.myWin) return {kWinImage, true};
   if (!result.oppWin) return {kTieImage, false};
   return {kLoseImage, true};

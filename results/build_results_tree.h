@@ -16,6 +16,7 @@
 #include "cards/card.h"
 #include "cards/card_input.h"
 #include "categorise/category_node.h"
+#include "equity/showdown_rules.h"
 #include "range/colour.h"
 #include "results/results_tree.h"
 
@@ -28,6 +29,8 @@ struct ResultsOptions {
   bool categoryIcons = false;    // "Category Icons"
   bool winLoseIcons = false;     // "Win Lose Icons"
   bool simplifyFurther = false;  // "Simplify Further for Clipboard Export"
+  // "Standard Showdown Rules": which rules the win/tie/lose icons decide by.
+  ShowdownRules showdownRules = ShowdownRules::Quillet;
 };
 
 // The card inputs as the build sees them: the two boxes' texts for the export header (after the cook has
@@ -83,13 +86,15 @@ int AddResultNode(ResultsTree& tree, std::string& exportText, int level, std::st
 
 // The icon of one holding against My Hand on the board of the street: "win" (decisive) when My Hand wins,
 // "tie" (not decisive) when neither wins, "lose" (decisive) when the holding wins. No image and not
-// decisive when the option is off, there is no board or My Hand is empty.
+// decisive when the option is off, there is no board or My Hand is empty. The program's own rules decide
+// unless `rules` asks for the standard ones.
 struct WinTieLose {
   std::string_view imageKey;
   bool decisive = false;
 };
 WinTieLose WinTieLoseIcon(bool winLoseOn, const HandCards& myHand, const HandCombo& combo,
-                          const BoardCards& board, int32_t street);
+                          const BoardCards& board, int32_t street,
+                          ShowdownRules rules = ShowdownRules::Quillet);
 
 // The text colour of a holding's node: by suit when both cards share it (clubs green, diamonds blue,
 // hearts red, spades the window-text colour), brown when they differ. None for a suit out of range.

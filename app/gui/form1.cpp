@@ -244,6 +244,8 @@ void Form1::BuildMenus() {
        &Form1Model::mnuCalcEquityOnCook_Click);
   tick(operation, "mnuAutoPFEquityCalc", "Auto Calc Equity Preflop on Range Change",
        &MenuOptions::autoPFEquityCalc, &Form1Model::mnuAutoPFEquityCalc_Click);
+  tick(operation, "mnuStandardShowdownRules", "Standard Showdown Rules", &MenuOptions::standardShowdownRules,
+       &Form1Model::mnuStandardShowdownRules_Click);
 
   treeMenu_ = new QMenu(QStringLiteral("TV"), this);
   treeMenu_->setObjectName(QStringLiteral("mnuTV"));

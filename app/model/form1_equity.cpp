@@ -6,6 +6,7 @@
 #include "cards/card_input.h"
 #include "equity/calc_equity.h"
 #include "equity/equity_display.h"
+#include "equity/tally_text.h"
 
 namespace quillet {
 
@@ -13,6 +14,8 @@ void Form1Model::ClearEquityDisplay() {
   lblMyEquity.opaque = false;
   lblMyEquity.caption.clear();
   lbloppEquity.caption.clear();
+  lblMyEquity.toolTip.clear();
+  lbloppEquity.toolTip.clear();
 }
 
 void Form1Model::cmdCalcEquity_Click() {
@@ -26,7 +29,7 @@ void Form1Model::cmdCalcEquity_Click() {
   services.RepaintNow();
 
   request.range = CurrentRangeCombos();
-  request.rules = ShowdownRules::Quillet;
+  request.rules = options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
   request.caption = [this](std::string_view caption) {
     label(CommandLabel::cmdCalcEquity).caption = caption;
     services.RepaintNow();
@@ -43,6 +46,10 @@ void Form1Model::cmdCalcEquity_Click() {
   lbloppEquity.caption = FormatEquityReadOut(oppEquity);
   lblMyEquity.opaque = true;
   lblMyEquity.backColour = EquityColour(EquityToInteger(myEquity));
+  if (outcome.tally) {
+    lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
+    lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
+  }
 }
 
 void Form1Model::tmrCalcEquity_Timer() {
@@ -56,6 +63,12 @@ void Form1Model::mnuCalcEquityOnCook_Click() {
 
 void Form1Model::mnuAutoPFEquityCalc_Click() {
   ToggleMenuCheck(options.autoPFEquityCalc);
+}
+
+void Form1Model::mnuStandardShowdownRules_Click() {
+  ToggleMenuCheck(options.standardShowdownRules);
+  // A result shown under the other rules would read as one of the new rules: the read-outs go blank.
+  ClearEquityDisplay();
 }
 
 }  // namespace quillet

@@ -89,6 +89,7 @@ struct LabelState {
   Colour backColour = kOptionsBackColour;
   bool opaque = false;  // back style 1: the background colour shows
   bool visible = true;
+  std::string toolTip;  // empty: none
 };
 
 // A rich text box: its text and a colour for each character (bytes of the text, which is plain ASCII card
@@ -143,6 +144,9 @@ struct MenuOptions {
   bool winLoseIcons = false;      // mnuWinLoseIcons, "Win Lose Icons"
   bool calcEquityOnCook = false;  // mnuCalcEquityOnCook, "Auto Calc Equity on Cook"
   bool autoPFEquityCalc = false;  // mnuAutoPFEquityCalc, "Auto Calc Equity Preflop on Range Change"
+  // mnuStandardShowdownRules, "Standard Showdown Rules": equity and the win/tie/lose icons by the standard
+  // rules instead of the program's own.
+  bool standardShowdownRules = false;
 };
 
 // The hand grid's display and selection state (the layers themselves live in the current profile).
@@ -214,6 +218,7 @@ class Form1Model {
   void tmrCalcEquity_Timer();
   void mnuCalcEquityOnCook_Click();
   void mnuAutoPFEquityCalc_Click();
+  void mnuStandardShowdownRules_Click();
 
   // ---- hand grid (form1_grid.cpp) ----
   void DeselectAllBlocks();

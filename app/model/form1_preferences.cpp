@@ -1,3 +1,5 @@
+#include <span>
+
 #include "app/model/form1_model.h"
 #include "app/model/web_addresses.h"
 #include "storage/file_io.h"
@@ -28,6 +30,12 @@ constexpr MenuKey kMenuKeys[] = {
     {"mnuAutoPFEquityCalc", &MenuOptions::autoPFEquityCalc},
 };
 
+// Ticks added after the first twelve records: written after them, and only when they differ from their
+// first-start value, so that the file of a user who never changes them stays as it always was.
+constexpr MenuKey kLaterMenuKeys[] = {
+    {"mnuStandardShowdownRules", &MenuOptions::standardShowdownRules},
+};
+
 void SetBoxText(RichTextState& box, const std::string& text) {
   box.text = text;
   box.charColours.assign(text.size(), kWindowTextColour);  // the start-up colouring of the card texts follows
@@ -45,6 +53,9 @@ void Form1Model::SavePreferences() {
   records.push_back({"ColourSchemeDefault", BooleanText(colourSchemeDefault)});
   records.push_back({"SelCardsAutoOK", BooleanText(selCardsAutoOK)});
   records.push_back({"SelCardsAutoCook", BooleanText(selCardsAutoCook)});
+  for (const MenuKey& m : kLaterMenuKeys) {
+    if (options.*m.tick != MenuOptions{}.*m.tick) records.push_back({m.key, BooleanText(options.*m.tick)});
+  }
   if (auto failure = CreateFolderFor(preferencesPath)) {
     services.MsgBox(PreferencesSaveFault(preferencesPath, *failure, false), MessageIcon::Warning);
     return;
@@ -82,11 +93,13 @@ void Form1Model::ApplyPreferences(const std::vector<PreferenceLine>& lines) {
     if (!line.value) continue;
     const std::string& value = *line.value;
     bool applied = false;
-    for (const MenuKey& m : kMenuKeys) {
-      if (line.key != m.key) continue;
-      if (const auto tick = ParseBooleanText(value)) options.*m.tick = *tick;
-      applied = true;
-      break;
+    for (const auto& keys : {std::span<const MenuKey>(kMenuKeys), std::span<const MenuKey>(kLaterMenuKeys)}) {
+      for (const MenuKey& m : keys) {
+        if (line.key != m.key) continue;
+        if (const auto tick = ParseBooleanText(value)) options.*m.tick = *tick;
+        applied = true;
+        break;
+      }
     }
     if (applied) continue;
     if (line.key == "txtMyHand") {

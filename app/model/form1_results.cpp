@@ -46,6 +46,8 @@ void Form1Model::BuildResultsTree() {
   resultsOptions.categoryIcons = options.categoryIcons;
   resultsOptions.winLoseIcons = options.winLoseIcons;
   resultsOptions.simplifyFurther = options.simplifyFurther;
+  resultsOptions.showdownRules =
+      options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
 
   ResultsCards cards;
   if (options.winLoseIcons) {

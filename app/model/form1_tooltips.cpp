@@ -110,6 +110,9 @@ std::string Form1Model::EquityToolTip(bool mine) const {
   std::snprintf(value, sizeof value, "%.2f%%", mine ? myEquity : oppEquity);
   text += ": ";
   text += value;
+  // Under the standard rules the read-out carries its tally: win and tie shares and the showdowns.
+  const std::string& tally = mine ? lblMyEquity.toolTip : lbloppEquity.toolTip;
+  if (!tally.empty()) return text + ", standard rules: " + tally;
   switch (equityStreet) {
     case kNoBoard:
       return text + ", preflop, from the program's matchup tables";

@@ -448,6 +448,32 @@ TEST(WinTieLoseIcon, IsEmptyAndNotDecisiveWhenTheOptionIsOff) {
   EXPECT_FALSE(tie.decisive);
 }
 
+TEST(WinTieLoseIcon, UnderTheStandardRulesTheNutFlushBeatsAJackHighFlush) {
+  // AsKs holds six spades on Qs7s2s5s: no flush by the program's own exactly-five rule, the nut flush by
+  // the standard rules.
+  const ResultsCards cards = Cards("AsKs", "Qs7s2s5s");
+  EXPECT_EQ(WinTieLoseIcon(true, cards.hand, Holding("Js3c"), cards.board, cards.street).imageKey, "lose");
+  EXPECT_EQ(
+      WinTieLoseIcon(true, cards.hand, Holding("Js3c"), cards.board, cards.street, ShowdownRules::Standard)
+          .imageKey,
+      "win");
+  // A board that plays for both splits under the standard rules, whatever the hole cards.
+  const ResultsCards straight = Cards("2c3d", "TsJhQcKdAh");
+  EXPECT_EQ(WinTieLoseIcon(true, straight.hand, Holding("4h2s"), straight.board, straight.street,
+                           ShowdownRules::Standard)
+                .imageKey,
+            "tie");
+}
+
+TEST(WinLoseIcons, TheBuildMarksTheIconsByTheRulesItsOptionsName) {
+  ResultsTable table;
+  table.Add(kEntryQueenHigh, {"Js3c"}).Finish(1);
+  ResultsOptions options = WinLose(true);
+  EXPECT_EQ(NodeWithKey(Build(table, options, Cards("AsKs", "Qs7s2s5s")).tree, "0-3k").image, "lose");
+  options.showdownRules = ShowdownRules::Standard;
+  EXPECT_EQ(NodeWithKey(Build(table, options, Cards("AsKs", "Qs7s2s5s")).tree, "0-3k").image, "win");
+}
+
 // ---- AddResultNode ----
 
 TEST(AddResultNode, ARootNodeGivesItsTextAndAChildItsTextIndentedTwoBlanksPerLevel) {

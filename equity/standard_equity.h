@@ -1,0 +1,57 @@
+// Exact equity under the standard rules (showdown_rules.h): My Hand meets every live holding of a range on
+// every completion of the board, each showdown decided by the best five of the seven cards, and the tally
+// counts wins, ties and losses (EquityPercent splits ties half).
+//
+// Which holdings take part: those whose flag is set, whose two cards are different cards of the deck and
+// share none with My Hand or the known board. A holding meets each completion that uses neither of its
+// cards, so on the flop every holding meets 990 boards and on the turn 44; on the river the board as it
+// stands decides one showdown per holding. A holding listed twice counts twice.
+//
+// How it counts: a holding's hand is worth the same on one board as that of every other holding with
+// the same two ranks, unless a flush is possible for it. So per completion the engine reads the value
+// of each of the 91 rank pairs once (cached per rank pattern of the coming cards), compares My Hand's
+// value with it and weighs the answer by the number of live holdings of that rank pair, taking off those
+// that hold a card of the completion (card removal by inclusion and exclusion). Only the holdings that
+// can make a flush on a board with three or more cards of one suit are read one by one. Everything is
+// allocated before the first completion.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "cards/card.h"
+#include "equity/equity_result.h"
+#include "equity/showdown.h"
+#include "equity/showdown_rules.h"
+
+namespace quillet {
+
+// Every showdown of My Hand against the live holdings on the flop (street 1: every turn and river), the
+// turn (street 2: every river) or the river (street 3: the board itself). Nothing is counted preflop, for
+// a My Hand or board with a card twice or outside the deck, or with no live holding.
+ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
+                                    std::span<const HandCombo> combos);
+
+// Every showdown preflop (every five-card board), read from the exact preflop table of matchup classes.
+// No value while the program has no such table (or it failed to load): callers then fall back to the
+// preflop path of the program's own rules. This is the one place the standard preflop tally is taken from;
+// it is where the exact class table's own reader is to be called.
+std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHand,
+                                                          std::span<const HandCombo> combos);
+
+// The tally on any street: PreflopTallyForStandardRules without a board, StandardShowdownTally with one.
+std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
+                                                 int32_t street, std::span<const HandCombo> combos);
+
+// The read-outs of a tally: My Equity with ties split half, Opp Equity the rest of 100; -1 and -1 when
+// nothing was counted (as for an empty range under the program's own rules).
+EquityResult EquityFromTally(const ShowdownTally& tally);
+
+// My Hand against one holding on the board cards known on `street` (three to five; both flags false is a
+// tie), under the standard rules. Used for the win/tie/lose icons. No board, or cards given twice, give
+// a tie.
+ShowdownResult CompareStandardShowdown(const HandCards& myHand, const HandCombo& opponent,
+                                       const BoardCards& board, int32_t street);
+
+}  // namespace quillet
