@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/model/form1_model.h"
-#include "app/model/window_services.h"
+#include "tests/support/recording_services.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
 #include "categorise/categories.h"

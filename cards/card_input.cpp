@@ -5,12 +5,17 @@
 namespace quillet {
 namespace {
 
-char AsciiUpper(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
-char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+char AsciiUpper(char c) {
+  return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char AsciiLower(char c) {
+  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 // Ranks at positions 1, 3, 5, ... (counted from 1) upper case, suits at 2, 4, 6, ... lower case.
 void NormaliseCardCase(std::string& text) {
-  for (std::size_t i = 0; i < text.size(); ++i) text[i] = (i % 2 == 0) ? AsciiUpper(text[i]) : AsciiLower(text[i]);
+  for (std::size_t i = 0; i < text.size(); ++i)
+    text[i] = (i % 2 == 0) ? AsciiUpper(text[i]) : AsciiLower(text[i]);
 }
 
 std::string_view CharAt(std::string_view text, std::size_t index) {
@@ -116,6 +121,22 @@ bool HasNoDuplicateCards(const HandCards& hand, const BoardCards& board, int32_t
     }
   }
   return true;
+}
+
+CardInputs CheckCardInputs(std::string_view myHandText, std::string_view boardText, CardsFor use) {
+  CardInputs read;
+  read.myHandText = myHandText;
+  read.boardText = boardText;
+  const MessageSink collect = [&read](std::string_view text) { read.messages.emplace_back(text); };
+  read.textsRead =
+      ReadCardInputs(read.myHandText, read.boardText, collect, read.hand, read.board, read.street);
+  const bool halfHand = read.hand.rank1 != kNoCard && read.hand.rank2 == kNoCard;
+  if (!read.textsRead || (use == CardsFor::Equity && halfHand)) {
+    read.messages.emplace_back(kBadInputMessage);
+  } else if (!HasNoDuplicateCards(read.hand, read.board, read.street, read.myHandText)) {
+    read.messages.emplace_back(kDuplicateCardMessage);
+  }
+  return read;
 }
 
 }  // namespace quillet

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cards/card.h"
 
@@ -33,6 +34,38 @@ bool ReadCardInputs(std::string& myHandText, std::string& boardText, const Messa
 // an identical pair of hand cards counts, and only when the My Hand text is not empty.
 bool HasNoDuplicateCards(const HandCards& hand, const BoardCards& board, int32_t street,
                          std::string_view myHandText);
+
+// ---- The core's reading of the two card boxes, as the cook and equity commands take them ----
+
+// Which command reads the cards: the equity command also refuses a My Hand whose second rank did not read
+// ("AhXd" passes the parse, but cannot be dealt around).
+enum class CardsFor { Cook, Equity };
+
+inline constexpr std::string_view kBadInputMessage = "Bad Input";
+inline constexpr std::string_view kDuplicateCardMessage = "Duplicate card exists";
+
+// My Hand and the Board read, or the reasons they were refused.
+struct CardInputs {
+  // The texts as the boxes show them after the read: blank-free, ranks upper case and suits lower case once
+  // both lengths passed (also when a bad character then refuses them); as given otherwise.
+  std::string myHandText;
+  std::string boardText;
+  bool textsRead = false;  // both texts parsed (the window colours them by suit again)
+  HandCards hand{};        // an empty My Hand reads as four kNoCard fields
+  BoardCards board{};
+  int32_t street = kNoBoard;
+  // The messages the window shows, in order, when the input is refused: the length message of a box, if
+  // any, then "Bad Input"; or "Duplicate card exists". Empty when the input is accepted.
+  std::vector<std::string> messages;
+
+  bool ok() const { return messages.empty(); }
+  bool hasHand() const { return hand.rank1 != kNoCard; }
+};
+
+// Reads and checks both texts as the cook (or the equity command) does: the parse of ReadCardInputs, then
+// for the equity command the half-read My Hand, then the duplicate-card check. A fresh hand record is used
+// for every read, so nothing carries over from an earlier one.
+CardInputs CheckCardInputs(std::string_view myHandText, std::string_view boardText, CardsFor use);
 
 // The text with every blank (" ") removed.
 std::string RemoveBlanks(std::string_view text);

@@ -125,4 +125,14 @@ void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, i
   for (CategoryNode& node : categories.nodes) node.nonEmpty = node.count != 0;
 }
 
+CookResult Cook(const CardInputs& cards, std::vector<HandCombo> range) {
+  CookResult result;
+  InitCategories(result.categories);
+  if (!cards.ok()) return result;
+  result.rangeCount = static_cast<int32_t>(range.size());
+  result.liveCount = RemoveDeadCombos(range, result.rangeCount, cards.hand, cards.board, cards.street);
+  ClassifyRange(result.categories, range, result.rangeCount, cards.board, cards.street);
+  return result;
+}
+
 }  // namespace quillet

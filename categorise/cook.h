@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cards/card.h"
+#include "cards/card_input.h"
 #include "categorise/category_node.h"
 #include "range/block_record.h"
 
@@ -38,5 +39,19 @@ inline void ClassifyRange(Categories& categories, const std::vector<HandCombo>& 
                           int32_t street) {
   ClassifyRange(categories, list, static_cast<int32_t>(list.size()), board, street);
 }
+
+// ---- The cook as one call ----
+
+// What a cook finds: the three counts under the Cook label and the filled category table.
+struct CookResult {
+  int32_t rangeCount = 0;  // holdings in the range
+  int32_t liveCount = 0;   // of those, the ones that use no card of My Hand or the board
+  Categories categories;   // each live holding in its entries; categorisedCount counts each holding once
+};
+
+// Cooks `range` (holdings as CollectRangeCombos gives them, an empty range is no error) on accepted card
+// inputs (CheckCardInputs(..., CardsFor::Cook).ok()): the dead holdings are dropped, the live ones
+// classified. Refused inputs give an empty result.
+CookResult Cook(const CardInputs& cards, std::vector<HandCombo> range);
 
 }  // namespace quillet

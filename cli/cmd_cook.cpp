@@ -1,15 +1,13 @@
 // quillet-cli cook: the window's cook on a range given as class lists, with a fresh "Generic" profile.
-#include <cstdio>
 #include <ostream>
 #include <string>
 #include <string_view>
 
-#include "app/model/form1_model.h"
-#include "app/model/window_services.h"
-#include "categorise/categories.h"
-#include "cli/args.h"
+#include "cards/card_input.h"
+#include "categorise/cook.h"
 #include "cli/commands.h"
 #include "cli/hand_board_range.h"
+#include "cli/options.h"
 #include "range/colour.h"
 #include "results/build_results_tree.h"
 #include "results/results_tree.h"
@@ -17,12 +15,22 @@
 namespace quillet::cli {
 namespace {
 
+constexpr const char* kCookUsage =
+    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--no-simplify] [--simplify-further] "
+    "[--show-empty] [--win-lose-icons] [--standard-rules] [--category-icons] [--json]";
+constexpr const char* kCookSummary =
+    "sort every live holding of the range into its made-hand and draw categories on the board and print the "
+    "results as \"Copy Results to Clipboard\" gives them (CR LF line ends; --win-lose-icons adds \" [win]\", "
+    "\" [tie]\" or \" [lose]\" to a line); LIST is class names separated by commas (\"AA,KK,AKs,AK\", "
+    "\"AKo\" also for offsuit), PCT the top percent of the preflop order as the range box takes it (10 gives "
+    "9.8), TEXT may be \"\"";
+
 // The export text, line for line, with the win/tie/lose icon of a line written after it as " [win]",
 // " [tie]" or " [lose]" (the window draws it as a picture instead). Without icons it is the export text as
 // "Copy Results to Clipboard" gives it, CR LF line ends included.
-void WriteText(const Form1Model& model, std::ostream& out) {
-  out << ExportHeader(model.txtMyHand.text, model.txtBoard.text);
-  for (const ResultNode& node : model.TV.nodes) {
+void WriteText(const CardInputs& cards, const ResultsTree& tree, std::ostream& out) {
+  out << ExportHeader(cards.myHandText, cards.boardText);
+  for (const ResultNode& node : tree.nodes) {
     if (!node.exportLine) continue;
     if (node.parent >= 0) out << std::string(2 * static_cast<std::size_t>(node.level), ' ');
     out << node.text;
@@ -33,92 +41,118 @@ void WriteText(const Form1Model& model, std::ostream& out) {
   }
 }
 
-// "#RRGGBB"; the window-text colour of spades as black.
-std::string ColourText(Colour colour) {
-  if (colour == kWindowTextColour) colour = Rgb(0, 0, 0);
-  char text[8];
-  std::snprintf(text, sizeof text, "#%02X%02X%02X", RedOf(colour), GreenOf(colour), BlueOf(colour));
-  return text;
+// The spades' window-text colour is written as black.
+Json NodeColour(const std::optional<Colour>& colour) {
+  if (!colour) return nullptr;
+  return HexColour(*colour == kWindowTextColour ? Rgb(0, 0, 0) : *colour);
 }
 
-void WriteTreeJson(const ResultsTree& tree, std::ostream& out) {
-  out << "[";
-  for (std::size_t i = 0; i < tree.nodes.size(); ++i) {
-    const ResultNode& node = tree.nodes[i];
-    if (i != 0) out << ",";
-    out << "{\"key\":" << JsonString(node.key) << ",\"parent\":" << JsonString(node.parentKey)
-        << ",\"text\":" << JsonString(node.text) << ",\"image\":" << JsonString(node.image) << ",\"colour\":"
-        << (node.foreColour ? JsonString(ColourText(*node.foreColour)) : std::string("null"))
-        << ",\"level\":" << node.level << "}";
+Json TreeJson(const ResultsTree& tree) {
+  Json nodes = Json::array();
+  for (const ResultNode& node : tree.nodes) {
+    nodes.push_back(Json{{"key", node.key},
+                         {"parent", node.parentKey},
+                         {"text", node.text},
+                         {"image", node.image},
+                         {"colour", NodeColour(node.foreColour)},
+                         {"level", node.level}});
   }
-  out << "]";
+  return nodes;
 }
 
-void WriteJson(const Form1Model& model, bool withRangeText, std::ostream& out) {
-  out << "{\"range\":" << model.cookRangeCount << ",\"possible\":" << model.cookLiveCount
-      << ",\"categorised\":" << model.categories.categorisedCount << ",\"categories\":[";
-  const auto& nodes = model.categories.nodes;
+void WriteJson(const CookResult& cooked, const ResultsBuild& built, const HandBoardRange& input,
+               std::ostream& out) {
+  Json categories = Json::array();
+  const auto& nodes = cooked.categories.nodes;
   for (std::size_t i = 0; i < nodes.size(); ++i) {
     const CategoryNode& node = nodes[i];
-    if (i != 0) out << ",";
-    out << "{\"index\":" << i << ",\"label\":" << JsonString(node.label) << ",\"count\":" << node.count
-        << ",\"combos\":[";
+    Json combos = Json::array();
     for (int32_t k = 0; k < node.count; ++k) {
       const HandCombo& combo = node.combos[k];
-      if (k != 0) out << ",";
-      out << JsonString(ComboToText(combo) + (combo.flag ? "" : "*"));
+      combos.push_back(ComboToText(combo) + (combo.flag ? "" : "*"));
     }
-    out << "]}";
+    categories.push_back(
+        Json{{"index", i}, {"label", node.label}, {"count", node.count}, {"combos", combos}});
   }
-  out << "]";
-  if (withRangeText) out << ",\"rangeText\":" << JsonString(model.txtRange.text);
-  out << ",\"tree\":";
-  WriteTreeJson(model.TV, out);
-  out << ",\"export\":" << JsonString(model.exportText) << "}\n";
+  Json json{{"range", cooked.rangeCount},
+            {"possible", cooked.liveCount},
+            {"categorised", cooked.categories.categorisedCount},
+            {"categories", categories}};
+  if (input.top) json["rangeText"] = input.profile.rangeText;
+  json["tree"] = TreeJson(built.tree);
+  json["export"] = built.exportText;
+  out << JsonText(json) << "\n";
 }
 
 int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--hand", "--board", "--range", "--top", "--seen"},
-                  {"--json", "--no-simplify", "--simplify-further", "--show-empty", "--win-lose-icons",
-                   "--category-icons"});
-  RecordingServices services;
-  Form1Model model(services);
-  if (!SetUpHandBoardRange(args, "cook", model, err)) return kExitBadInput;
-  const bool top = args.has("--top");
-
+  CLI::App app(kCookSummary, "quillet-cli cook");
+  SetUpCommandParser(app);
+  HandBoardRangeOptions options;
+  AddHandBoardRangeOptions(app, options);
   // The output options are the window's menu ticks, from their first-start values.
-  model.options.simplifyOutput = !args.has("--no-simplify");
-  model.options.simplifyFurther = args.has("--simplify-further");
-  model.options.hideEmptyCats = !args.has("--show-empty");
-  model.options.winLoseIcons = args.has("--win-lose-icons");
-  model.options.categoryIcons = args.has("--category-icons");
+  bool noSimplify = false;
+  app.add_flag("--no-simplify", noSimplify, "one line per holding (\"Simplify Output\" off)");
+  bool simplifyFurther = false;
+  app.add_flag("--simplify-further", simplifyFurther, "\"Simplify Further for Clipboard Export\"");
+  bool showEmpty = false;
+  app.add_flag("--show-empty", showEmpty, "list empty categories too (\"Hide Empty Categories\" off)");
+  bool winLoseIcons = false;
+  app.add_flag("--win-lose-icons", winLoseIcons, "mark each holding [win], [tie] or [lose]");
+  bool standardRules = false;
+  app.add_flag("--standard-rules", standardRules,
+               "the win/tie/lose icons by the standard showdown rules (\"Standard Showdown Rules\")");
+  bool categoryIcons = false;
+  app.add_flag("--category-icons", categoryIcons, "\"Category Icons\"");
+  bool json = false;
+  app.add_flag("--json", json, "the counts, categories, tree and export text as JSON");
 
-  model.cmdCheckPossibleHands_Click();
+  int status = kExitOk;
+  const auto positional = ParseCommandWords(app, words, "cook", out, err, status);
+  if (!positional) return status;
+  const auto input = ReadHandBoardRange(app, options, *positional, "cook", err);
+  if (!input) return kExitBadInput;
+
   // The cook only speaks when it refuses the input; the window would show these as message boxes.
-  if (!services.messages.empty()) {
-    for (const auto& message : services.messages) err << message.text << "\n";
+  const CardInputs cards = CheckCardInputs(input->handText, input->boardText, CardsFor::Cook);
+  if (!cards.ok()) {
+    for (const std::string& message : cards.messages) err << message << "\n";
+    return kExitBadInput;
+  }
+  const CookResult cooked =
+      Cook(cards, CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer));
+
+  ResultsOptions resultsOptions;
+  resultsOptions.simplifyOutput = !noSimplify;
+  resultsOptions.simplifyFurther = simplifyFurther;
+  resultsOptions.hideEmptyCats = !showEmpty;
+  resultsOptions.winLoseIcons = winLoseIcons;
+  resultsOptions.categoryIcons = categoryIcons;
+  resultsOptions.showdownRules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  ResultsCards resultsCards;
+  resultsCards.myHandText = cards.myHandText;
+  resultsCards.boardText = cards.boardText;
+  if (resultsOptions.winLoseIcons) {
+    resultsCards.hand = cards.hand;
+    resultsCards.board = cards.board;
+    resultsCards.street = cards.street;
+  }
+  std::vector<std::string> messages;
+  const MessageSink collect = [&messages](std::string_view text) { messages.emplace_back(text); };
+  const ResultsBuild built = BuildResultsTree(cooked.categories, resultsOptions, resultsCards, collect);
+  if (!messages.empty()) {
+    for (const std::string& message : messages) err << message << "\n";
     return kExitBadInput;
   }
 
-  if (args.has("--json")) {
-    WriteJson(model, top, out);
+  if (json) {
+    WriteJson(cooked, built, *input, out);
   } else {
-    WriteText(model, out);
+    WriteText(cards, built.tree, out);
   }
   return kExitOk;
 }
 
-const CommandRegistrar kRegisterCook{Command{
-    "cook",
-    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--no-simplify] [--simplify-further] "
-    "[--show-empty] [--win-lose-icons] [--category-icons] [--json]",
-    "sort every live holding of the range into its made-hand and draw categories on the board and print the "
-    "results as \"Copy Results to Clipboard\" gives them (CR LF line ends; --win-lose-icons adds \" [win]\", "
-    "\" [tie]\" or \" [lose]\" to a line); LIST is class names separated by commas (\"AA,KK,AKs,AK\", "
-    "\"AKo\" "
-    "also for offsuit), PCT the top percent of the preflop order as the range box takes it (10 gives 9.8), "
-    "TEXT may be \"\"",
-    10, RunCook}};
+const CommandRegistrar kRegisterCook{Command{"cook", kCookUsage, kCookSummary, 10, RunCook}};
 
 }  // namespace
 }  // namespace quillet::cli

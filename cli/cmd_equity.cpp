@@ -1,72 +1,89 @@
 // quillet-cli equity: the window's Calc Equity on a range given as class lists, with a fresh "Generic"
 // profile.
-#include <charconv>
-#include <cstdio>
 #include <ostream>
 #include <string>
 
-#include "app/model/form1_model.h"
-#include "app/model/window_services.h"
-#include "cli/args.h"
+#include "categorise/cook.h"
 #include "cli/commands.h"
 #include "cli/hand_board_range.h"
-#include "range/colour.h"
+#include "cli/options.h"
+#include "equity/calc_equity.h"
+#include "equity/equity_display.h"
+#include "equity/tally_text.h"
 
 namespace quillet::cli {
 namespace {
 
-// The shortest text that reads back as the same double ("57.25", "-1", "50").
-std::string JsonNumber(double value) {
-  char buffer[32];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-  return std::string(buffer, result.ptr);
-}
-
-std::string HexColour(Colour colour) {
-  char buffer[8];
-  std::snprintf(buffer, sizeof buffer, "#%02X%02X%02X", RedOf(colour), GreenOf(colour), BlueOf(colour));
-  return buffer;
-}
+constexpr const char* kEquityUsage =
+    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--standard-rules] [--json]";
+constexpr const char* kEquitySummary =
+    "My Hand's equity against every live holding of the range: the preflop tables without a board, every "
+    "completion on the flop and the turn (the river shows 0.0%); LIST and PCT as for cook; --json gives the "
+    "unrounded values, the street (0-3) and My Equity's colour";
 
 int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--hand", "--board", "--range", "--top", "--seen"}, {"--json"});
-  RecordingServices services;
-  Form1Model model(services);
-  if (!SetUpHandBoardRange(args, "equity", model, err)) return kExitBadInput;
-  const bool top = args.has("--top");
+  CLI::App app(kEquitySummary, "quillet-cli equity");
+  SetUpCommandParser(app);
+  HandBoardRangeOptions options;
+  AddHandBoardRangeOptions(app, options);
+  bool json = false;
+  app.add_flag("--json", json, "the unrounded values, the street and My Equity's colour as JSON");
+  bool standardRules = false;
+  app.add_flag("--standard-rules", standardRules,
+               "the standard showdown rules (\"Standard Showdown Rules\"): best five of seven, ties split; "
+               "--json adds win, tie, lose, showdowns and rules");
 
-  model.cmdCalcEquity_Click();
+  int status = kExitOk;
+  const auto positional = ParseCommandWords(app, words, "equity", out, err, status);
+  if (!positional) return status;
+  const auto input = ReadHandBoardRange(app, options, *positional, "equity", err);
+  if (!input) return kExitBadInput;
 
-  // Blank read-outs mean the command stopped before calculating: refused input (its messages say why)
-  // or no My Hand, which the window passes over in silence.
-  if (model.lblMyEquity.caption.empty()) {
-    for (const auto& message : services.messages) err << message.text << "\n";
-    if (services.messages.empty()) err << "equity: My Hand is empty: there is nothing to calculate\n";
+  EquityRequest request;
+  request.cards = CheckCardInputs(input->handText, input->boardText, CardsFor::Equity);
+  request.range = CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer);
+  request.rules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  const EquityOutcome outcome = CalcEquity(request);
+
+  // Nothing calculated: refused input (its messages say why) or no My Hand, which the window passes over
+  // in silence.
+  if (outcome.status == EquityStatus::NoHand) {
+    err << "equity: My Hand is empty: there is nothing to calculate\n";
     return kExitBadInput;
   }
+  for (const std::string& message : outcome.messages) err << message << "\n";
+  if (outcome.status == EquityStatus::Refused) return kExitBadInput;
   // A preflop matchup missing from the tables is reported per holding; the result of the rest stands.
-  for (const auto& message : services.messages) err << message.text << "\n";
-  const int status = services.messages.empty() ? kExitOk : kExitFailure;
+  status = outcome.messages.empty() ? kExitOk : kExitFailure;
 
-  if (args.has("--json")) {
-    out << "{\"my\":" << JsonNumber(model.myEquity) << ",\"opp\":" << JsonNumber(model.oppEquity)
-        << ",\"street\":" << model.equityStreet << ",\"colour\":\"" << HexColour(model.lblMyEquity.backColour)
-        << "\"";
-    if (top) out << ",\"rangeText\":" << JsonString(model.txtRange.text);
-    out << "}\n";
+  const double my = outcome.values.my;
+  const double opp = outcome.values.opp;
+  if (json) {
+    Json result{{"my", JsonNumber(my)},
+                {"opp", JsonNumber(opp)},
+                {"street", outcome.street},
+                {"colour", HexColour(EquityColour(EquityToInteger(my)))}};
+    if (input->top) result["rangeText"] = input->profile.rangeText;
+    // Only asked for: without --standard-rules the output stays as it always was.
+    if (standardRules) {
+      if (const auto& tally = outcome.tally) {
+        result["win"] = JsonNumber(tally->WinPercent());
+        result["tie"] = JsonNumber(tally->TiePercent());
+        result["lose"] = JsonNumber(tally->LossPercent());
+        result["showdowns"] = tally->Showdowns();
+      }
+      result["rules"] = std::string(ShowdownRulesName(request.rules));
+    }
+    out << JsonText(result) << "\n";
   } else {
-    out << "My Equity: " << model.lblMyEquity.caption << "\n"
-        << "Opp Equity: " << model.lbloppEquity.caption << "\n";
+    out << "My Equity: " << FormatEquityReadOut(my) << "\n"
+        << "Opp Equity: " << FormatEquityReadOut(opp) << "\n";
+    if (outcome.tally) out << ShowdownTallyText(*outcome.tally) << "\n";
   }
   return status;
 }
 
-const CommandRegistrar kRegisterEquity{Command{
-    "equity", "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--json]",
-    "My Hand's equity against every live holding of the range: the preflop tables without a board, every "
-    "completion on the flop and the turn (the river shows 0.0%); LIST and PCT as for cook; --json gives the "
-    "unrounded values, the street (0-3) and My Equity's colour",
-    20, RunEquity}};
+const CommandRegistrar kRegisterEquity{Command{"equity", kEquityUsage, kEquitySummary, 20, RunEquity}};
 
 }  // namespace
 }  // namespace quillet::cli

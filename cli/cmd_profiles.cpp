@@ -1,22 +1,52 @@
 // quillet-cli profiles: list, show and add player profiles in the profile file.
 #include <ostream>
-#include <system_error>
 
-#include "app/model/form1_model.h"
 #include "cards/hand_class.h"
-#include "cli/args.h"
 #include "cli/commands.h"
-#include "cli/range_list.h"
+#include "cli/options.h"
+#include "cli/range_option.h"
+#include "range/holding_set.h"
+#include "range/range_notation.h"
 #include "range/range_text.h"
 #include "storage/code_page.h"
 #include "storage/data_folder.h"
+#include "storage/file_io.h"
+#include "storage/file_lock.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
+#include "storage/terminal_text.h"
 
 namespace quillet::cli {
 namespace {
 
+// The command's words as read: the action and its name, and the options.
+struct Args {
+  const CLI::App& app;
+  std::vector<std::string> positionalWords;
+  std::string file;
+  std::string range;
+  std::string seen;
+  std::string rangeText;
+  bool notation = false;
+
+  bool has(const std::string& name) const { return Given(app, name); }
+  const std::vector<std::string>& positional() const { return positionalWords; }
+};
+
 constexpr std::size_t kLongestProfileName = 15;
+
+constexpr const char* kProfilesUsage =
+    "list [--file F] | show NAME [--file F] [--json] [--notation] | add NAME --range LIST [--seen LIST] "
+    "[--range-text TEXT] [--file F]";
+constexpr const char* kProfilesSummary =
+    "list, show or add player profiles (F: the profile file, by default the one the window uses; TEXT: the "
+    "range box's text, by default the share of the holdings as a grid click shows it, \"~0.8\")";
+
+// A name or a text from the file or the command line as the terminal is to print it (see
+// EscapeControlCharacters); JSON output escapes on its own.
+std::string Shown(const std::string& text) {
+  return EscapeControlCharacters(text);
+}
 
 std::filesystem::path DefaultProfileFile() {
   return ChooseDataFolder(WindowProgramFolder(RunningProgramFolder())) / kProfileFileName;
@@ -69,14 +99,17 @@ void PrintLayer(std::ostream& out, const char* title, const RangeLayer& layer) {
   }
 }
 
-std::string LayerJson(const RangeLayer& layer) {
-  std::string json = "[";
+Json LayerJson(const RangeLayer& layer) {
+  Json json = Json::array();
   for (const LayerEntry& e : ClassesHeld(layer)) {
-    if (json.size() > 1) json += ",";
-    json += "{\"class\":" + JsonString(e.handClass->caption) + ",\"count\":" + std::to_string(e.count) +
-            ",\"whole\":" + (e.whole ? "true" : "false") + "}";
+    json.push_back(Json{{"class", e.handClass->caption}, {"count", e.count}, {"whole", e.whole}});
   }
-  return json + "]";
+  return json;
+}
+
+// The layer's holdings as range notation ("QQ+, AK").
+std::string LayerNotation(const RangeLayer& layer) {
+  return PrintRangeNotation(HoldingsOfLayer(layer));
 }
 
 int List(const Args& args, std::ostream& out, std::ostream& err) {
@@ -85,10 +118,10 @@ int List(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   std::vector<PlayerProfile> profiles;
-  if (!LoadProfileList(args.valueOr("--file", DefaultProfileFile().string()), profiles, err))
+  if (!LoadProfileList(args.has("--file") ? args.file : DefaultProfileFile().string(), profiles, err))
     return kExitBadInput;
   for (const PlayerProfile& p : profiles) {
-    if (!p.isFree()) out << p.name << "\n";
+    if (!p.isFree()) out << Shown(p.name) << "\n";
   }
   return kExitOk;
 }
@@ -98,24 +131,36 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
     err << "quillet-cli profiles show: give exactly one profile name\n";
     return kExitBadInput;
   }
-  const std::string file = args.valueOr("--file", DefaultProfileFile().string());
+  const std::string file = args.has("--file") ? args.file : DefaultProfileFile().string();
   std::vector<PlayerProfile> profiles;
   if (!LoadProfileList(file, profiles, err)) return kExitBadInput;
   const std::string& name = args.positional()[1];
   const int index = FindProfileByName(profiles, name);
   if (index < 0) {
-    err << "quillet-cli profiles show: there is no profile named \"" << name << "\" in \"" << file << "\"\n";
+    err << "quillet-cli profiles show: there is no profile named \"" << Shown(name) << "\" in \"" << file
+        << "\"\n";
     return kExitBadInput;
   }
   const PlayerProfile& p = profiles[index];
   if (args.has("--json")) {
-    out << "{\"name\":" << JsonString(p.name) << ",\"rangeText\":" << JsonString(p.rangeText)
-        << ",\"on\":" << LayerJson(p.rangeLayer) << ",\"seen\":" << LayerJson(p.seenLayer) << "}\n";
+    Json json{{"name", p.name},
+              {"rangeText", p.rangeText},
+              {"on", LayerJson(p.rangeLayer)},
+              {"seen", LayerJson(p.seenLayer)}};
+    if (args.notation) {
+      json["onNotation"] = LayerNotation(p.rangeLayer);
+      json["seenNotation"] = LayerNotation(p.seenLayer);
+    }
+    out << JsonText(json) << "\n";
     return kExitOk;
   }
-  out << "Profile: " << p.name << "\nRange text: " << p.rangeText << "\n";
+  out << "Profile: " << Shown(p.name) << "\nRange text: " << Shown(p.rangeText) << "\n";
   PrintLayer(out, "On", p.rangeLayer);
   PrintLayer(out, "Seen", p.seenLayer);
+  if (args.notation) {
+    out << "On layer notation: " << LayerNotation(p.rangeLayer) << "\n";
+    out << "Seen layer notation: " << LayerNotation(p.seenLayer) << "\n";
+  }
   return kExitOk;
 }
 
@@ -133,72 +178,93 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   if (Utf8Length(name) > kLongestProfileName) {
-    err << "quillet-cli profiles add: \"" << name << "\" is longer than " << kLongestProfileName
+    err << "quillet-cli profiles add: \"" << Shown(name) << "\" is longer than " << kLongestProfileName
         << " characters\n";
     return kExitBadInput;
   }
   if (Cp1252ToUtf8(Utf8ToCp1252(name)) != name) {
-    err << "quillet-cli profiles add: \"" << name << "\" has characters the profile file cannot hold\n";
+    err << "quillet-cli profiles add: \"" << Shown(name)
+        << "\" has characters the profile file cannot hold\n";
     return kExitBadInput;
   }
-  const auto rangeText = args.value("--range");
-  if (!rangeText) {
+  if (!args.has("--range")) {
     err << "quillet-cli profiles add: --range LIST is needed (\"\" for an empty range)\n";
     return kExitBadInput;
   }
-  const RangeList onList = ParseRangeList(*rangeText);
-  const RangeList seenList = ParseRangeList(args.valueOr("--seen", ""));
-  for (const RangeList* list : {&onList, &seenList}) {
-    if (!list->error.empty()) {
-      err << "quillet-cli profiles add: " << list->error << "\n";
+  // Both layers are read before the file is touched: a refused text changes nothing.
+  PlayerProfile read;
+  InitProfile(read);
+  for (const auto& [text, layer] :
+       {std::pair{&args.range, &read.rangeLayer}, {&args.seen, &read.seenLayer}}) {
+    if (const std::string error = PutRangeOption(*text, *layer); !error.empty()) {
+      err << "quillet-cli profiles add: " << error << "\n";
       return kExitBadInput;
     }
   }
 
   const bool defaultFile = !args.has("--file");
-  const std::filesystem::path file =
-      defaultFile ? DefaultProfileFile() : std::filesystem::path(*args.value("--file"));
-  RecordingServices services;
-  Form1Model model(services);
-  if (!LoadProfileList(file, model.profiles, err)) return kExitBadInput;
-  if (FindProfileByName(model.profiles, name) >= 0) {
-    err << "quillet-cli profiles add: a profile named \"" << name << "\" already exists in \""
+  const std::filesystem::path file = defaultFile ? DefaultProfileFile() : std::filesystem::path(args.file);
+  if (defaultFile) {
+    if (auto failure = CreateFolderFor(file)) {
+      err << ProfileSaveFault(file, *failure, false) << "\n";
+      return kExitFailure;
+    }
+  }
+  // Read, change and write back under the folder's lock: another writer's profile is not lost.
+  const WriteLock lock(file);
+  if (lock.failure()) {
+    err << ProfileSaveFault(file, *lock.failure(), SomethingAt(file)) << "\n";
+    return kExitFailure;
+  }
+  std::vector<PlayerProfile> profiles;
+  if (!LoadProfileList(file, profiles, err)) return kExitBadInput;
+  if (FindProfileByName(profiles, name) >= 0) {
+    err << "quillet-cli profiles add: a profile named \"" << Shown(name) << "\" already exists in \""
         << file.string() << "\"\n";
     return kExitBadInput;
   }
-  const int index = model.AddProfile(name);
-  PlayerProfile& profile = model.profiles[index];
-  PutClassesWhole(profile.rangeLayer, onList.classes);
-  PutClassesWhole(profile.seenLayer, seenList.classes);
+  const int index = TakeProfileSlot(profiles, name);
+  PlayerProfile& profile = profiles[index];
+  profile.rangeLayer = read.rangeLayer;
+  profile.seenLayer = read.seenLayer;
   // Without --range-text the profile gets the text a click on the grid would leave ("~0.8"): an empty text
   // would make the window replace the range with AA when the profile is picked.
-  profile.rangeText = args.valueOr(
-      "--range-text", ComputedRangeText(UnionHoldingCount(profile.rangeLayer, profile.seenLayer)));
+  profile.rangeText = args.has("--range-text")
+                          ? args.rangeText
+                          : ComputedRangeText(UnionHoldingCount(profile.rangeLayer, profile.seenLayer));
 
-  if (defaultFile) {
-    std::error_code ec;
-    std::filesystem::create_directories(file.parent_path(), ec);
-  }
-  if (auto error = WriteProfileFile(file, model.profiles)) {
+  if (auto error = WriteProfileFile(file, profiles)) {
     err << error->message << "\n";
     return kExitFailure;
   }
-  out << "Added the profile \"" << name << "\" to \"" << file.string() << "\".\n";
+  out << "Added the profile \"" << Shown(name) << "\" to \"" << file.string() << "\".\n";
   return kExitOk;
 }
 
 int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--file", "--range", "--seen", "--range-text"}, {"--json"});
-  if (!args.error().empty()) {
-    err << "quillet-cli profiles: " << args.error() << "\n";
-    return kExitBadInput;
-  }
+  CLI::App app(kProfilesSummary, "quillet-cli profiles");
+  SetUpCommandParser(app);
+  Args args{app, {}, {}, {}, {}, {}, false};
+  app.add_option("--file", args.file, "the profile file (by default the one the window uses)");
+  app.add_option("--range", args.range,
+                 "add: the On layer's classes, separated by commas (\"\" for none), or range notation");
+  app.add_option("--seen", args.seen, "add: the Seen layer's classes");
+  app.add_option("--range-text", args.rangeText,
+                 "add: the range box's text (by default the share of the holdings, \"~0.8\")");
+  bool jsonFlag = false;
+  app.add_flag("--json", jsonFlag, "show: the profile as JSON");
+  app.add_flag("--notation", args.notation, "show: each layer's range as notation too (\"QQ+, AK\")");
+  int status = kExitOk;
+  const auto positional = ParseCommandWords(app, words, "quillet-cli profiles", out, err, status);
+  if (!positional) return status;
+  args.positionalWords = *positional;
   const std::string sub = args.positional().empty() ? "" : args.positional()[0];
   const auto refuse = [&](const char* option) {
     err << "quillet-cli profiles " << sub << ": " << option << " does not apply here\n";
     return kExitBadInput;
   };
   const bool addOptions = args.has("--range") || args.has("--seen") || args.has("--range-text");
+  if (sub != "show" && args.notation) return refuse("--notation");
   if (sub == "list") {
     if (addOptions || args.has("--json"))
       return refuse(args.has("--json") ? "--json" : "--range, --seen or --range-text");
@@ -216,16 +282,7 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
   return kExitBadInput;
 }
 
-const CommandRegistrar registrar({
-    "profiles",
-    "list [--file F] | show NAME [--file F] [--json] | add NAME --range LIST [--seen LIST] [--range-text "
-    "TEXT] "
-    "[--file F]",
-    "list, show or add player profiles (F: the profile file, by default the one the window uses; TEXT: the "
-    "range box's text, by default the share of the holdings as a grid click shows it, \"~0.8\")",
-    70,
-    RunProfiles,
-});
+const CommandRegistrar registrar({"profiles", kProfilesUsage, kProfilesSummary, 70, RunProfiles});
 
 }  // namespace
 }  // namespace quillet::cli

@@ -4,11 +4,12 @@
 #include <cstdio>
 #include <fstream>
 #include <iomanip>
+#include <optional>
 #include <ostream>
 #include <string>
 
-#include "cli/args.h"
 #include "cli/commands.h"
+#include "cli/options.h"
 #include "equity/embedded_tables.h"
 #include "equity/lookup_tables.h"
 #include "equity/preflop_class_file.h"
@@ -21,6 +22,13 @@ namespace {
 
 constexpr const char* kDefaultOut = "data/preflop_matchups.bin";
 constexpr const char* kDefaultClassesOut = "data/preflop_classes.bin";
+constexpr const char* kTablesSummary = "Generates the preflop tables, or describes the built-in ones";
+
+struct TablesArgs {
+  std::string out = kDefaultOut;
+  std::string classesOut = kDefaultClassesOut;
+  std::optional<std::string> threads;
+};
 
 bool WriteFile(const std::string& path, const std::vector<unsigned char>& bytes) {
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
@@ -29,11 +37,11 @@ bool WriteFile(const std::string& path, const std::vector<unsigned char>& bytes)
   return static_cast<bool>(file);
 }
 
-int Generate(const Args& args, std::ostream& out, std::ostream& err) {
-  const std::string path = args.valueOr("--out", kDefaultOut);
-  const std::string classesPath = args.valueOr("--classes-out", kDefaultClassesOut);
+int Generate(const TablesArgs& args, std::ostream& out, std::ostream& err) {
+  const std::string path = args.out;
+  const std::string classesPath = args.classesOut;
   int threads = 0;
-  if (const auto text = args.value("--threads")) {
+  if (const auto& text = args.threads) {
     std::size_t used = 0;
     try {
       threads = std::stoi(*text, &used);
@@ -111,16 +119,22 @@ int Info(std::ostream& out, std::ostream& err) {
 }
 
 int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
-  const Args args(words, {"--out", "--classes-out", "--threads"}, {});
-  if (!args.error().empty()) {
-    err << "quillet-cli tables: " << args.error() << "\n";
-    return kExitBadInput;
-  }
-  const auto& positional = args.positional();
+  CLI::App app(kTablesSummary, "quillet-cli tables");
+  SetUpCommandParser(app);
+  TablesArgs args;
+  app.add_option("--out", args.out,
+                 "generate: the key table to write (by default data/preflop_matchups.bin)");
+  app.add_option("--classes-out", args.classesOut,
+                 "generate: the class table to write (by default data/preflop_classes.bin)");
+  app.add_option("--threads", args.threads, "generate: how many threads enumerate (1 to 1024)");
+  int status = kExitOk;
+  const auto positionalWords = ParseCommandWords(app, words, "quillet-cli tables", out, err, status);
+  if (!positionalWords) return status;
+  const std::vector<std::string>& positional = *positionalWords;
   const std::string action = positional.empty() ? "" : positional[0];
   if (positional.size() == 1 && action == "generate") return Generate(args, out, err);
-  if (positional.size() == 1 && action == "info" && !args.has("--out") && !args.has("--classes-out") &&
-      !args.has("--threads")) {
+  if (positional.size() == 1 && action == "info" && !Given(app, "--out") && !Given(app, "--classes-out") &&
+      !Given(app, "--threads")) {
     return Info(out, err);
   }
   err << "quillet-cli tables: say \"generate [--out FILE] [--classes-out FILE] [--threads N]\" or \"info\"\n";
@@ -128,8 +142,7 @@ int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ost
 }
 
 const CommandRegistrar registrar({"tables", "generate [--out FILE] [--classes-out FILE] [--threads N] | info",
-                                  "Generates the preflop tables, or describes the built-in ones", 90,
-                                  RunTables});
+                                  kTablesSummary, 90, RunTables});
 
 }  // namespace
 }  // namespace quillet::cli

@@ -19,18 +19,22 @@ void PrintHelp(std::ostream& out) {
       << "       quillet-cli --help | --version\n";
   const auto commands = Commands();
   if (!commands.empty()) out << "\nCommands:\n";
-  for (const Command& c : commands) out << "  " << c.name << " " << c.usage << "\n      " << c.summary << "\n";
+  for (const Command& c : commands)
+    out << "  " << c.name << " " << c.usage << "\n      " << c.summary << "\n";
   out << "\nCards are written rank then suit, run together: My Hand \"AhKd\", board \"Tc8h3s\".\n"
       << "Exit status: 0 success, 2 input refused (the reason is on stderr), 1 other failure.\n";
 }
 
 }  // namespace
 
-CommandRegistrar::CommandRegistrar(const Command& command) { Registry().push_back(command); }
+CommandRegistrar::CommandRegistrar(const Command& command) {
+  Registry().push_back(command);
+}
 
 std::vector<Command> Commands() {
   std::vector<Command> commands = Registry();
-  std::stable_sort(commands.begin(), commands.end(), [](const Command& a, const Command& b) { return a.order < b.order; });
+  std::stable_sort(commands.begin(), commands.end(),
+                   [](const Command& a, const Command& b) { return a.order < b.order; });
   return commands;
 }
 

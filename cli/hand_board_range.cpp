@@ -1,69 +1,64 @@
 #include "cli/hand_board_range.h"
 
-#include "app/model/form1_model.h"
-#include "cli/args.h"
-#include "cli/range_list.h"
-#include "range/player_profile.h"
+#include "cli/range_option.h"
+#include "range/top_of_order.h"
 
 namespace quillet::cli {
 
-bool SetUpHandBoardRange(const Args& args, const std::string& command, Form1Model& model, std::ostream& err) {
-  if (!args.error().empty()) {
-    err << command << ": " << args.error() << "\n";
-    return false;
-  }
-  if (!args.positional().empty()) {
-    err << command << ": unexpected argument \"" << args.positional().front() << "\"\n";
-    return false;
-  }
-  for (const char* required : {"--hand", "--board"}) {
-    if (!args.has(required)) {
-      err << command << ": missing " << required << " (an empty value is written \"\")\n";
-      return false;
-    }
-  }
-  const bool top = args.has("--top");
-  if (top == args.has("--range")) {
-    err << command << ": "
-        << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
-    return false;
-  }
-  const RangeList onList = ParseRangeList(args.valueOr("--range", ""));
-  if (!onList.ok()) {
-    err << command << ": --range: " << onList.error << "\n";
-    return false;
-  }
-  const RangeList seenList = ParseRangeList(args.valueOr("--seen", ""));
-  if (!seenList.ok()) {
-    err << command << ": --seen: " << seenList.error << "\n";
-    return false;
-  }
-
-  PlayerProfile& profile = model.profiles.emplace_back();
-  InitProfile(profile);
-  profile.name = "Generic";
-  model.currentProfileIndex = static_cast<int>(model.profiles.size()) - 1;
-  PutClassesWhole(profile.rangeLayer, onList.classes);
-  PutClassesWhole(profile.seenLayer, seenList.classes);
-  if (top) {
-    const std::string error = TypeTopPercent(model, *args.value("--top"));
-    if (!error.empty()) {
-      err << command << ": " << error << "\n";
-      return false;
-    }
-  }
-  model.txtMyHand.text = *args.value("--hand");
-  model.txtBoard.text = *args.value("--board");
-  return true;
+void AddHandBoardRangeOptions(CLI::App& app, HandBoardRangeOptions& options) {
+  app.add_option("--hand", options.hand, "My Hand, two cards (\"AhKd\"; \"\" for none)");
+  app.add_option("--board", options.board,
+                 "the board: none, three, four or five cards (\"Tc8h3s\"; \"\" for none)");
+  app.add_option("--range", options.range,
+                 "the range: class names separated by commas (\"AA,KK,AKs,AK\", \"AKo\")");
+  app.add_option("--top", options.top, "the range as the top percent of the preflop order (10 gives 9.8)");
+  app.add_option("--seen", options.seen, "classes of the Seen layer, written as for --range");
 }
 
-std::string TypeTopPercent(Form1Model& model, const std::string& percent) {
-  model.SetRangeText(percent);
-  model.txtRange_KeyUp(kKeyEnter, 0);
-  if (model.txtRange.foreColour == kRejectedTextColour) {
-    return "--top: \"" + percent + "\" is not a percentage (digits with at most one \".\", \"-\" only first)";
+std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const HandBoardRangeOptions& options,
+                                                 const std::vector<std::string>& positional,
+                                                 const std::string& command, std::ostream& err) {
+  if (!positional.empty()) {
+    err << command << ": unexpected argument \"" << positional.front() << "\"\n";
+    return std::nullopt;
   }
-  return {};
+  for (const char* required : {"--hand", "--board"}) {
+    if (!Given(app, required)) {
+      err << command << ": missing " << required << " (an empty value is written \"\")\n";
+      return std::nullopt;
+    }
+  }
+  const bool top = Given(app, "--top");
+  if (top == Given(app, "--range")) {
+    err << command << ": "
+        << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
+    return std::nullopt;
+  }
+  HandBoardRange read;
+  InitProfile(read.profile);
+  read.profile.name = "Generic";
+  if (const std::string error = PutRangeOption(options.range, read.profile.rangeLayer); !error.empty()) {
+    err << command << ": --range: " << error << "\n";
+    return std::nullopt;
+  }
+  if (const std::string error = PutRangeOption(options.seen, read.profile.seenLayer); !error.empty()) {
+    err << command << ": --seen: " << error << "\n";
+    return std::nullopt;
+  }
+  read.top = top;
+  if (top) {
+    const auto step = TopOfOrderStep(options.top);
+    if (!step) {
+      err << command << ": --top: \"" << options.top
+          << "\" is not a percentage (digits with at most one \".\", \"-\" only first)\n";
+      return std::nullopt;
+    }
+    read.profile.rangeText = TopOfOrderText(step->entry);
+    if (step->apply) ApplyTopOfOrder(read.profile.rangeLayer, step->entry);
+  }
+  read.handText = options.hand;
+  read.boardText = options.board;
+  return read;
 }
 
 }  // namespace quillet::cli

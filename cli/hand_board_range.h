@@ -2,26 +2,44 @@
 // ""), the range as --range LIST or --top PCT (one of the two), and --seen LIST.
 #pragma once
 
+#include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
-namespace quillet {
-class Form1Model;
-}
+#include "cli/options.h"
+#include "range/player_profile.h"
 
 namespace quillet::cli {
 
-class Args;
+// The option values as read.
+struct HandBoardRangeOptions {
+  std::string hand;
+  std::string board;
+  std::string range;
+  std::string top;
+  std::string seen;
+};
 
-// Checks the shared options and sets `model` up as the window would stand before the command: one fresh
-// "Generic" profile, current, holding the listed classes whole in its On and Seen layers (or, with --top,
-// the range the range box gives for PCT), and the two card texts typed. On a refused option it writes
-// "<command>: <why>" to `err` and returns false.
-bool SetUpHandBoardRange(const Args& args, const std::string& command, Form1Model& model, std::ostream& err);
+// Adds the five options to a command's parser.
+void AddHandBoardRangeOptions(CLI::App& app, HandBoardRangeOptions& options);
 
-// --top: types `percent` into the range box and presses Enter, on the model's current profile (snapped to a
-// step of the preflop order; at or above the last step the grid keeps what it had). Returns an error message
-// when the box refuses the text (it would turn red and change nothing), empty otherwise.
-std::string TypeTopPercent(Form1Model& model, const std::string& percent);
+// The two card texts and the range, as the window would stand before the command: one fresh "Generic"
+// profile holding the listed classes whole in its On and Seen layers, or with --top the range the range box
+// gives for PCT (snapped to a step of the preflop order; at or above the last step the On layer stays
+// empty). Its range text is the box's text after --top.
+struct HandBoardRange {
+  std::string handText;
+  std::string boardText;
+  PlayerProfile profile;
+  bool top = false;
+};
+
+// Checks the shared options (in this order: stray words, --hand and --board present, one of --range and
+// --top, the two class lists, the percentage) and builds the range. On a refusal it writes
+// "<command>: <why>" to `err` and returns nullopt.
+std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const HandBoardRangeOptions& options,
+                                                 const std::vector<std::string>& positional,
+                                                 const std::string& command, std::ostream& err);
 
 }  // namespace quillet::cli

@@ -30,7 +30,7 @@ constexpr uint64_t DeckBit(Card card) {
   return uint64_t{1} << DeckIndex(card);
 }
 
-// A holding that can make a flush with three or four board cards of one suit, read one by one.
+// A holding that can make a flush with three or more board cards of one suit, read one by one.
 struct FlushCandidate {
   uint64_t cards = 0;
   uint16_t rankPair = 0;   // canonical index
@@ -367,13 +367,23 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   return tally;
 }
 
+std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHand,
+                                                          std::span<const HandCombo> combos) {
+  // The exact preflop table of matchup classes; without it (it failed to load) there is no tally.
+  if (!ProgramPreflopClassTable().ok()) return std::nullopt;
+  return StandardPreflopTally(myHand, combos);
+}
+
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
                                                  int32_t street, std::span<const HandCombo> combos) {
-  if (street == kNoBoard) {
-    if (!ProgramPreflopClassTable().ok()) return std::nullopt;
-    return StandardPreflopTally(myHand, combos);
-  }
+  if (street == kNoBoard) return PreflopTallyForStandardRules(myHand, combos);
   return StandardShowdownTally(myHand, board, street, combos);
+}
+
+EquityResult EquityFromTally(const ShowdownTally& tally) {
+  if (tally.Showdowns() == 0) return {};
+  const double my = tally.EquityPercent();
+  return {my, 100.0 - my};
 }
 
 ShowdownResult CompareStandardShowdown(const HandCards& myHand, const HandCombo& opponent,

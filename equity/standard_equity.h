@@ -21,6 +21,7 @@
 #include <span>
 
 #include "cards/card.h"
+#include "equity/equity_result.h"
 #include "equity/showdown.h"
 #include "equity/showdown_rules.h"
 
@@ -32,11 +33,20 @@ namespace quillet {
 ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
                                     std::span<const HandCombo> combos);
 
-// The tally on any street: without a board StandardPreflopTally (preflop_classes.h), read from the exact
-// preflop table of matchup classes, and no value while the program has no such table (callers then fall
-// back to the preflop path of the program's own rules); StandardShowdownTally with a board.
+// Every showdown preflop (every five-card board), read from the exact preflop table of matchup classes.
+// No value while the program has no such table (or it failed to load): callers then fall back to the
+// preflop path of the program's own rules. This is the one place the standard preflop tally is taken from;
+// it is where the exact class table's own reader is to be called.
+std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHand,
+                                                          std::span<const HandCombo> combos);
+
+// The tally on any street: PreflopTallyForStandardRules without a board, StandardShowdownTally with one.
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
                                                  int32_t street, std::span<const HandCombo> combos);
+
+// The read-outs of a tally: My Equity with ties split half, Opp Equity the rest of 100; -1 and -1 when
+// nothing was counted (as for an empty range under the program's own rules).
+EquityResult EquityFromTally(const ShowdownTally& tally);
 
 // My Hand against one holding on the board cards known on `street` (three to five; both flags false is a
 // tie), under the standard rules. Used for the win/tie/lose icons. No board, or cards given twice, give

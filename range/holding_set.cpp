@@ -44,8 +44,11 @@ HoldingCards CardsOfHolding(int number) {
 }
 
 HoldingSet HoldingSet::All() {
-  HoldingSet all;
-  for (int i = 0; i < kHoldingCount; ++i) all.insert(i);
+  static const HoldingSet all = [] {
+    HoldingSet set;
+    for (int i = 0; i < kHoldingCount; ++i) set.insert(i);
+    return set;
+  }();
   return all;
 }
 

@@ -6,6 +6,7 @@
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
 #include "range/range_text.h"
+#include "range/top_of_order.h"
 
 namespace quillet {
 namespace {
@@ -149,24 +150,28 @@ std::string Quoted(const Token& token) {
   return "'" + token.text + "' at column " + std::to_string(token.column);
 }
 
-RangeNotationError MakeError(const Token& token, const std::string& message) {
-  return {token.text, token.column, message};
+RangeNotationError MakeError(RangeNotationError::Kind kind, const Token& token, const std::string& message) {
+  return {kind, token.text, token.column, message};
 }
 
 RangeNotationError Unknown(const Token& token) {
-  return MakeError(token, "unknown token " + Quoted(token));
+  return MakeError(RangeNotationError::Kind::UnknownToken, token, "unknown token " + Quoted(token));
 }
 
-// "15%": the preflop order's step that the range box would snap the value to, and every step before it.
+// "15%": the step of the preflop order the range box snaps the value to, and every step before it.
 std::optional<RangeNotationError> AddPercent(HoldingSet& set, const Token& token) {
   const std::string_view number = std::string_view(token.text).substr(0, token.text.size() - 1);
   const bool hasDigit =
       std::any_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
-  if (!hasDigit || number.front() == '-' || !IsNumberText(number, false, false, 1, 99)) return Unknown(token);
-  const int64_t value = NumberTextToTenThousandths(number);
-  if (value > 100 * 10'000) return MakeError(token, "percentage " + Quoted(token) + " is above 100");
-  const PreflopStep step = NearestPreflopStep(value, PreflopOrder());
-  for (const HandCombo& h : PreflopRangeLists()[step.entry]) set.insert(h.card1(), h.card2());
+  if (!hasDigit || number.front() == '-') return Unknown(token);
+  const auto step = TopOfOrderStep(number);
+  if (!step) return Unknown(token);
+  if (NumberTextToTenThousandths(number) > 100 * 10'000) {
+    return MakeError(RangeNotationError::Kind::PercentAbove100, token,
+                     "percentage " + Quoted(token) + " is above 100");
+  }
+  // At or above the last step the box leaves the grid alone; as notation that value means every class.
+  for (const HandCombo& h : PreflopRangeLists()[step->entry]) set.insert(h.card1(), h.card2());
   return {};
 }
 
@@ -175,7 +180,8 @@ std::optional<RangeNotationError> AddRange(HoldingSet& set, const Token& token, 
   if (a.kind == Term::Kind::Holding || b.kind == Term::Kind::Holding || a.plus || b.plus)
     return Unknown(token);
   if (a.kind != b.kind) {
-    return MakeError(token, "range " + Quoted(token) + " has ends of different kinds");
+    return MakeError(RangeNotationError::Kind::RangeEnds, token,
+                     "range " + Quoted(token) + " has ends of different kinds");
   }
   if (a.kind == Term::Kind::Pair) {
     for (int32_t r = std::min(a.high, b.high); r <= std::max(a.high, b.high); ++r) {
@@ -196,14 +202,16 @@ std::optional<RangeNotationError> AddRange(HoldingSet& set, const Token& token, 
     }
     return {};
   }
-  return MakeError(token, "range " + Quoted(token) +
-                              " needs ends with the same first rank or the same gap between the ranks");
+  return MakeError(
+      RangeNotationError::Kind::RangeEnds, token,
+      "range " + Quoted(token) + " needs ends with the same first rank or the same gap between the ranks");
 }
 
 std::optional<RangeNotationError> AddToken(HoldingSet& set, const Token& token) {
   const std::string& text = token.text;
   if (text.find_first_of(":[]") != std::string::npos) {
-    return MakeError(token, "weights are not supported yet: " + Quoted(token));
+    return MakeError(RangeNotationError::Kind::Weights, token,
+                     "weights are not supported yet: " + Quoted(token));
   }
   const std::string lowered = Lowered(text);
   if (lowered == "random" || lowered == "any" || lowered == "all") {
@@ -216,7 +224,8 @@ std::optional<RangeNotationError> AddToken(HoldingSet& set, const Token& token) 
     const auto term = ReadTerm(text);
     if (!term) return Unknown(token);
     if (term->kind == Term::Kind::Holding && !IsHolding(term->card1, term->card2)) {
-      return MakeError(token, "holding " + Quoted(token) + " has the same card twice");
+      return MakeError(RangeNotationError::Kind::SameCardTwice, token,
+                       "holding " + Quoted(token) + " has the same card twice");
     }
     AddTerm(set, *term);
     return {};

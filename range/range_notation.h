@@ -32,6 +32,14 @@
 namespace quillet {
 
 struct RangeNotationError {
+  enum class Kind {
+    UnknownToken,    // not a token of the notation
+    Weights,         // "AKs:0.5", "[50]": not supported yet
+    RangeEnds,       // the two ends of a range do not fit together
+    SameCardTwice,   // "AhAh"
+    PercentAbove100  // "150%"
+  };
+  Kind kind = Kind::UnknownToken;
   std::string token;    // the token as written (blanks around a range's "-" left out)
   int column = 0;       // where the token starts, in characters counted from 1
   std::string message;  // the whole message, e.g. "unknown token 'AKx' at column 12"

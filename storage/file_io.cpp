@@ -1,10 +1,12 @@
 #include "storage/file_io.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <chrono>
 #include <cstring>
 
@@ -51,12 +53,50 @@ bool WriteAll(int fd, std::string_view bytes, int& error) {
   return true;
 }
 
-// The file a path finally stands for: a symbolic link is followed, so that replacing the file keeps the link.
-fs::path ResolveLinks(const fs::path& path) {
-  std::error_code ec;
-  if (!fs::is_symlink(fs::symlink_status(path, ec))) return path;
-  fs::path target = fs::weakly_canonical(path, ec);
-  return ec ? path : target;
+// Reads up to `n` bytes at the descriptor's offset; fewer only at the file's end.
+bool ReadUpTo(int fd, char* data, std::size_t n, std::size_t& got, int& error) {
+  got = 0;
+  while (got < n) {
+    const ssize_t r = ::read(fd, data + got, n - got);
+    if (r < 0) {
+      if (errno == EINTR) continue;
+      error = errno;
+      return false;
+    }
+    if (r == 0) break;
+    got += static_cast<std::size_t>(r);
+  }
+  return true;
+}
+
+// The temporary files of a target are named ".NAME.PID.N.TICK.tmp"; the process id of such a name, or 0.
+pid_t TemporaryFileOwner(std::string_view name, std::string_view targetName) {
+  constexpr std::string_view kSuffix = ".tmp";
+  if (name.size() <= 1 + targetName.size() + 1 + kSuffix.size() || name[0] != '.' ||
+      name.substr(1, targetName.size()) != targetName || name[1 + targetName.size()] != '.' ||
+      name.substr(name.size() - kSuffix.size()) != kSuffix) {
+    return 0;
+  }
+  std::string_view numbers = name.substr(2 + targetName.size());
+  numbers.remove_suffix(kSuffix.size());
+  unsigned long long parts[3] = {};
+  const char* p = numbers.data();
+  const char* end = numbers.data() + numbers.size();
+  for (int k = 0; k < 3; ++k) {
+    if (k > 0) {
+      if (p == end || *p != '.') return 0;
+      ++p;
+    }
+    const auto [next, ec] = std::from_chars(p, end, parts[k]);
+    if (ec != std::errc() || next == p) return 0;
+    p = next;
+  }
+  if (p != end || parts[0] == 0 || parts[0] > 0x7FFFFFFF) return 0;
+  return static_cast<pid_t>(parts[0]);
+}
+
+bool ProcessIsGone(pid_t pid) {
+  return ::kill(pid, 0) != 0 && errno == ESRCH;
 }
 
 // Opens a new, uniquely named temporary file beside `target`.
@@ -97,6 +137,11 @@ void SyncFolder(const fs::path& file) {
 }  // namespace
 
 FileRead ReadWholeFile(const fs::path& path, std::size_t maxBytes) {
+  return ReadWholeFile(path, maxBytes, 0, nullptr);
+}
+
+FileRead ReadWholeFile(const fs::path& path, std::size_t maxBytes, std::size_t headBytes,
+                       const HeadCheck& readOn) {
   FileRead result;
   Descriptor fd(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (fd.get() < 0) {
@@ -124,8 +169,22 @@ FileRead ReadWholeFile(const fs::path& path, std::size_t maxBytes) {
                     std::to_string(maxBytes) + " bytes such a file can hold";
     return result;
   }
-  std::string bytes(static_cast<std::size_t>(st.st_size), '\0');
+  result.size = static_cast<std::uint64_t>(st.st_size);
+  // The head first, then, when it is judged worth it, the rest into the same buffer.
+  std::string bytes(std::min<std::size_t>(headBytes, static_cast<std::size_t>(st.st_size)), '\0');
   std::size_t done = 0;
+  int error = 0;
+  if (!ReadUpTo(fd.get(), bytes.data(), bytes.size(), done, error)) {
+    result.reason = ErrnoText(error);
+    return result;
+  }
+  bytes.resize(done);
+  if (readOn && !readOn(bytes, result.size)) {
+    result.status = FileRead::Status::Stopped;
+    result.bytes = std::move(bytes);
+    return result;
+  }
+  bytes.resize(std::max(bytes.size(), static_cast<std::size_t>(st.st_size)));
   for (;;) {
     if (done == bytes.size()) {
       if (bytes.size() > maxBytes) {
@@ -149,8 +208,15 @@ FileRead ReadWholeFile(const fs::path& path, std::size_t maxBytes) {
   return result;
 }
 
-std::optional<std::string> WriteFileAtomically(const fs::path& path, std::string_view bytes) {
-  const fs::path target = ResolveLinks(path);
+namespace {
+
+// Writes a new file in `target`'s place through a temporary file (see WriteFileAtomically). `fill` writes
+// the contents and returns the reason it failed. `mode`: the permissions the new file gets; none: the old
+// file's, with read and write for the owner.
+std::optional<std::string> ReplaceFile(const fs::path& path, std::optional<mode_t> mode,
+                                       const std::function<std::optional<std::string>(int fd)>& fill) {
+  const fs::path target = FinalTarget(path);
+  RemoveStaleTemporaryFiles(target);
   fs::path temporary;
   int error = 0;
   Descriptor fd(CreateTemporary(target, temporary, error));
@@ -161,8 +227,15 @@ std::optional<std::string> WriteFileAtomically(const fs::path& path, std::string
     return what + " (" + ErrnoText(error) + ")";
   };
   struct stat old {};
-  if (::stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode)) ::fchmod(fd.get(), old.st_mode & 07777);
-  if (!WriteAll(fd.get(), bytes, error)) return fail("writing failed");
+  if (mode) {
+    ::fchmod(fd.get(), *mode);
+  } else if (::stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode)) {
+    ::fchmod(fd.get(), (old.st_mode & 07777) | S_IRUSR | S_IWUSR);
+  }
+  if (auto failure = fill(fd.get())) {
+    ::unlink(temporary.c_str());
+    return failure;
+  }
   if (::fsync(fd.get()) != 0) {
     error = errno;
     return fail("flushing to the disk failed");
@@ -179,32 +252,198 @@ std::optional<std::string> WriteFileAtomically(const fs::path& path, std::string
   return std::nullopt;
 }
 
-SetAside KeepFileAside(const fs::path& path, const std::string* bytes) {
-  SetAside result;
+std::optional<std::string> WriteBytesTo(int fd, std::string_view bytes) {
+  int error = 0;
+  if (!WriteAll(fd, bytes, error)) return "writing failed (" + ErrnoText(error) + ")";
+  return std::nullopt;
+}
+
+constexpr std::size_t kCopyPiece = std::size_t{1} << 16;
+
+// Whether the regular file at `path` holds exactly the bytes `next` hands out, piece by piece; `next`
+// fills a buffer and says how much it put there (0 at the end), or -1 when it failed.
+bool FileHolds(const fs::path& path, std::uint64_t size,
+               const std::function<long long(char* buffer, std::size_t room)>& next) {
+  struct stat st {};
+  if (::lstat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode) ||
+      static_cast<std::uint64_t>(st.st_size) != size)
+    return false;
+  Descriptor fd(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (fd.get() < 0) return false;
+  std::string mine(kCopyPiece, '\0');
+  std::string theirs(kCopyPiece, '\0');
+  for (;;) {
+    const long long n = next(theirs.data(), theirs.size());
+    if (n < 0) return false;
+    std::size_t got = 0;
+    int error = 0;
+    if (!ReadUpTo(fd.get(), mine.data(), static_cast<std::size_t>(n == 0 ? 1 : n), got, error)) return false;
+    if (n == 0) return got == 0;
+    if (got != static_cast<std::size_t>(n) || std::memcmp(mine.data(), theirs.data(), got) != 0) return false;
+  }
+}
+
+struct AsideName {
+  fs::path path;  // where the copy goes, or where an identical one already is
+  bool existing = false;
+};
+
+// The first ".bad" name that is free, or the name of an earlier copy that `isSame` finds identical.
+std::optional<AsideName> ChooseAsideName(const fs::path& path,
+                                         const std::function<bool(const fs::path&)>& isSame) {
   std::error_code ec;
-  fs::path aside;
   for (int k = 1; k <= 99; ++k) {
     fs::path candidate = path;
     candidate += k == 1 ? std::string(".bad") : ".bad." + std::to_string(k);
-    if (!fs::exists(fs::symlink_status(candidate, ec))) {
-      aside = candidate;
-      break;
-    }
+    if (!fs::exists(fs::symlink_status(candidate, ec))) return AsideName{candidate, false};
+    if (isSame && isSame(candidate)) return AsideName{candidate, true};
   }
-  if (aside.empty()) {
-    result.reason = "all the names from \".bad\" to \".bad.99\" are taken";
+  return std::nullopt;
+}
+
+constexpr const char* kNoAsideName = "all the names from \".bad\" to \".bad.99\" are taken";
+
+std::optional<mode_t> ModeOf(const fs::path& path) {
+  struct stat st {};
+  if (::stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) return std::nullopt;
+  return st.st_mode & 07777;
+}
+
+}  // namespace
+
+fs::path FinalTarget(const fs::path& path) {
+  std::error_code ec;
+  if (!fs::is_symlink(fs::symlink_status(path, ec))) return path;
+  fs::path target = fs::weakly_canonical(path, ec);
+  return ec ? path : target;
+}
+
+bool SomethingAt(const fs::path& path) {
+  std::error_code ec;
+  return fs::exists(fs::symlink_status(path, ec));
+}
+
+std::optional<std::string> CreateFolderFor(const fs::path& file) {
+  if (!file.has_parent_path()) return std::nullopt;
+  const fs::path folder = file.parent_path();
+  std::error_code ec;
+  if (fs::is_directory(folder, ec)) return std::nullopt;
+  fs::create_directories(folder, ec);
+  if (!ec) return std::nullopt;
+  return "the folder \"" + folder.string() + "\" could not be created (" + ErrnoText(ec.value()) + ")";
+}
+
+int RemoveStaleTemporaryFiles(const fs::path& path) {
+  const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+  const std::string targetName = path.filename().string();
+  std::error_code ec;
+  fs::directory_iterator it(folder, ec);
+  if (ec) return 0;
+  int removed = 0;
+  for (const fs::directory_entry& entry : it) {
+    const std::string name = entry.path().filename().string();
+    const pid_t owner = TemporaryFileOwner(name, targetName);
+    if (owner == 0 || owner == ::getpid() || !ProcessIsGone(owner)) continue;
+    if (!entry.is_regular_file(ec)) continue;
+    if (::unlink(entry.path().c_str()) == 0) ++removed;
+  }
+  return removed;
+}
+
+std::optional<std::string> WriteFileAtomically(const fs::path& path, std::string_view bytes) {
+  return ReplaceFile(path, std::nullopt, [&](int fd) { return WriteBytesTo(fd, bytes); });
+}
+
+SetAside KeepFileAside(const fs::path& path, const std::string* bytes) {
+  SetAside result;
+  if (bytes == nullptr) {
+    const auto name = ChooseAsideName(path, nullptr);
+    if (!name) {
+      result.reason = kNoAsideName;
+      return result;
+    }
+    if (::rename(path.c_str(), name->path.c_str()) != 0) {
+      result.reason = ErrnoText(errno);
+      return result;
+    }
+    result.copy = name->path;
     return result;
   }
-  if (bytes != nullptr) {
-    if (auto failure = WriteFileAtomically(aside, *bytes)) {
+  const auto same = [&](const fs::path& candidate) {
+    std::size_t at = 0;
+    return FileHolds(candidate, bytes->size(), [&](char* buffer, std::size_t room) {
+      const std::size_t n = std::min(room, bytes->size() - at);
+      std::memcpy(buffer, bytes->data() + at, n);
+      at += n;
+      return static_cast<long long>(n);
+    });
+  };
+  const auto name = ChooseAsideName(path, same);
+  if (!name) {
+    result.reason = kNoAsideName;
+    return result;
+  }
+  if (!name->existing) {
+    const std::optional<mode_t> mode = ModeOf(path);
+    if (auto failure = ReplaceFile(name->path, mode, [&](int fd) { return WriteBytesTo(fd, *bytes); })) {
       result.reason = *failure;
       return result;
     }
-  } else if (::rename(path.c_str(), aside.c_str()) != 0) {
+  }
+  result.copy = name->path;
+  return result;
+}
+
+SetAside CopyFileAside(const fs::path& path) {
+  SetAside result;
+  Descriptor source(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat st {};
+  if (source.get() < 0 || ::fstat(source.get(), &st) != 0) {
     result.reason = ErrnoText(errno);
     return result;
   }
-  result.copy = aside;
+  if (!S_ISREG(st.st_mode)) {
+    result.reason = "it is not a regular file";
+    return result;
+  }
+  const auto size = static_cast<std::uint64_t>(st.st_size);
+  int error = 0;
+  // Reads the source from its start into `buffer`; 0 at its end, -1 when reading failed.
+  const auto pieceOfSource = [&](char* buffer, std::size_t room) -> long long {
+    std::size_t got = 0;
+    if (!ReadUpTo(source.get(), buffer, room, got, error)) return -1;
+    return static_cast<long long>(got);
+  };
+  const auto same = [&](const fs::path& candidate) {
+    if (::lseek(source.get(), 0, SEEK_SET) != 0) return false;
+    return FileHolds(candidate, size, pieceOfSource);
+  };
+  const auto name = ChooseAsideName(path, same);
+  if (!name) {
+    result.reason = kNoAsideName;
+    return result;
+  }
+  if (!name->existing) {
+    if (::lseek(source.get(), 0, SEEK_SET) != 0) {
+      result.reason = ErrnoText(errno);
+      return result;
+    }
+    const auto copy = [&](int fd) -> std::optional<std::string> {
+      std::string buffer(kCopyPiece, '\0');
+      for (;;) {
+        const long long n = pieceOfSource(buffer.data(), buffer.size());
+        if (n < 0) return "reading the file failed (" + ErrnoText(error) + ")";
+        if (n == 0) return std::nullopt;
+        if (auto failure = WriteBytesTo(fd, std::string_view(buffer.data(), static_cast<std::size_t>(n))))
+          return failure;
+      }
+    };
+    if (auto failure = ReplaceFile(name->path, static_cast<mode_t>(st.st_mode & 07777), copy)) {
+      result.reason = *failure;
+      return result;
+    }
+  }
+  result.copy = name->path;
   return result;
 }
 

@@ -67,6 +67,7 @@ PreferencesFileContents ReadPreferencesFile(const std::filesystem::path& path) {
                        ". The options start at their usual settings."};
       return result;
     case FileRead::Status::Read:
+    case FileRead::Status::Stopped:  // not asked for: the whole file is read
       break;
   }
   result.status = PreferencesFileContents::Status::Read;
@@ -74,12 +75,18 @@ PreferencesFileContents ReadPreferencesFile(const std::filesystem::path& path) {
   return result;
 }
 
+std::string PreferencesSaveFault(const std::filesystem::path& path, const std::string& why,
+                                 bool fileWasThere) {
+  return "The preferences could not be saved to \"" + path.string() + "\": " + why + ". " +
+         (fileWasThere ? "The file there was left as it was."
+                       : "There was no file there, and none was made.");
+}
+
 std::optional<StorageError> WritePreferencesFile(const std::filesystem::path& path,
                                                  const std::vector<PreferenceRecord>& records) {
-  if (auto failure = WriteFileAtomically(path, FormatPreferences(records))) {
-    return StorageError{"The preferences could not be saved to \"" + path.string() + "\": " + *failure +
-                        ". The file there was left as it was."};
-  }
+  const bool fileWasThere = SomethingAt(path);
+  if (auto failure = WriteFileAtomically(path, FormatPreferences(records)))
+    return StorageError{PreferencesSaveFault(path, *failure, fileWasThere)};
   return std::nullopt;
 }
 

@@ -49,6 +49,11 @@ struct PreferencesFileContents {
 
 PreferencesFileContents ReadPreferencesFile(const std::filesystem::path& path);
 
+// The one-line message for a save that failed: `The preferences could not be saved to "PATH": WHY.` and
+// what became of the file there (left as it was, or none was there).
+std::string PreferencesSaveFault(const std::filesystem::path& path, const std::string& why,
+                                 bool fileWasThere);
+
 // Writes the file safely (see WriteFileAtomically); on failure the old file is unchanged and the error
 // says so.
 std::optional<StorageError> WritePreferencesFile(const std::filesystem::path& path,

@@ -234,25 +234,58 @@ ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string&
 }
 
 ProfileFileContents ReadProfileFile(const std::filesystem::path& path) {
-  FileRead file = ReadWholeFile(path, kLargestProfileFileBytes);
-  if (file.status == FileRead::Status::Missing) return {};
-  if (file.status == FileRead::Status::Failed) {
-    ProfileFileContents result;
-    result.status = ProfileFileContents::Status::Faulty;
-    result.error = StorageError{ProfileFileFault(path.string(), file.reason)};
-    return result;
+  // The head (version and count) is judged before the rest is read: a file of another version, or one
+  // whose count its length cannot hold, is refused at the cost of eight bytes however long it is.
+  ProfileFileContents refused;
+  const auto readOn = [&](std::string_view head, std::uint64_t size) {
+    if (head.size() < 8) return true;  // too short for a count: the whole reading says what is wrong
+    refused.version = LoadI32(head.data());
+    if (refused.version != kProfileFileVersion) {
+      refused.status = ProfileFileContents::Status::OtherVersion;
+      return false;
+    }
+    const int32_t count = LoadI32(head.data() + 4);
+    const std::uint64_t room = (size - 8) / kSmallestProfileBlockBytes;
+    if (count >= 0 && static_cast<std::uint64_t>(count) <= room + 1) return true;
+    refused.status = ProfileFileContents::Status::Faulty;
+    refused.error = StorageError{ProfileFileFault(
+        path.string(), count < 0 ? "it says it holds " + std::to_string(count) + " profiles"
+                                 : "it says it holds " + std::to_string(count) + " profiles, but its " +
+                                       std::to_string(size) + " bytes have room for at most " +
+                                       std::to_string(room))};
+    return false;
+  };
+  FileRead file = ReadWholeFile(path, kLargestProfileFileBytes, 8, readOn);
+  switch (file.status) {
+    case FileRead::Status::Missing:
+      return {};
+    case FileRead::Status::Stopped:
+      return refused;
+    case FileRead::Status::Failed: {
+      ProfileFileContents result;
+      result.status = ProfileFileContents::Status::Faulty;
+      result.error = StorageError{ProfileFileFault(path.string(), file.reason)};
+      return result;
+    }
+    case FileRead::Status::Read:
+      break;
   }
   ProfileFileContents result = DecodeProfileFile(file.bytes, path.string());
   if (result.status == ProfileFileContents::Status::Faulty) result.bytes = std::move(file.bytes);
   return result;
 }
 
+std::string ProfileSaveFault(const std::filesystem::path& path, const std::string& why, bool fileWasThere) {
+  return "The player profiles could not be saved to \"" + path.string() + "\": " + why + ". " +
+         (fileWasThere ? "The file there was left as it was."
+                       : "There was no file there, and none was made.");
+}
+
 std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
                                              const std::vector<PlayerProfile>& profiles) {
-  if (auto failure = WriteFileAtomically(path, EncodeProfileFile(profiles))) {
-    return StorageError{"The player profiles could not be saved to \"" + path.string() + "\": " + *failure +
-                        ". The file there was left as it was."};
-  }
+  const bool fileWasThere = SomethingAt(path);
+  if (auto failure = WriteFileAtomically(path, EncodeProfileFile(profiles)))
+    return StorageError{ProfileSaveFault(path, *failure, fileWasThere)};
   return std::nullopt;
 }
 

@@ -58,13 +58,19 @@ struct ProfileFileContents {
 // `bytes`, and allocates no more than the bytes can actually hold, whatever the counts in them say.
 ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string& fileLabel);
 
-// Reads the file at `path`.
+// Reads the file at `path`. The version and the count are checked against the file's length before the
+// rest is read, so a file of another version or with a count its length cannot hold costs only its head
+// (`bytes` is then empty, and no profile is read).
 ProfileFileContents ReadProfileFile(const std::filesystem::path& path);
 
 // Writes the file safely (see WriteFileAtomically); on failure the old file is unchanged and the error
 // says so.
 std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
                                              const std::vector<PlayerProfile>& profiles);
+
+// The one-line message for a save that failed: `The player profiles could not be saved to "PATH": WHY.`
+// and what became of the file there (left as it was, or none was there).
+std::string ProfileSaveFault(const std::filesystem::path& path, const std::string& why, bool fileWasThere);
 
 // The one-line message for a file that cannot be read: `The player profile file "PATH" cannot be read: WHY.`
 std::string ProfileFileFault(const std::string& fileLabel, const std::string& why);

@@ -19,4 +19,17 @@ int FirstNamedProfile(const std::vector<PlayerProfile>& profiles);
 // named `name` and returns its index.
 int TakeProfileSlot(std::vector<PlayerProfile>& profiles, const std::string& name);
 
+// The profiles to write back when another program may have changed the file since it was read: `loaded`
+// is the list as read then, `mine` the list now, `onDisk` the file's list now. Profiles are matched by name.
+// - mine holds it: mine is kept, unless mine is unchanged since it was loaded and the file's copy changed
+//   (the other program's change is then kept);
+// - only the file holds it: it was added by the other program and is kept, unless it was loaded and then
+//   deleted here (the deletion stands);
+// - the other program deleted one that is unchanged here: it stays deleted.
+// Mine come first in their order, then the other program's new ones in the file's order. Free slots are
+// left out.
+std::vector<PlayerProfile> MergeProfileLists(const std::vector<PlayerProfile>& loaded,
+                                             const std::vector<PlayerProfile>& mine,
+                                             const std::vector<PlayerProfile>& onDisk);
+
 }  // namespace quillet

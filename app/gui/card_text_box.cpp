@@ -33,19 +33,39 @@ void CardTextBox::ShowState(const RichTextState& state) {
   const int caret = std::clamp(state.selStart, 0, static_cast<int>(state.text.size()));
   if (state.text == shownText_ && state.charColours == shownColours_) return;
   showing_ = true;
-  clear();
+  // One edit for the whole text, one insertion per run of a colour: the document lays its line out once
+  // at the end of the edit. Inserting character by character laid the growing line out again each time,
+  // which took minutes for a text of some thousand cards.
   QTextCursor cursor(document());
+  cursor.beginEditBlock();
+  cursor.select(QTextCursor::Document);
+  cursor.removeSelectedText();
   // The text is card text, plain ASCII in practice; a character of several bytes takes its first byte's
   // colour.
   const QString text = ToQString(state.text);
   std::size_t byte = 0;
-  for (const QChar ch : text) {
+  qsizetype runStart = 0;
+  Colour runColour = kWindowTextColour;
+  const auto flush = [&](qsizetype end) {
+    if (end == runStart) return;
     QTextCharFormat format;
+    if (runColour != kWindowTextColour) format.setForeground(ToQColor(runColour, palette()));
+    cursor.insertText(text.mid(runStart, end - runStart), format);
+    runStart = end;
+  };
+  for (qsizetype i = 0; i < text.size(); ++i) {
     const Colour colour = byte < state.charColours.size() ? state.charColours[byte] : kWindowTextColour;
-    if (colour != kWindowTextColour) format.setForeground(ToQColor(colour, palette()));
-    cursor.insertText(QString(ch), format);
-    byte += ch.isSurrogate() ? 2 : QString(ch).toUtf8().size();
+    if (colour != runColour) {
+      flush(i);
+      runColour = colour;
+    }
+    const char16_t unit = text[i].unicode();
+    // UTF-8 length of this UTF-16 unit: a surrogate pair's four bytes are counted as two and two.
+    byte += unit < 0x80 ? 1 : unit < 0x800 ? 2 : QChar::isSurrogate(unit) ? 2 : 3;
   }
+  flush(text.size());
+  cursor.endEditBlock();
+  document()->clearUndoRedoStacks();  // the model's text is no step the user can undo
   cursor.setPosition(std::min(caret, static_cast<int>(document()->characterCount() - 1)));
   setTextCursor(cursor);
   shownText_ = state.text;

@@ -30,6 +30,7 @@ CommandLabelWidget::CommandLabelWidget(CommandLabel id, QWidget* parent) : QLabe
   setAlignment(Qt::AlignCenter);
   setMouseTracking(true);
   setCursor(Qt::PointingHandCursor);
+  setToolTip(ToQString(CommandLabelToolTip(id)));
   // A button's look without a button's frame: dark blue text, the background only under the pointer.
   QPalette palette = this->palette();
   palette.setColor(QPalette::WindowText, QColor(0x1A, 0x3A, 0x7A));

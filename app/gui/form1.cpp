@@ -81,7 +81,9 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   Refresh();
 }
 
-Form1::~Form1() { services_.Attach(nullptr); }
+Form1::~Form1() {
+  services_.Attach(nullptr);
+}
 
 void Form1::BuildControls() {
   auto commandLabel = [this](CommandLabel id, const char* name, int x, int y, int w, int h) {
@@ -282,7 +284,10 @@ void Form1::ConnectEvents() {
   });
   connect(cmbPlayer_->lineEdit(), &QLineEdit::textEdited, this,
           [this](const QString& text) { model_.cmbPlayer.text = ToStdString(text); });
-  cmbPlayer_->lineEdit()->installEventFilter(this);
+  // The keys are watched on the combo box itself: it holds the keyboard focus (its line edit only stands
+  // behind it as a focus proxy) and hands each key on by calling the line edit's event() directly, a
+  // route that skips any filter on the line edit.
+  cmbPlayer_->installEventFilter(this);
 
   // The card boxes.
   connect(txtMyHand_, &CardTextBox::keyDown, this,
@@ -438,8 +443,10 @@ void Form1::Refresh() {
   lblMyEquity_->setText(ToQString(model_.lblMyEquity.caption));
   ShowLabelBackground(*lblMyEquity_, model_.lblMyEquity.opaque, model_.lblMyEquity.backColour);
   lbloppEquity_->setText(ToQString(model_.lbloppEquity.caption));
-  lblMyEquity_->setToolTip(ToQString(model_.lblMyEquity.toolTip));
-  lbloppEquity_->setToolTip(ToQString(model_.lbloppEquity.toolTip));
+  for (const auto& [label, mine] : {std::pair{lblMyEquity_, true}, std::pair{lbloppEquity_, false}}) {
+    const QString tip = ToQString(model_.EquityToolTip(mine));
+    if (label->toolTip() != tip) label->setToolTip(tip);
+  }
   lblCheckPossibleHands_->setText(ToDisplayText(model_.lblCheckPossibleHands));
 
   ShowTree();
@@ -488,6 +495,9 @@ void Form1::ShowTree() {
                                   : new QTreeWidgetItem(tree_);
       item->setText(0, ToQString(node.text));
       item->setData(0, Qt::UserRole, static_cast<int>(i));
+      if (const std::string tip = model_.TreeNodeToolTip(static_cast<int>(i)); !tip.empty()) {
+        item->setToolTip(0, ToWrappedToolTip(tip));
+      }
       if (node.foreColour) item->setForeground(0, ToQColor(*node.foreColour, palette));
       if (!node.image.empty()) item->setIcon(0, ResultIcon(node.image));
       items.push_back(item);
@@ -619,7 +629,7 @@ bool Form1::SliderKey(QKeyEvent* event, bool down) {
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
-  if (watched == cmbPlayer_->lineEdit()) {
+  if (watched == cmbPlayer_) {
     if (type == QEvent::KeyPress) {
       auto* key = static_cast<QKeyEvent*>(event);
       // Enter is the model's business (it saves a new name); the combo box must not act on it.

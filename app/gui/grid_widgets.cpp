@@ -1,7 +1,9 @@
 #include "app/gui/grid_widgets.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "app/gui/qt_convert.h"
 #include "cards/hand_class.h"
@@ -33,6 +35,17 @@ QColor SuitSymbolColour(int suit) {
   }
 }
 
+bool ShowAreaToolTip(QWidget* widget, QEvent* event, const std::string& text, const QRect& area) {
+  const auto* help = static_cast<QHelpEvent*>(event);
+  if (text.empty()) {
+    QToolTip::hideText();
+    event->ignore();
+  } else {
+    QToolTip::showText(help->globalPos(), ToQString(text), widget, area);
+  }
+  return true;
+}
+
 HandGridWidget::HandGridWidget(const Form1Model& model, QWidget* parent) : QWidget(parent), model_(model) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setCursor(Qt::PointingHandCursor);
@@ -54,6 +67,12 @@ int HandGridWidget::BlockAt(QPoint point) const {
   const int row = point.y() * kSide / height();
   if (row < 0 || row >= kSide || column < 0 || column >= kSide) return -1;
   return row * kSide + column;
+}
+
+bool HandGridWidget::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const int block = BlockAt(static_cast<QHelpEvent*>(event)->pos());
+  return ShowAreaToolTip(this, event, model_.BlockToolTip(block), BlockRect(block));
 }
 
 void HandGridWidget::paintEvent(QPaintEvent*) {
@@ -105,6 +124,12 @@ int SuitMatrixWidget::CellAt(QPoint point) const {
   if (row < 0 || row >= kMatrixSide || column < 0 || column >= kMatrixSide) return -1;
   const int cell = row * kMatrixSide + column;
   return model_.grid.matrixCellVisible[cell] ? cell : -1;
+}
+
+bool SuitMatrixWidget::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const int cell = CellAt(static_cast<QHelpEvent*>(event)->pos());
+  return ShowAreaToolTip(this, event, model_.SuitCellToolTip(cell), CellRect(cell));
 }
 
 void SuitMatrixWidget::paintEvent(QPaintEvent*) {

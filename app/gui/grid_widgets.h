@@ -24,6 +24,7 @@ class HandGridWidget : public QWidget {
   void blockMouseUp(int index, int button, int shift);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -47,6 +48,7 @@ class SuitMatrixWidget : public QWidget {
   void cellClicked(int index);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -55,6 +57,10 @@ class SuitMatrixWidget : public QWidget {
   const Form1Model& model_;
   int pressedCell_ = -1;
 };
+
+// Shows `text` as the tooltip of `area` of `widget` for a tooltip event, or hides any tooltip when the
+// text is empty. Always true: the event is taken.
+bool ShowAreaToolTip(QWidget* widget, QEvent* event, const std::string& text, const QRect& area);
 
 // The picture of a suit as text ("♣" ...) and its colour in card texts.
 QString SuitSymbol(int suit);

@@ -79,4 +79,11 @@ int KeyCode(const QKeyEvent& event) {
   }
 }
 
+QString ToWrappedToolTip(const std::string& text) {
+  if (text.empty()) return QString();
+  QString html = ToQString(text).toHtmlEscaped();
+  html.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
+  return QStringLiteral("<p>") + html + QStringLiteral("</p>");
+}
+
 }  // namespace quillet::gui

@@ -47,6 +47,10 @@ inline QString ToDisplayText(std::string_view text) {
   return out;
 }
 
+// A long tooltip as a paragraph that Qt wraps to a readable width (a plain-text tooltip is one line,
+// however long); line breaks in `text` stay.
+QString ToWrappedToolTip(const std::string& text);
+
 // The modifier mask the handlers take: 1 Shift, 2 Ctrl, 4 Alt.
 int ShiftMask(Qt::KeyboardModifiers modifiers);
 // The button number the handlers take: 1 left, 2 right, 4 middle; 0 for any other.

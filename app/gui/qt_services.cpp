@@ -1,5 +1,6 @@
 #include "app/gui/qt_services.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -25,6 +26,16 @@ QMessageBox::Icon ToQtIcon(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+// Ctrl+C copies a message box's text to the clipboard, as it does in a message box on Windows.
+void LetCtrlCCopy(QMessageBox& box) {
+  auto* copy = new QAction(&box);
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WindowShortcut);
+  QObject::connect(copy, &QAction::triggered, &box,
+                   [&box] { QGuiApplication::clipboard()->setText(box.text()); });
+  box.addAction(copy);
+}
+
 }  // namespace
 
 QWidget* QtWindowServices::DialogParent() const {
@@ -34,6 +45,7 @@ QWidget* QtWindowServices::DialogParent() const {
 void QtWindowServices::MsgBox(std::string_view text, MessageIcon icon) {
   QMessageBox box(ToQtIcon(icon), QString::fromLatin1(kBoxTitle), ToDisplayText(text), QMessageBox::Ok,
                   DialogParent());
+  LetCtrlCCopy(box);
   ModalScope scope(*this);
   box.exec();
 }
@@ -42,6 +54,7 @@ bool QtWindowServices::AskYesNo(std::string_view title, std::string_view text, M
   QMessageBox box(ToQtIcon(icon), ToQString(title), ToDisplayText(text), QMessageBox::Yes | QMessageBox::No,
                   DialogParent());
   box.setDefaultButton(QMessageBox::Yes);
+  LetCtrlCCopy(box);
   ModalScope scope(*this);
   return box.exec() == QMessageBox::Yes;
 }

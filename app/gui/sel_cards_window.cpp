@@ -4,7 +4,9 @@
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "app/gui/grid_widgets.h"
 #include "app/gui/qt_convert.h"
@@ -139,10 +141,22 @@ void SelCardsWindow::ShowState(const QWidget* anchor) {
   shownAnchor_ = picker_.anchor;
   if (reopened && anchor != nullptr) {
     // Just right of the box it fills: the box's right edge and 5 pixels, 24 pixels below its top.
-    move(anchor->mapToGlobal(QPoint(picker_.offsetX, picker_.offsetY)));
+    // The spot is where the frame starts, title bar and all.
+    frameSpot_ = anchor->mapToGlobal(QPoint(picker_.offsetX, picker_.offsetY));
+    placeTries_ = 0;
+    if (testAttribute(Qt::WA_WState_Created)) {
+      move(*frameSpot_);
+    } else {
+      // Never shown yet, the window has no frame, and a move places its inside: the inside goes where a
+      // frame like the owner's leaves it, so that the title bar does not cover the Board box.
+      const QWindow* owner = anchor->window()->windowHandle();
+      const QMargins frame = owner != nullptr ? owner->frameMargins() : QMargins();
+      move(*frameSpot_ + QPoint(frame.left(), frame.top()));
+    }
   }
   if (!isVisible()) show();
   if (reopened) raise();
+  if (frameSpot_) QTimer::singleShot(0, this, [this] { PlaceFrame(); });
 }
 
 void SelCardsWindow::paintEvent(QPaintEvent* event) {
@@ -151,6 +165,22 @@ void SelCardsWindow::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setPen(QColor(120, 120, 120));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void SelCardsWindow::PlaceFrame() {
+  // The frame was only guessed: once the window manager has framed the window (in its own time; the
+  // window looks every 50 ms, for two seconds at most), a frame of another size moves the window to the
+  // spot. The platform window is asked, as the widget's own record of its frame can be older.
+  QWindow* window = windowHandle();
+  if (!frameSpot_ || !isVisible() || window == nullptr) return;
+  const QMargins frame = window->frameMargins();
+  if (frame.isNull()) {
+    if (++placeTries_ < 40) QTimer::singleShot(50, this, [this] { PlaceFrame(); });
+    return;
+  }
+  const QPoint spot = *frameSpot_;
+  frameSpot_.reset();
+  if (window->framePosition() != spot) window->setFramePosition(spot);
 }
 
 void SelCardsWindow::closeEvent(QCloseEvent* event) {

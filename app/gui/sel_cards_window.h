@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QWidget>
+#include <optional>
 
 #include "app/model/form1_model.h"
 
@@ -52,6 +53,8 @@ class SelCardsWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void PlaceFrame();
+
   SelCardsModel& picker_;
   std::function<void(std::function<void()>)> act_;
   CardCellsWidget* cells_;
@@ -61,6 +64,9 @@ class SelCardsWindow : public QWidget {
   QPushButton* cancel_;
   bool wasVisible_ = false;
   ControlId shownAnchor_ = ControlId::txtMyHand;
+  // Where the window's frame should start, until the window manager has framed the window there.
+  std::optional<QPoint> frameSpot_;
+  int placeTries_ = 0;
 };
 
 }  // namespace quillet::gui

@@ -17,35 +17,36 @@ bool Form1Model::ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& str
   return true;
 }
 
-void Form1Model::cmdCheckPossibleHands_Click() {
-  // A fresh hand record for every run: the hand parse reads one old field, which must not carry over.
-  HandCards hand{};
-  BoardCards board{};
-  int32_t street = kNoBoard;
-  if (!ReadCardInputs(hand, board, street)) {
-    services.MsgBox("Bad Input");
-    return;
+CardInputs Form1Model::ReadCardBoxes(CardsFor use) {
+  CardInputs cards = CheckCardInputs(txtMyHand.text, txtBoard.text, use);
+  txtMyHand.text = cards.myHandText;
+  txtBoard.text = cards.boardText;
+  if (cards.textsRead) {
+    ColourCodeRT(txtMyHand);
+    ColourCodeRT(txtBoard);
   }
-  if (!HasNoDuplicateCards(hand, board, street, txtMyHand.text)) {
-    services.MsgBox("Duplicate card exists");
-    return;
-  }
+  for (const std::string& message : cards.messages) services.MsgBox(message);
+  return cards;
+}
 
-  // With no profile selected there is no grid to read: the range is empty, which is no error.
-  std::vector<HandCombo> range;
-  if (const PlayerProfile* profile = currentProfile()) {
-    range = CollectRangeCombos(profile->rangeLayer, profile->seenLayer);
-  }
-  const auto rangeCount = static_cast<int32_t>(range.size());
-  const int32_t liveCount = RemoveDeadCombos(range, rangeCount, hand, board, street);
-  ClassifyRange(categories, range, rangeCount, board, street);
+std::vector<HandCombo> Form1Model::CurrentRangeCombos() const {
+  const PlayerProfile* profile = currentProfile();
+  if (profile == nullptr) return {};
+  return CollectRangeCombos(profile->rangeLayer, profile->seenLayer);
+}
+
+void Form1Model::cmdCheckPossibleHands_Click() {
+  const CardInputs cards = ReadCardBoxes(CardsFor::Cook);
+  if (!cards.ok()) return;
+  CookResult cooked = Cook(cards, CurrentRangeCombos());
+  categories = std::move(cooked.categories);
 
   BuildResultsTree();
 
-  cookRangeCount = rangeCount;
-  cookLiveCount = liveCount;
-  lblCheckPossibleHands = std::to_string(rangeCount) + " Hands in Opponent's Range\r\n" +
-                          std::to_string(liveCount) + " Possible Hands\r\n" +
+  cookRangeCount = cooked.rangeCount;
+  cookLiveCount = cooked.liveCount;
+  lblCheckPossibleHands = std::to_string(cooked.rangeCount) + " Hands in Opponent's Range\r\n" +
+                          std::to_string(cooked.liveCount) + " Possible Hands\r\n" +
                           std::to_string(categories.categorisedCount) + " Hands in categories";
 
   // "Auto Calc Equity on Cook": the equity command runs with all its own checks and messages.

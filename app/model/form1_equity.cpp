@@ -1,13 +1,12 @@
 // The Calc Equity command, its read-outs and the two options that run it automatically.
+#include <string>
 #include <string_view>
-#include <vector>
 
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
-#include "categorise/cook.h"
-#include "equity/engine.h"
+#include "equity/calc_equity.h"
 #include "equity/equity_display.h"
-#include "equity/preflop_equity.h"
+#include "equity/tally_text.h"
 
 namespace quillet {
 
@@ -21,67 +20,36 @@ void Form1Model::ClearEquityDisplay() {
 
 void Form1Model::cmdCalcEquity_Click() {
   ClearEquityDisplay();
-  // A fresh hand record for every run: the hand parse reads one old field, which must not carry over.
-  HandCards hand{};
-  BoardCards board{};
-  int32_t street = kNoBoard;
-  // A My Hand whose second rank did not read ("AhXd") passes the parse but cannot be dealt around.
-  const bool inputOk = ReadCardInputs(hand, board, street);
-  if (!inputOk || (hand.rank1 != kNoCard && hand.rank2 == kNoCard)) {
-    services.MsgBox("Bad Input");
-    return;
-  }
-  if (!HasNoDuplicateCards(hand, board, street, txtMyHand.text)) {
-    services.MsgBox("Duplicate card exists");
-    return;
-  }
-  if (hand.rank1 == kNoCard) return;
+  EquityRequest request;
+  request.cards = ReadCardBoxes(CardsFor::Equity);
+  if (!request.cards.ok() || !request.cards.hasHand()) return;
 
   LabelState& command = label(CommandLabel::cmdCalcEquity);
   command.backColour = kCalculatingBackColour;
   services.RepaintNow();
 
-  std::vector<HandCombo> range;
-  if (const PlayerProfile* profile = currentProfile()) {
-    range = CollectRangeCombos(profile->rangeLayer, profile->seenLayer);
-  }
-  RemoveDeadCombos(range, hand, board, street);
-
-  const CaptionSink showCaption = [this](std::string_view caption) {
+  request.range = CurrentRangeCombos();
+  request.rules = options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  request.caption = [this](std::string_view caption) {
     label(CommandLabel::cmdCalcEquity).caption = caption;
     services.RepaintNow();
   };
-  double my = 0.0;
-  double opp = 0.0;
-  switch (street) {
-    case kNoBoard: {
-      // A matchup missing from the tables shows its message for that holding; the rest still count.
-      const MessageSink showMessage = [this](std::string_view text) { services.MsgBox(text); };
-      const EquityResult result = PreflopEquity(hand, range, static_cast<int>(range.size()), showMessage);
-      my = result.my;
-      opp = result.opp;
-      break;
-    }
-    case kFlop:
-    case kTurn: {
-      const EquityResult result = street == kFlop ? FlopEquity(hand, board, range, showCaption)
-                                                  : TurnEquity(hand, board, range, showCaption);
-      my = result.my;
-      opp = result.opp;
-      break;
-    }
-    default:  // the river: no path runs
-      break;
-  }
+  const EquityOutcome outcome = CalcEquity(request);
+  // A matchup missing from the tables shows its message for that holding; the rest still count.
+  for (const std::string& message : outcome.messages) services.MsgBox(message);
 
   command.backColour = label(CommandLabel::lblOptions).backColour;
-  myEquity = my;
-  oppEquity = opp;
-  equityStreet = street;
-  lblMyEquity.caption = FormatEquityReadOut(my);
-  lbloppEquity.caption = FormatEquityReadOut(opp);
+  myEquity = outcome.values.my;
+  oppEquity = outcome.values.opp;
+  equityStreet = outcome.street;
+  lblMyEquity.caption = FormatEquityReadOut(myEquity);
+  lbloppEquity.caption = FormatEquityReadOut(oppEquity);
   lblMyEquity.opaque = true;
-  lblMyEquity.backColour = EquityColour(EquityToInteger(my));
+  lblMyEquity.backColour = EquityColour(EquityToInteger(myEquity));
+  if (outcome.tally) {
+    lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
+    lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
+  }
 }
 
 void Form1Model::tmrCalcEquity_Timer() {

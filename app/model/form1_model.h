@@ -10,10 +10,11 @@
 // The handlers are implemented by subsystem, one file each: form1_model.cpp (start-up, shutdown, shared
 // helpers), form1_cook.cpp, form1_equity.cpp, form1_grid.cpp, form1_range_text.cpp, form1_slider.cpp,
 // form1_range_notation.cpp, form1_quick_select.cpp, form1_card_entry.cpp, form1_results.cpp,
-// form1_profiles.cpp, form1_preferences.cpp, form1_window.cpp.
+// form1_profiles.cpp, form1_preferences.cpp, form1_window.cpp, form1_tooltips.cpp.
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -23,6 +24,7 @@
 #include "app/model/sel_cards_model.h"
 #include "app/model/window_services.h"
 #include "cards/card.h"
+#include "cards/card_input.h"
 #include "categorise/category_node.h"
 #include "range/block_record.h"
 #include "range/colour.h"
@@ -79,6 +81,9 @@ enum class CommandLabel {
 };
 inline constexpr int kCommandLabelCount = 14;
 
+// What a command label does, with its key where it has one (form1_tooltips.cpp).
+std::string CommandLabelToolTip(CommandLabel label);
+
 struct LabelState {
   std::string caption;
   Colour backColour = kOptionsBackColour;
@@ -132,11 +137,11 @@ struct TimerState {
 
 // The tick marks of the options menu (first-start values).
 struct MenuOptions {
-  bool hideEmptyCats = true;     // mnuHideEmptyCats, "Hide Empty Categories"
-  bool simplifyOutput = true;    // mnuSimplifyOutput, "Simplify Output"
-  bool simplifyFurther = false;  // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
-  bool categoryIcons = false;    // mnuCategoryIcons, "Category Icons"
-  bool winLoseIcons = false;     // mnuWinLoseIcons, "Win Lose Icons"
+  bool hideEmptyCats = true;      // mnuHideEmptyCats, "Hide Empty Categories"
+  bool simplifyOutput = true;     // mnuSimplifyOutput, "Simplify Output"
+  bool simplifyFurther = false;   // mnuSimplifyFurther, "Simplify Further for Clipboard Export"
+  bool categoryIcons = false;     // mnuCategoryIcons, "Category Icons"
+  bool winLoseIcons = false;      // mnuWinLoseIcons, "Win Lose Icons"
   bool calcEquityOnCook = false;  // mnuCalcEquityOnCook, "Auto Calc Equity on Cook"
   bool autoPFEquityCalc = false;  // mnuAutoPFEquityCalc, "Auto Calc Equity Preflop on Range Change"
   // mnuStandardShowdownRules, "Standard Showdown Rules": equity and the win/tie/lose icons by the standard
@@ -197,11 +202,16 @@ class Form1Model {
 
  private:
   // The window's reading of My Hand and the Board: the card layer's check and parse run on the two text
-  // boxes, their messages shown as message boxes. Every command that needs the cards calls this first.
+  // boxes, their messages shown as message boxes. The results tree's icons read the cards with this.
   bool ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& street);
+  // The cook's and the equity command's reading: the core's CheckCardInputs on the two boxes, which get
+  // their normalised texts back (coloured by suit again once they parsed); every message of a refusal is
+  // shown as a message box.
+  CardInputs ReadCardBoxes(CardsFor use);
+  // The holdings of the current profile's range (empty with no profile selected, which is no error).
+  std::vector<HandCombo> CurrentRangeCombos() const;
 
  public:
-
   // ---- equity (form1_equity.cpp) ----
   void cmdCalcEquity_Click();
   void ClearEquityDisplay();
@@ -286,6 +296,9 @@ class Form1Model {
   // False when the version question was answered No (end the program at once).
   bool LoadProfiles();
   void SaveProfiles();
+  // The list SaveProfiles writes: this session's profiles, with what another program changed in the file
+  // since it was loaded (see MergeProfileLists).
+  std::vector<PlayerProfile> ProfilesToSave();
   int AddProfile(const std::string& name);
   int FirstProfileIndex();
   void RefillPlayerList(const std::string& name);
@@ -314,6 +327,19 @@ class Form1Model {
   void mnuCategoryIcons_Click();
   void mnuWinLoseIcons_Click();
 
+  // ---- tooltips (form1_tooltips.cpp): what the window shows while the pointer rests on a control ----
+  // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
+  // range").
+  std::string BlockToolTip(int index) const;
+  // A suit-matrix cell: its suit pair and what a click on it does to the selected blocks.
+  std::string SuitCellToolTip(int cell) const;
+  // An equity read-out (My Equity when `mine`, else Opp Equity): what it measures and, after a
+  // calculation, the unrounded value and how it was found.
+  std::string EquityToolTip(bool mine) const;
+  // A node of the results tree: for a category node the category's meaning in plain words; empty for the
+  // holdings and groups, whose captions say all.
+  std::string TreeNodeToolTip(int node) const;
+
   // ---- state ----
   WindowServices& services;
 
@@ -330,7 +356,7 @@ class Form1Model {
   const LabelState& label(CommandLabel which) const { return commandLabels[static_cast<int>(which)]; }
   std::optional<CommandLabel> highlightedLabel;
 
-  LabelState lblMyEquity;   // caption "57.3%", opaque and coloured after a calculation
+  LabelState lblMyEquity;  // caption "57.3%", opaque and coloured after a calculation
   LabelState lbloppEquity;
   // ---- equity state (form1_equity.cpp): the unrounded values behind the last read-outs ----
   double myEquity = 0.0;
@@ -347,6 +373,9 @@ class Form1Model {
 
   std::vector<PlayerProfile> profiles;
   int currentProfileIndex = -1;
+  // The profiles as LoadProfiles read them (empty when there was no file or nothing could be read); none
+  // before the file is loaded. The save compares with it what another program changed in the file meanwhile.
+  std::optional<std::vector<PlayerProfile>> profilesAsLoaded;
 
   Categories categories;  // the last cook's result
   // ---- cook state (form1_cook.cpp): the last cook's counts, set with the caption ----
@@ -368,6 +397,8 @@ class Form1Model {
 
   std::filesystem::path profilePath;
   std::filesystem::path preferencesPath;
+  // How long a save waits for another program that is writing in the same folder before it gives up.
+  std::chrono::milliseconds writeLockWait{10000};
 };
 
 }  // namespace quillet

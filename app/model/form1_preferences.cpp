@@ -1,8 +1,9 @@
 #include <span>
-#include <system_error>
 
 #include "app/model/form1_model.h"
 #include "app/model/web_addresses.h"
+#include "storage/file_io.h"
+#include "storage/file_lock.h"
 #include "storage/preferences_file.h"
 
 namespace quillet {
@@ -55,9 +56,16 @@ void Form1Model::SavePreferences() {
   for (const MenuKey& m : kLaterMenuKeys) {
     if (options.*m.tick != MenuOptions{}.*m.tick) records.push_back({m.key, BooleanText(options.*m.tick)});
   }
-  std::error_code ec;
-  if (preferencesPath.has_parent_path())
-    std::filesystem::create_directories(preferencesPath.parent_path(), ec);
+  if (auto failure = CreateFolderFor(preferencesPath)) {
+    services.MsgBox(PreferencesSaveFault(preferencesPath, *failure, false), MessageIcon::Warning);
+    return;
+  }
+  const WriteLock lock(preferencesPath, writeLockWait);
+  if (lock.failure()) {
+    services.MsgBox(PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath)),
+                    MessageIcon::Warning);
+    return;
+  }
   if (auto error = WritePreferencesFile(preferencesPath, records))
     services.MsgBox(error->message, MessageIcon::Warning);
 }

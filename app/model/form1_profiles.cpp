@@ -1,8 +1,7 @@
-#include <system_error>
-
 #include "app/model/form1_model.h"
 #include "storage/data_folder.h"
 #include "storage/file_io.h"
+#include "storage/file_lock.h"
 #include "storage/preferences_file.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
@@ -34,13 +33,17 @@ void Form1Model::ProfilePaths(const std::filesystem::path& programFolder) {
 
 bool Form1Model::LoadProfiles() {
   ProfileFileContents file = ReadProfileFile(profilePath);
+  profilesAsLoaded.emplace();
   switch (file.status) {
     case ProfileFileContents::Status::Missing:
       return true;
     case ProfileFileContents::Status::OtherVersion:
       if (!services.AskYesNo(kVersionQuestionTitle, VersionQuestion(file.version), MessageIcon::Warning))
         return false;
-      return true;  // Yes: nothing loaded; the file is rewritten when the session ends
+      // Yes: nothing loaded; the file is rewritten when the session ends, so a copy of it is kept first
+      // (the question already says it is not loaded; the copy is the way back).
+      CopyFileAside(profilePath);
+      return true;
     case ProfileFileContents::Status::Faulty: {
       // Keep the unreadable file before anything can overwrite it, and carry on with what was read.
       const SetAside aside = KeepFileAside(profilePath, file.bytes.empty() ? nullptr : &file.bytes);
@@ -56,10 +59,12 @@ bool Form1Model::LoadProfiles() {
                                           (file.profiles.size() == 1 ? "was" : "were") + " loaded.";
       services.MsgBox(text, MessageIcon::Warning);
       profiles = std::move(file.profiles);
+      profilesAsLoaded = profiles;
       break;
     }
     case ProfileFileContents::Status::Read:
       profiles = std::move(file.profiles);
+      profilesAsLoaded = profiles;
       break;
   }
   RefillPlayerList("0");
@@ -67,10 +72,40 @@ bool Form1Model::LoadProfiles() {
 }
 
 void Form1Model::SaveProfiles() {
-  std::error_code ec;
-  if (profilePath.has_parent_path()) std::filesystem::create_directories(profilePath.parent_path(), ec);
-  if (auto error = WriteProfileFile(profilePath, profiles))
+  if (auto failure = CreateFolderFor(profilePath)) {
+    services.MsgBox(ProfileSaveFault(profilePath, *failure, false), MessageIcon::Warning);
+    return;
+  }
+  const WriteLock lock(profilePath, writeLockWait);
+  if (lock.failure()) {
+    services.MsgBox(ProfileSaveFault(profilePath, *lock.failure(), SomethingAt(profilePath)),
+                    MessageIcon::Warning);
+    return;
+  }
+  if (auto error = WriteProfileFile(profilePath, ProfilesToSave()))
     services.MsgBox(error->message, MessageIcon::Warning);
+}
+
+std::vector<PlayerProfile> Form1Model::ProfilesToSave() {
+  // Nothing was loaded in this session: the list is the whole truth, as it always was.
+  if (!profilesAsLoaded) return profiles;
+  ProfileFileContents now = ReadProfileFile(profilePath);
+  switch (now.status) {
+    case ProfileFileContents::Status::Read:
+      // Another program (quillet-cli, a second window) may have changed the file since it was loaded.
+      return MergeProfileLists(*profilesAsLoaded, profiles, now.profiles);
+    case ProfileFileContents::Status::Faulty:
+      // The file went bad since it was loaded, or is the one that was kept at start-up: a copy is kept
+      // (none when an identical one is there) before it is overwritten.
+      KeepFileAside(profilePath, now.bytes.empty() ? nullptr : &now.bytes);
+      return profiles;
+    case ProfileFileContents::Status::OtherVersion:
+      CopyFileAside(profilePath);
+      return profiles;
+    case ProfileFileContents::Status::Missing:
+      return profiles;  // removed meanwhile: nothing to keep, and no sign of what to delete
+  }
+  return profiles;
 }
 
 int Form1Model::AddProfile(const std::string& name) {

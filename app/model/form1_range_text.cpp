@@ -1,24 +1,25 @@
 // The range percentage box: typed percentages snap to a step of the preflop order; grid changes write the
 // computed "~" percentage.
+#include <optional>
+
 #include "app/model/form1_model.h"
-#include "cards/preflop_order.h"
 #include "range/range_text.h"
+#include "range/top_of_order.h"
 
 namespace quillet {
 
 void Form1Model::txtRange_KeyUp(int keyCode, int /*shift*/) {
   // Input stays red until Enter accepts it.
-  if (keyCode != kKeyEnter || !IsNumberText(txtRange.text, false, false, 1, 99)) {
+  const std::optional<PreflopStep> step = keyCode == kKeyEnter ? TopOfOrderStep(txtRange.text) : std::nullopt;
+  if (!step) {
     txtRange.foreColour = kRejectedTextColour;
     return;
   }
   txtRange.foreColour = kWindowTextColour;
-  const auto& order = PreflopOrder();
-  const PreflopStep step = NearestPreflopStep(NumberTextToTenThousandths(txtRange.text), order);
-  Slider1.value = step.entry;
-  SetRangeText(PercentText(order[step.entry].percent));
+  Slider1.value = step->entry;
+  SetRangeText(TopOfOrderText(step->entry));
   // At or above the last step the grid deliberately keeps what it had.
-  if (step.apply) ApplySliderRange();
+  if (step->apply) ApplySliderRange();
 }
 
 void Form1Model::SetRangeText(const std::string& text) {

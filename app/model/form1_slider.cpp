@@ -2,9 +2,9 @@
 #include <algorithm>
 
 #include "app/model/form1_model.h"
-#include "cards/hand_class.h"
 #include "cards/preflop_order.h"
 #include "range/range_text.h"
+#include "range/top_of_order.h"
 
 namespace quillet {
 namespace {
@@ -35,23 +35,11 @@ void Form1Model::tmrSliderMoving_Timer() {
 }
 
 void Form1Model::ApplySliderRange() {
-  const int k = SliderEntry(Slider1);
   PlayerProfile* profile = currentProfile();
   if (profile == nullptr) return;
   grid.selectedSeen.fill(false);
   grid.selectedOn.fill(false);
-  for (BlockRecord& record : profile->rangeLayer) ClearBlockRecord(record);
-  const auto& order = PreflopOrder();
-  const auto& classes = HandClasses();
-  for (int j = 0; j <= k; ++j) {
-    for (const std::string& name : SplitClassList(order[j].classes)) {
-      for (int i = 0; i < kClassCount; ++i) {
-        if (classes[i].name != name) continue;
-        SetBlockWhole(profile->rangeLayer[i], name.size() == 3);
-        grid.selectedOn[i] = true;
-      }
-    }
-  }
+  for (const int c : ApplyTopOfOrder(profile->rangeLayer, SliderEntry(Slider1))) grid.selectedOn[c] = true;
   SetBlockColours();
   RefreshSuitMatrix(true);
 }

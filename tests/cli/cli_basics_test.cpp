@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "cli/args.h"
 #include "cli/commands.h"
+#include "cli/options.h"
 #include "quillet/version.h"
 #include "tests/cli/cli_run.h"
 
@@ -37,22 +37,6 @@ TEST(Cli, NoArgumentsPrintsUsageOnStderrWithStatusTwo) {
   EXPECT_EQ(run.status, 2);
   EXPECT_TRUE(run.out.empty());
   EXPECT_NE(run.err.find("Usage"), std::string::npos);
-}
-
-TEST(Args, ReadsValuedOptionsSwitchesAndPositionalWords) {
-  Args args({"NAME", "--range", "AA,KK", "--json", "--board", ""}, {"--range", "--board"}, {"--json"});
-  EXPECT_TRUE(args.error().empty());
-  EXPECT_EQ(args.value("--range"), "AA,KK");
-  EXPECT_EQ(args.value("--board"), "");
-  EXPECT_TRUE(args.has("--json"));
-  EXPECT_FALSE(args.has("--seen"));
-  ASSERT_EQ(args.positional().size(), 1u);
-  EXPECT_EQ(args.positional()[0], "NAME");
-}
-
-TEST(Args, RefusesUnknownOptionsAndMissingValues) {
-  EXPECT_EQ(Args({"--nope"}, {}, {}).error(), "unknown option --nope");
-  EXPECT_EQ(Args({"--range"}, {"--range"}, {}).error(), "missing value after --range");
 }
 
 TEST(JsonString, EscapesQuotesBackslashesAndControlCharacters) {

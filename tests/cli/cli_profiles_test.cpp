@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/model/form1_model.h"
+#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/cli/cli_run.h"

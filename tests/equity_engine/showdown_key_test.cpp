@@ -12,6 +12,7 @@
 
 #include "equity/showdown.h"
 #include "tests/equity_engine/card_text.h"
+#include "tests/support/test_seed.h"
 
 namespace quillet {
 namespace {
@@ -90,7 +91,7 @@ std::vector<CardPool> Pools(std::mt19937_64& random) {
 }
 
 TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) {
-  std::mt19937_64 random(20240611);
+  std::mt19937_64 random(quillet::testing::TestSeed(20240611));
   std::vector<CardPool> pools = Pools(random);
   constexpr int kShowdowns = 2'000'000;
   std::array<int, 10> categoriesSeen{};

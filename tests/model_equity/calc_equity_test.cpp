@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/model/form1_model.h"
-#include "app/model/window_services.h"
+#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "range/block_record.h"
 #include "range/player_profile.h"

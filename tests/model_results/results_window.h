@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app/model/form1_model.h"
-#include "app/model/window_services.h"
+#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "range/block_record.h"
 #include "range/player_profile.h"

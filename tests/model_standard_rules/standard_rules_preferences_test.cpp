@@ -4,6 +4,7 @@
 
 #include "app/model/form1_model.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/model/form1_model.h"
+#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/storage/temp_folder.h"

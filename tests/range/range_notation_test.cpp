@@ -265,6 +265,19 @@ TEST(RangeNotationErrors, PercentagesOutsideTheOrder) {
   EXPECT_EQ(ErrorOf("1x%"), "unknown token '1x%' at column 1");
 }
 
+TEST(RangeNotationErrors, EachErrorSaysWhatKindOfFaultItIs) {
+  using Kind = RangeNotationError::Kind;
+  const std::pair<const char*, Kind> faults[] = {
+      {"AKx", Kind::UnknownToken},   {"AKs:0.5", Kind::Weights},      {"AKs-QJo", Kind::RangeEnds},
+      {"AhAh", Kind::SameCardTwice}, {"101%", Kind::PercentAbove100},
+  };
+  for (const auto& [text, kind] : faults) {
+    const ParsedRange parsed = ParseRangeNotation(text);
+    ASSERT_FALSE(parsed.ok()) << text;
+    EXPECT_EQ(parsed.error->kind, kind) << text;
+  }
+}
+
 // ---- Printing ----
 
 TEST(RangeNotationPrinting, TheUsualOrderAndMergedRuns) {

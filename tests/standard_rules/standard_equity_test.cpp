@@ -189,5 +189,14 @@ TEST(StandardEquity, TheTallyOnAnyStreetTakesTheBoardsFromTheEnumeration) {
   EXPECT_EQ(*onFlop, Tally("AhKh", "Ks7s2d", range));
 }
 
+TEST(StandardEquity, TheReadOutsSplitTiesHalfAndAddUpToOneHundred) {
+  const EquityResult result = EquityFromTally({3, 2, 5});
+  EXPECT_DOUBLE_EQ(result.my, 40.0);
+  EXPECT_DOUBLE_EQ(result.opp, 60.0);
+  const EquityResult none = EquityFromTally({});
+  EXPECT_EQ(none.my, -1.0);
+  EXPECT_EQ(none.opp, -1.0);
+}
+
 }  // namespace
 }  // namespace quillet

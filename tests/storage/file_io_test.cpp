@@ -183,11 +183,13 @@ TEST(KeepFileAside, AnEarlierCopyIsNotOverwritten) {
   TempFolder dir;
   const auto path = dir / "Player_Profiles.ini";
   WriteBytes(dir / "Player_Profiles.ini.bad", "last month");
-  const std::string bytes = "today";
-  EXPECT_EQ(KeepFileAside(path, &bytes).copy, dir / "Player_Profiles.ini.bad.2");
-  EXPECT_EQ(KeepFileAside(path, &bytes).copy, dir / "Player_Profiles.ini.bad.3");
+  const std::string today = "today";
+  const std::string tomorrow = "tomorrow";
+  EXPECT_EQ(KeepFileAside(path, &today).copy, dir / "Player_Profiles.ini.bad.2");
+  EXPECT_EQ(KeepFileAside(path, &tomorrow).copy, dir / "Player_Profiles.ini.bad.3");
   EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), "last month");
-  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad.3"), "today");
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad.2"), "today");
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad.3"), "tomorrow");
 }
 
 TEST(KeepFileAside, AFileWhoseBytesAreNotAtHandIsRenamed) {

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "app/model/form1_model.h"
+#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "storage/preferences_file.h"
 #include "storage/profile_file.h"

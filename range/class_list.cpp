@@ -1,9 +1,9 @@
-#include "cli/range_list.h"
+#include "range/class_list.h"
 
 #include "cards/card.h"
 #include "cards/hand_class.h"
 
-namespace quillet::cli {
+namespace quillet {
 namespace {
 
 std::string_view Trim(std::string_view text) {
@@ -33,8 +33,8 @@ int ClassOfName(std::string_view written) {
 
 }  // namespace
 
-RangeList ParseRangeList(std::string_view text) {
-  RangeList result;
+ClassList ParseClassList(std::string_view text) {
+  ClassList result;
   while (true) {
     const auto comma = text.find(',');
     const std::string_view item = Trim(text.substr(0, comma));
@@ -58,4 +58,10 @@ void PutClassesWhole(RangeLayer& layer, const std::vector<int>& classes) {
   for (int c : classes) SetBlockWhole(layer[c], HandClasses()[c].kind == kKindSuited);
 }
 
-}  // namespace quillet::cli
+RangeLayer LayerOfClasses(const std::vector<int>& classes) {
+  RangeLayer layer = MakeEmptyLayer();
+  PutClassesWhole(layer, classes);
+  return layer;
+}
+
+}  // namespace quillet

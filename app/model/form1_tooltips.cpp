@@ -1,0 +1,133 @@
+// The tooltips of the main window: the texts the window shows while the pointer rests on a grid block, a
+// suit-matrix cell, a command label, an equity read-out or a category of the results tree.
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "categorise/category_meaning.h"
+#include "range/grid_colours.h"
+
+namespace quillet {
+namespace {
+
+constexpr std::string_view kSuitNames[4] = {"clubs", "diamonds", "hearts", "spades"};
+
+int HoldingsOfKind(int32_t kind) {
+  switch (kind) {
+    case kKindPair:
+      return 6;
+    case kKindSuited:
+      return 4;
+    default:
+      return 12;
+  }
+}
+
+// A category node's key is the entry's number and "k" ("7k"); holdings and groups carry a "-".
+int CategoryOfNodeKey(std::string_view key) {
+  if (key.size() < 2 || key.back() != 'k') return -1;
+  int entry = 0;
+  for (const char c : key.substr(0, key.size() - 1)) {
+    if (c < '0' || c > '9') return -1;
+    entry = entry * 10 + (c - '0');
+  }
+  return entry;
+}
+
+}  // namespace
+
+std::string CommandLabelToolTip(CommandLabel label) {
+  switch (label) {
+    case CommandLabel::cmdAll:
+      return "Put every hand into the range";
+    case CommandLabel::cmdAnyPair:
+      return "Add every pocket pair to the range";
+    case CommandLabel::cmdAnySuited:
+      return "Add every suited hand to the range";
+    case CommandLabel::cmdAnyBroadway:
+      return "Add every hand of two cards ten or higher to the range";
+    case CommandLabel::cmdClearOnBlocks:
+      return "Empty the range (the On layer); the Seen layer stays";
+    case CommandLabel::cmdClearSeenBlocks:
+      return "Empty the Seen layer; the range stays";
+    case CommandLabel::cmdClearAllBlocks:
+      return "Empty both the range and the Seen layer";
+    case CommandLabel::cmdCheckPossibleHands:
+      return "Cook: sort the opponent's range by what each hand makes on the board (Enter in My Hand or "
+             "Board Cards)";
+    case CommandLabel::cmdCalcEquity:
+      return "Calculate My Hand's equity against the opponent's range";
+    case CommandLabel::lblOptions:
+      return "Display, appearance and operation options";
+    case CommandLabel::lblHelp:
+      return "Open the online guide in the browser";
+    case CommandLabel::lblWebsite:
+      return "Open Quillet's home page in the browser";
+    case CommandLabel::lblSave:
+      return "Save the name typed in the box as a new profile with the grid's range (Enter in the box)";
+    case CommandLabel::lblDelete:
+      return "Delete the current profile (no question is asked)";
+  }
+  return {};
+}
+
+std::string Form1Model::BlockToolTip(int index) const {
+  if (index < 0 || index >= kClassCount) return {};
+  const HandClass& block = HandClasses()[static_cast<std::size_t>(index)];
+  const int holdings = HoldingsOfKind(block.kind);
+  const PlayerProfile* profile = currentProfile();
+  const int on = profile != nullptr ? profile->rangeLayer[static_cast<std::size_t>(index)].count : 0;
+  const int seen = profile != nullptr ? profile->seenLayer[static_cast<std::size_t>(index)].count : 0;
+  std::string text =
+      block.caption + ": " + std::to_string(on) + " of " + std::to_string(holdings) + " in range";
+  if (seen > 0)
+    text += "; " + std::to_string(seen) + " of " + std::to_string(holdings) + " in the Seen layer";
+  return text;
+}
+
+std::string Form1Model::SuitCellToolTip(int cell) const {
+  if (cell < 0 || cell >= kSuitMatrixCells || !grid.matrixCellVisible[static_cast<std::size_t>(cell)])
+    return {};
+  const SuitMatrixCell& suits = SuitMatrixCells()[static_cast<std::size_t>(cell)];
+  const std::string pair = suits.suit1 == suits.suit2
+                               ? "Both " + std::string(kSuitNames[suits.suit1])
+                               : "First card " + std::string(kSuitNames[suits.suit1]) + ", second " +
+                                     std::string(kSuitNames[suits.suit2]);
+  const std::string layer = grid.editingOn ? "the range" : "the Seen layer";
+  return grid.comboShown[static_cast<std::size_t>(cell)]
+             ? pair + ": in " + layer + " for the selected blocks; a click takes these holdings out"
+             : pair + ": out of " + layer + " for the selected blocks; a click puts these holdings back";
+}
+
+std::string Form1Model::EquityToolTip(bool mine) const {
+  std::string text = mine ? "My Hand's equity against the opponent's range"
+                          : "The opponent's range's equity against My Hand";
+  const std::string& caption = mine ? lblMyEquity.caption : lbloppEquity.caption;
+  if (caption.empty()) return text + " (Calc Equity shows it here)";
+  char value[32];
+  std::snprintf(value, sizeof value, "%.2f%%", mine ? myEquity : oppEquity);
+  text += ": ";
+  text += value;
+  // Under the standard rules the read-out carries its tally: win and tie shares and the showdowns.
+  const std::string& tally = mine ? lblMyEquity.toolTip : lbloppEquity.toolTip;
+  if (!tally.empty()) return text + ", standard rules: " + tally;
+  switch (equityStreet) {
+    case kNoBoard:
+      return text + ", preflop, from the program's matchup tables";
+    case kFlop:
+      return text + ", on the flop, every turn and river dealt out";
+    case kTurn:
+      return text + ", on the turn, every river card dealt out";
+    default:
+      return text + ", on the river, where no calculation runs";
+  }
+}
+
+std::string Form1Model::TreeNodeToolTip(int node) const {
+  if (node < 0 || node >= static_cast<int>(TV.nodes.size())) return {};
+  return CategoryToolTip(CategoryOfNodeKey(TV.nodes[static_cast<std::size_t>(node)].key));
+}
+
+}  // namespace quillet

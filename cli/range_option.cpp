@@ -1,0 +1,47 @@
+#include "cli/range_option.h"
+
+#include "range/class_list.h"
+#include "range/holding_set.h"
+#include "range/range_notation.h"
+
+namespace quillet::cli {
+namespace {
+
+std::string_view TrimBlanks(std::string_view text) {
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+  return text;
+}
+
+// The first comma-separated item of a refused class list that is not a class, as the list names it.
+std::string FirstRefusedItem(std::string_view text) {
+  while (true) {
+    const auto comma = text.find(',');
+    const std::string_view item = TrimBlanks(text.substr(0, comma));
+    if (!item.empty() && !ParseClassList(item).ok()) return std::string(item);
+    if (comma == std::string_view::npos) return {};
+    text.remove_prefix(comma + 1);
+  }
+}
+
+}  // namespace
+
+std::string PutRangeOption(std::string_view text, RangeLayer& layer) {
+  const ClassList list = ParseClassList(text);
+  if (list.ok()) {
+    PutClassesWhole(layer, list.classes);
+    return {};
+  }
+  const ParsedRange parsed = ParseRangeNotation(text);
+  if (parsed.ok()) {
+    PutHoldingsInLayer(parsed.holdings, layer);
+    return {};
+  }
+  const RangeNotationError& error = *parsed.error;
+  if (error.kind == RangeNotationError::Kind::UnknownToken && error.token == FirstRefusedItem(text)) {
+    return list.error;
+  }
+  return error.message;
+}
+
+}  // namespace quillet::cli

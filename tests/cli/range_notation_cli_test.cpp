@@ -1,0 +1,234 @@
+// Range notation in quillet-cli: the range command, --range and --seen of cook, equity and profiles add,
+// and profiles show --notation.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "cards/hand_class.h"
+#include "cli/range_option.h"
+#include "range/class_list.h"
+#include "range/holding_set.h"
+#include "range/range_notation.h"
+#include "storage/profile_file.h"
+#include "tests/cli/cli_run.h"
+#include "tests/storage/temp_folder.h"
+
+namespace quillet::cli {
+namespace {
+
+using quillet::testing::TempFolder;
+
+// ---- quillet-cli range ----
+
+TEST(RangeCommand, PrintsTheShortestTextTheCountAndTheShare) {
+  const CliRun run = RunCommandLine({"range", "AKs, AA, KK, QQ"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "Range: QQ+, AKs\nHoldings: 22\nPercent: 1.7\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(RangeCommand, JsonGivesTheSameThreeValues) {
+  EXPECT_EQ(RunCommandLine({"range", "QQ+,AKs", "--json"}).out,
+            "{\"range\":\"QQ+, AKs\",\"holdings\":22,\"percent\":1.7}\n");
+  EXPECT_EQ(RunCommandLine({"range", "random", "--json"}).out,
+            "{\"range\":\"all\",\"holdings\":1326,\"percent\":100}\n");
+}
+
+TEST(RangeCommand, CountsTheKnownRanges) {
+  const std::pair<const char*, const char*> known[] = {
+      {"QQ+,AKs", "22"}, {"22+", "78"},      {"A2s+", "48"},     {"KTo+", "36"},  {"T9s-54s", "24"},
+      {"AK", "16"},      {"random", "1326"}, {"AhKh,AhKh", "1"}, {"KK-QQ", "12"},
+  };
+  for (const auto& [text, count] : known) {
+    const CliRun run = RunCommandLine({"range", text});
+    EXPECT_EQ(run.status, 0) << text;
+    EXPECT_NE(run.out.find(std::string("\nHoldings: ") + count + "\n"), std::string::npos) << text << run.out;
+  }
+}
+
+TEST(RangeCommand, WordsSplitByTheShellAreOneText) {
+  EXPECT_EQ(RunCommandLine({"range", "QQ+,", "AKs"}).out, RunCommandLine({"range", "QQ+, AKs"}).out);
+}
+
+TEST(RangeCommand, ABadTextExitsWithTwoAndSaysWhyOnStderrOnly) {
+  const CliRun run = RunCommandLine({"range", "QQ+, AKx"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "quillet-cli range: unknown token 'AKx' at column 6\n");
+  EXPECT_EQ(RunCommandLine({"range", "AKs:0.5"}).err,
+            "quillet-cli range: weights are not supported yet: 'AKs:0.5' at column 1\n");
+  EXPECT_EQ(RunCommandLine({"range"}).status, 2);
+}
+
+// ---- class lists are part of the notation ----
+
+// A class list as users write them: names in either case, blanks and empty items here and there; offsuit
+// classes with or without "o" (always with it when `offsuitWithO`).
+std::string RandomClassList(std::mt19937& random, bool offsuitWithO) {
+  std::string text;
+  const int count = static_cast<int>(random() % 12);
+  for (int n = 0; n < count; ++n) {
+    const HandClass& c = HandClasses()[random() % kClassCount];
+    std::string name = c.name;
+    if (c.kind == kKindOffsuit && (offsuitWithO || random() % 2 == 0)) name += random() % 2 ? "o" : "O";
+    for (char& ch : name) {
+      if (random() % 3 == 0 && ch >= 'A' && ch <= 'Z') ch = static_cast<char>(ch - 'A' + 'a');
+    }
+    text += (random() % 3 == 0 ? " " : "") + name + (random() % 3 == 0 ? " ," : ",");
+    if (random() % 5 == 0) text += ",";
+  }
+  return text;
+}
+
+TEST(RangeOption, EveryClassListGivesTheLayerItGaveBefore) {
+  std::mt19937 random(1326);
+  for (int n = 0; n < 2000; ++n) {
+    const std::string text = RandomClassList(random, false);
+    const ClassList list = ParseClassList(text);
+    ASSERT_TRUE(list.ok()) << text;
+    RangeLayer layer = MakeEmptyLayer();
+    EXPECT_EQ(PutRangeOption(text, layer), "");
+    EXPECT_EQ(layer, LayerOfClasses(list.classes)) << text;  // record for record
+  }
+}
+
+TEST(RangeOption, ClassListsWithTheirOffsuitClassesWrittenWithOReadAlikeAsNotation) {
+  std::mt19937 random(1327);
+  for (int n = 0; n < 2000; ++n) {
+    const std::string text = RandomClassList(random, true);
+    const ParsedRange notation = ParseRangeNotation(text);
+    ASSERT_TRUE(notation.ok()) << text;
+    EXPECT_EQ(notation.holdings, HoldingsOfLayer(LayerOfClasses(ParseClassList(text).classes))) << text;
+  }
+}
+
+TEST(RangeOption, ABareOffsuitNameIsOffsuitInAClassListAndBothHalvesInNotation) {
+  // The one word the two readings take differently: a class list names the offsuit class "AK" (as the
+  // preflop order does), players' notation means AKs and AKo. A text that is a class list keeps the
+  // meaning it always had; any other text is notation throughout.
+  RangeLayer list = MakeEmptyLayer();
+  ASSERT_EQ(PutRangeOption("AA,AK", list), "");
+  EXPECT_EQ(HoldingsOfLayer(list).size(), 6 + 12);
+  RangeLayer notation = MakeEmptyLayer();
+  ASSERT_EQ(PutRangeOption("AA+, AK", notation), "");
+  EXPECT_EQ(HoldingsOfLayer(notation).size(), 6 + 16);
+}
+
+TEST(RangeOption, ABadListKeepsItsMessageWhenTheNotationStumblesOnTheSameItem) {
+  for (const char* text : {"AA,AKx", "AAo", "AA, KK, 1x ,QQ", "AA,??,KK"}) {
+    RangeLayer layer = MakeEmptyLayer();
+    EXPECT_EQ(PutRangeOption(text, layer), ParseClassList(text).error) << text;
+  }
+}
+
+TEST(RangeOption, OtherwiseTheNotationSaysWhatIsWrong) {
+  const std::pair<const char*, const char*> refused[] = {
+      {"QQ+, AKx", "unknown token 'AKx' at column 6"},  // the list would have named QQ+, which now reads
+      {"AA, A K", "unknown token 'A' at column 5"},
+      {"AhAd,AKx", "unknown token 'AKx' at column 6"},  // the list would have named AhAd
+      {"AKs:0.5", "weights are not supported yet: 'AKs:0.5' at column 1"},
+      {"AKs-QJo", "range 'AKs-QJo' at column 1 has ends of different kinds"},
+      {"AhAh", "holding 'AhAh' at column 1 has the same card twice"},
+  };
+  for (const auto& [text, message] : refused) {
+    RangeLayer layer = MakeEmptyLayer();
+    const RangeLayer before = layer;
+    EXPECT_EQ(PutRangeOption(text, layer), message) << text;
+    EXPECT_EQ(layer, before) << text;
+  }
+}
+
+// ---- cook and equity ----
+
+TEST(RangeNotationInCommands, EquityOnNotationEqualsEquityOnTheClasses) {
+  const CliRun classes =
+      RunCommandLine({"equity", "--hand", "AhKd", "--board", "", "--range", "AA,KK,QQ,AKs", "--json"});
+  const CliRun notation =
+      RunCommandLine({"equity", "--hand", "AhKd", "--board", "", "--range", "QQ+, AKs", "--json"});
+  EXPECT_EQ(classes.status, 0) << classes.err;
+  EXPECT_EQ(notation.out, classes.out);
+  const CliRun seen = RunCommandLine(
+      {"equity", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "", "--seen", "T9s-54s, QhJh", "--json"});
+  const CliRun seenClasses = RunCommandLine({"equity", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "",
+                                             "--seen", "T9s,98s,87s,76s,65s,54s", "--json"});
+  EXPECT_NE(seen.out, seenClasses.out);  // QhJh counts
+  EXPECT_EQ(seen.status, 0) << seen.err;
+}
+
+TEST(RangeNotationInCommands, APercentageIsTheRangeTopGives) {
+  const CliRun top = RunCommandLine({"equity", "--hand", "AhKd", "--board", "Tc8h3s", "--top", "15"});
+  const CliRun notation = RunCommandLine({"equity", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "15%"});
+  EXPECT_EQ(top.status, 0) << top.err;
+  EXPECT_EQ(notation.out, top.out);
+}
+
+TEST(RangeNotationInCommands, CookNamesTheBadTokenAndExitsWithTwo) {
+  const CliRun run = RunCommandLine({"cook", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "QQ+ AKx"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "cook: --range: unknown token 'AKx' at column 5\n");
+  const CliRun seen =
+      RunCommandLine({"cook", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "QQ+", "--seen", "[50]AK"});
+  EXPECT_EQ(seen.err, "cook: --seen: weights are not supported yet: '[50]AK' at column 1\n");
+}
+
+// ---- profiles ----
+
+class ProfilesNotation : public ::testing::Test {
+ protected:
+  std::string File() const { return (dir / "Player_Profiles.ini").string(); }
+  CliRun Run(std::vector<std::string> words) {
+    words.insert(words.begin(), "profiles");
+    words.push_back("--file");
+    words.push_back(File());
+    return RunCommandLine(words);
+  }
+  TempFolder dir;
+};
+
+TEST_F(ProfilesNotation, AddTakesNotationAndShowPrintsItBackOnRequest) {
+  ASSERT_EQ(Run({"add", "Amy", "--range", "QQ+, AKs, AhQh", "--seen", "T9s-87s"}).status, 0);
+  const ProfileFileContents read = ReadProfileFile(File());
+  ASSERT_EQ(read.profiles.size(), 1u);
+  const PlayerProfile& amy = read.profiles[0];
+  EXPECT_EQ(PrintRangeNotation(HoldingsOfLayer(amy.rangeLayer)), "QQ+, AKs, AhQh");
+  EXPECT_EQ(amy.rangeLayer[FindClassByName("AQs")].count, 1);
+  EXPECT_EQ(amy.rangeLayer[FindClassByName("QQ")].whole, kTrue16);
+  EXPECT_EQ(amy.rangeText, "~2.6");  // 23 + 12 of 1,326
+
+  const CliRun show = Run({"show", "Amy", "--notation"});
+  EXPECT_EQ(show.status, 0) << show.err;
+  EXPECT_NE(show.out.find("\nOn layer notation: QQ+, AKs, AhQh\nSeen layer notation: T9s, 98s, 87s\n"),
+            std::string::npos)
+      << show.out;
+  const CliRun json = Run({"show", "Amy", "--json", "--notation"});
+  EXPECT_NE(json.out.find(",\"onNotation\":\"QQ+, AKs, AhQh\",\"seenNotation\":\"T9s, 98s, 87s\"}"),
+            std::string::npos)
+      << json.out;
+}
+
+TEST_F(ProfilesNotation, ShowWithoutTheOptionIsAsBefore) {
+  ASSERT_EQ(Run({"add", "Amy", "--range", "AA"}).status, 0);
+  EXPECT_EQ(Run({"show", "Amy"}).out,
+            "Profile: Amy\nRange text: ~0.5\nOn layer (1 class)\n  AA  6 holdings, whole\nSeen layer (0 "
+            "classes)\n");
+  EXPECT_EQ(Run({"show", "Amy", "--json"}).out.find("Notation"), std::string::npos);
+}
+
+TEST_F(ProfilesNotation, ABadTextWritesNothing) {
+  const CliRun run = Run({"add", "Amy", "--range", "QQ+, AKx"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "quillet-cli profiles add: unknown token 'AKx' at column 6\n");
+  EXPECT_TRUE(dir.Entries().empty());
+}
+
+TEST_F(ProfilesNotation, NotationIsAnOptionOfShowOnly) {
+  EXPECT_EQ(Run({"list", "--notation"}).status, 2);
+  const CliRun add = Run({"add", "Amy", "--range", "AA", "--notation"});
+  EXPECT_EQ(add.status, 2);
+  EXPECT_EQ(add.err, "quillet-cli profiles add: --notation does not apply here\n");
+}
+
+}  // namespace
+}  // namespace quillet::cli

@@ -1,0 +1,201 @@
+// The window's profile file when something else touches it too: quillet-cli adding a profile while the
+// window is open, a file of another version that the session will overwrite, a writer that holds the
+// folder's lock, a folder that cannot be made.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <chrono>
+
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "storage/file_lock.h"
+#include "storage/profile_file.h"
+#include "tests/storage/temp_folder.h"
+#include "tests/support/recording_services.h"
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ReadBytes;
+using testing::TempFolder;
+using testing::WriteBytes;
+
+PlayerProfile Profile(const std::string& name, const std::string& cls = "AA") {
+  PlayerProfile p;
+  InitProfile(p);
+  p.name = name;
+  p.rangeText = "0.5";
+  const int c = FindClassByName(cls);
+  SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
+  return p;
+}
+
+std::vector<std::string> NamesInFile(const fs::path& file) {
+  const ProfileFileContents read = ReadProfileFile(file);
+  EXPECT_EQ(read.status, ProfileFileContents::Status::Read);
+  std::vector<std::string> names;
+  for (const PlayerProfile& p : read.profiles) names.push_back(p.name);
+  return names;
+}
+
+class SharedProfileFile : public ::testing::Test {
+ protected:
+  SharedProfileFile() : model(services) { model.ProfilePaths(dir.path()); }
+  fs::path ProfileFile() const { return dir / "Player_Profiles.ini"; }
+  // The window as it starts: the file loaded, the first profile chosen.
+  void Start() {
+    ASSERT_TRUE(model.LoadProfiles());
+    model.currentProfileIndex = model.FirstProfileIndex();
+  }
+  // Another program (quillet-cli) changes the file while the window is open.
+  void OtherWriterSaves(const std::vector<PlayerProfile>& profiles) {
+    ASSERT_FALSE(WriteProfileFile(ProfileFile(), profiles).has_value());
+  }
+
+  TempFolder dir;
+  RecordingServices services;
+  Form1Model model;
+};
+
+TEST_F(SharedProfileFile, AProfileAddedByAnotherProgramWhileTheWindowIsOpenSurvivesTheWindowsSave) {
+  WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy")}));
+  Start();
+  OtherWriterSaves({Profile("Amy"), Profile("Bob", "KK")});
+  model.AddProfile("Cat");
+  model.SaveProfiles();
+  EXPECT_TRUE(services.messages.empty());
+  EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Amy", "Cat", "Bob"}));
+  const ProfileFileContents read = ReadProfileFile(ProfileFile());
+  EXPECT_EQ(read.profiles[2], Profile("Bob", "KK"));
+}
+
+TEST_F(SharedProfileFile, AProfileAddedToAFileThatDidNotExistAtStartUpSurvivesToo) {
+  Start();  // no file: "Generic" is made in memory
+  OtherWriterSaves({Profile("Bob")});
+  model.SaveProfiles();
+  EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Generic", "Bob"}));
+}
+
+TEST_F(SharedProfileFile, AProfileTheWindowDeletedStaysDeleted) {
+  WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy"), Profile("Bob")}));
+  Start();
+  OtherWriterSaves({Profile("Amy"), Profile("Bob"), Profile("Cat")});
+  model.currentProfileIndex = 1;
+  model.lblDelete_Click();
+  model.SaveProfiles();
+  EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Amy", "Cat"}));
+}
+
+TEST_F(SharedProfileFile, TheWindowsOwnChangeToAProfileWins) {
+  WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy")}));
+  Start();
+  OtherWriterSaves({Profile("Amy", "KK")});
+  model.profiles[0] = Profile("Amy", "QQ");
+  model.SaveProfiles();
+  EXPECT_EQ(ReadProfileFile(ProfileFile()).profiles, (std::vector<PlayerProfile>{Profile("Amy", "QQ")}));
+}
+
+TEST_F(SharedProfileFile, AChangeByAnotherProgramToAProfileTheWindowLeftAloneIsKept) {
+  WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy"), Profile("Bob")}));
+  Start();
+  OtherWriterSaves({Profile("Amy"), Profile("Bob", "KK")});
+  model.SaveProfiles();
+  EXPECT_EQ(ReadProfileFile(ProfileFile()).profiles,
+            (std::vector<PlayerProfile>{Profile("Amy"), Profile("Bob", "KK")}));
+}
+
+TEST_F(SharedProfileFile, AProfileAnotherProgramDeletedIsNotBroughtBack) {
+  WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy"), Profile("Bob")}));
+  Start();
+  OtherWriterSaves({Profile("Amy")});
+  model.SaveProfiles();
+  EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Amy"}));
+}
+
+TEST_F(SharedProfileFile, WithNothingChangedElsewhereTheSaveWritesTheSameBytesAsBefore) {
+  const std::string bytes = EncodeProfileFile({Profile("Amy"), Profile("Bob")});
+  WriteBytes(ProfileFile(), bytes);
+  Start();
+  model.SaveProfiles();
+  EXPECT_EQ(ReadBytes(ProfileFile()), bytes);
+}
+
+TEST_F(SharedProfileFile, ASaveWhileAnotherWriterHoldsTheLockIsRefusedWithAMessageAndChangesNothing) {
+  const std::string bytes = EncodeProfileFile({Profile("Amy")});
+  WriteBytes(ProfileFile(), bytes);
+  Start();
+  model.AddProfile("Cat");
+  model.writeLockWait = std::chrono::milliseconds(200);
+  {
+    const WriteLock other(ProfileFile());
+    model.SaveProfiles();
+  }
+  ASSERT_EQ(services.messages.size(), 1u);
+  EXPECT_EQ(services.messages[0].text,
+            "The player profiles could not be saved to \"" + ProfileFile().string() +
+                "\": another program kept the folder \"" + dir.path().string() +
+                "\" locked for 200 milliseconds. The file there was left as it was.");
+  EXPECT_EQ(ReadBytes(ProfileFile()), bytes);
+}
+
+std::string Le32(int32_t v) {
+  std::string out;
+  for (int k = 0; k < 4; ++k) out.push_back(static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF));
+  return out;
+}
+
+TEST_F(SharedProfileFile, AFileOfAnotherVersionIsKeptByteForByteAsBadBeforeItIsOverwritten) {
+  // One flipped bit in the version of a real file.
+  std::string bytes = EncodeProfileFile({Profile("Amy"), Profile("Bob")});
+  bytes[2] = '\x20';
+  ASSERT_EQ(bytes.substr(0, 4), Le32(2097153));
+  WriteBytes(ProfileFile(), bytes);
+  ::chmod(ProfileFile().c_str(), 0600);
+  services.yesNoAnswers = {true};
+  Start();
+  ASSERT_EQ(services.questions.size(), 1u);
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), bytes);
+  struct stat st {};
+  ASSERT_EQ(::stat((dir / "Player_Profiles.ini.bad").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0600u);
+  model.SaveProfiles();
+  EXPECT_EQ(NamesInFile(ProfileFile()), std::vector<std::string>{"Generic"});
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), bytes);
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
+}
+
+TEST_F(SharedProfileFile, StartingAgainAndAgainOnTheSameBadFileKeepsOneCopy) {
+  std::string bytes = EncodeProfileFile({Profile("Amy")});
+  bytes.resize(bytes.size() - 100);  // cut short
+  for (int start = 0; start < 3; ++start) {
+    WriteBytes(ProfileFile(), bytes);
+    RecordingServices asked;
+    Form1Model fresh(asked);
+    fresh.ProfilePaths(dir.path());
+    ASSERT_TRUE(fresh.LoadProfiles());  // and no normal close follows
+  }
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
+}
+
+TEST_F(SharedProfileFile, ASaveThatCannotMakeItsFolderSaysSoAndDoesNotSpeakOfAnOldFile) {
+  WriteBytes(dir / "data", "a file where the data folder should be");
+  model.profilePath = dir / "data" / "quillet" / "Player_Profiles.ini";
+  model.preferencesPath = dir / "data" / "quillet" / "MyPrefs.ini";
+  model.AddProfile("Generic");
+  model.Form_QueryUnload();
+  ASSERT_EQ(services.messages.size(), 2u);
+  EXPECT_EQ(services.messages[0].text, "The player profiles could not be saved to \"" +
+                                           model.profilePath.string() + "\": the folder \"" +
+                                           (dir / "data" / "quillet").string() +
+                                           "\" could not be created (Not a directory). There was no file "
+                                           "there, and none was made.");
+  EXPECT_EQ(services.messages[1].text, "The preferences could not be saved to \"" +
+                                           model.preferencesPath.string() + "\": the folder \"" +
+                                           (dir / "data" / "quillet").string() +
+                                           "\" could not be created (Not a directory). There was no file "
+                                           "there, and none was made.");
+}
+
+}  // namespace
+}  // namespace quillet

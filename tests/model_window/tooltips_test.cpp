@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include "app/model/form1_model.h"
+#include "cards/hand_class.h"
+#include "tests/model_window/window_test_fixture.h"
+
+namespace quillet {
+namespace {
+
+class ToolTips : public testing::WindowModelTest {
+ protected:
+  int Block(const char* name) { return FindClassByName(name); }
+  void Cook(const std::string& board) {
+    model.txtBoard.text = board;
+    model.ColourCodeRT(model.txtBoard);
+    model.cmdCheckPossibleHands_Click();
+  }
+  // The flat index of the tree's node with `text` at its start, or -1.
+  int NodeStartingWith(std::string_view text) const {
+    for (std::size_t i = 0; i < model.TV.nodes.size(); ++i) {
+      if (model.TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
+    }
+    return -1;
+  }
+};
+
+TEST_F(ToolTips, ABlockNamesItsClassAndTheHoldingsOfItsOnLayer) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 0 of 4 in range");
+  model.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
+  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range");
+  model.PFHand_MouseUp(Block("QQ"), kLeftButton, 0);
+  EXPECT_EQ(model.BlockToolTip(Block("QQ")), "QQ: 6 of 6 in range");
+  EXPECT_EQ(model.BlockToolTip(FindClassByName("AK")), "AKo: 0 of 12 in range");
+}
+
+TEST_F(ToolTips, ABlockInTheSeenLayerSaysSoToo) {
+  ASSERT_TRUE(Start());
+  model.PFHand_MouseUp(Block("JTs"), kRightButton, 0);
+  EXPECT_EQ(model.BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range; 4 of 4 in the Seen layer");
+}
+
+TEST_F(ToolTips, ASuitCellSaysWhatAClickDoesToTheSelectedBlocks) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(model.SuitCellToolTip(0), "");  // no block selected: no cell shown
+  model.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
+  // The suited cells lie on the diagonal: cell 10 is hearts and hearts.
+  EXPECT_EQ(model.SuitCellToolTip(10),
+            "Both hearts: in the range for the selected blocks; a click takes these holdings out");
+  model.picSuit_Click(10);
+  EXPECT_EQ(model.SuitCellToolTip(10),
+            "Both hearts: out of the range for the selected blocks; a click puts these holdings back");
+  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 3 of 4 in range");
+}
+
+TEST_F(ToolTips, AnOffsuitCellNamesBothSuitsInOrder) {
+  ASSERT_TRUE(Start());
+  model.PFHand_MouseUp(FindClassByName("AK"), kRightButton, 0);
+  EXPECT_EQ(model.SuitCellToolTip(3),
+            "First card clubs, second spades: in the Seen layer for the selected blocks; a click takes these "
+            "holdings out");
+}
+
+TEST_F(ToolTips, EveryCommandLabelSaysWhatItDoesAndTheKeyedOnesTheirKey) {
+  for (int i = 0; i < kCommandLabelCount; ++i) {
+    EXPECT_FALSE(CommandLabelToolTip(static_cast<CommandLabel>(i)).empty()) << i;
+  }
+  EXPECT_NE(
+      CommandLabelToolTip(CommandLabel::cmdCheckPossibleHands).find("(Enter in My Hand or Board Cards)"),
+      std::string::npos);
+  EXPECT_NE(CommandLabelToolTip(CommandLabel::lblSave).find("(Enter in the box)"), std::string::npos);
+}
+
+TEST_F(ToolTips, TheEquityReadOutsSayWhatTheyMeasureAndTheUnroundedValueAfterACalculation) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(model.EquityToolTip(true),
+            "My Hand's equity against the opponent's range (Calc Equity shows it here)");
+  model.lblMyEquity.caption = "57.3%";
+  model.lbloppEquity.caption = "42.7%";
+  model.myEquity = 57.25;
+  model.oppEquity = 42.75;
+  model.equityStreet = kFlop;
+  EXPECT_EQ(
+      model.EquityToolTip(true),
+      "My Hand's equity against the opponent's range: 57.25%, on the flop, every turn and river dealt out");
+  EXPECT_EQ(
+      model.EquityToolTip(false),
+      "The opponent's range's equity against My Hand: 42.75%, on the flop, every turn and river dealt out");
+}
+
+TEST_F(ToolTips, ACategoryNodeOfTheTreeSaysWhatItsTerseCaptionMeansAndAHoldingHasNone) {
+  ASSERT_TRUE(Start());
+  model.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
+  Cook("Kc8h3s");
+  const int overpair = NodeStartingWith("O pair");
+  ASSERT_GE(overpair, 0);
+  EXPECT_EQ(model.TreeNodeToolTip(overpair), "Overpair: a pocket pair above every board card.");
+  const int holding = NodeStartingWith("Ac Ad");
+  ASSERT_GE(holding, 0) << model.exportText;
+  EXPECT_EQ(model.TreeNodeToolTip(holding), "");
+  EXPECT_EQ(model.TreeNodeToolTip(model.TV.nodes[holding].parent), "");  // the group of all six aces
+  EXPECT_EQ(model.TreeNodeToolTip(-1), "");
+}
+
+TEST_F(ToolTips, ADrawCategoryNodeSaysItsPercentageCanPassAHundred) {
+  ASSERT_TRUE(Start());
+  model.PFHand_MouseUp(Block("98s"), kLeftButton, 0);
+  Cook("7h6h2c");
+  const int openEnded = NodeStartingWith("Open ended straight draws");
+  ASSERT_GE(openEnded, 0) << model.exportText;
+  EXPECT_NE(model.TreeNodeToolTip(openEnded).find("can pass 100%"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quillet
