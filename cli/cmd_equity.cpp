@@ -5,6 +5,7 @@
 
 #include "categorise/cook.h"
 #include "cli/commands.h"
+#include "cli/equity_ranges.h"
 #include "cli/hand_board_range.h"
 #include "cli/options.h"
 #include "equity/calc_equity.h"
@@ -33,9 +34,17 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
                "the standard showdown rules (\"Standard Showdown Rules\"): best five of seven, ties split; "
                "--json adds win, tie, lose, showdowns and rules");
 
+  std::string handRange;
+  app.add_option("--hand-range", handRange,
+                 "my range in range notation in place of --hand: my range against --range (notation) under "
+                 "the standard rules; --json gives my, opp, win, tie, lose and showdowns");
+
   int status = kExitOk;
   const auto positional = ParseCommandWords(app, words, "equity", out, err, status);
   if (!positional) return status;
+  if (app.count("--hand-range") > 0) {
+    return RunEquityRanges({handRange, options.range, options.board, json}, out, err);
+  }
   const auto input = ReadHandBoardRange(app, options, *positional, "equity", err);
   if (!input) return kExitBadInput;
 

@@ -1,0 +1,81 @@
+#include "cli/equity_ranges.h"
+
+#include <charconv>
+#include <ostream>
+#include <string>
+
+#include "cards/card_input.h"
+#include "cli/commands.h"
+#include "equity/equity_display.h"
+#include "equity/range_equity.h"
+#include "equity/tally_text.h"
+#include "range/range_notation.h"
+
+namespace quillet::cli {
+namespace {
+
+// The shortest text that reads back as the same double ("57.25", "-1", "50").
+std::string JsonNumber(double value) {
+  char buffer[32];
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+  return std::string(buffer, result.ptr);
+}
+
+// The board as the Board box reads it, with the window's messages when it is refused.
+bool ReadBoard(const std::string& text, BoardCards& board, int32_t& street, std::ostream& err) {
+  std::string handText;
+  std::string boardText = text;
+  HandCards hand;
+  const MessageSink message = [&](std::string_view line) { err << line << "\n"; };
+  if (!ReadCardInputs(handText, boardText, message, hand, board, street)) {
+    err << "Bad Input\n";
+    return false;
+  }
+  if (!HasNoDuplicateCards(hand, board, street, handText)) {
+    err << "Duplicate card exists\n";
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::ostream& err) {
+  const ParsedRange mine = ParseRangeNotation(request.handRange);
+  if (!mine.ok()) {
+    err << "equity: --hand-range: " << mine.error->message << "\n";
+    return kExitBadInput;
+  }
+  const ParsedRange theirs = ParseRangeNotation(request.range);
+  if (!theirs.ok()) {
+    err << "equity: --range: " << theirs.error->message << "\n";
+    return kExitBadInput;
+  }
+  BoardCards board;
+  int32_t street = kNoBoard;
+  if (!ReadBoard(request.board, board, street, err)) return kExitBadInput;
+
+  const RangeEquityResult result = StandardRangeEquity(mine.holdings, theirs.holdings, board, street);
+  if (!result.ok()) {
+    err << "equity: " << result.error << "\n";
+    return kExitFailure;
+  }
+  const ShowdownTally& tally = result.tally;
+  const bool counted = tally.Showdowns() > 0;
+  const double my = counted ? tally.EquityPercent() : -1.0;
+  const double opp = counted ? tally.Reversed().EquityPercent() : -1.0;
+  if (request.json) {
+    out << "{\"my\":" << JsonNumber(my) << ",\"opp\":" << JsonNumber(opp)
+        << ",\"win\":" << JsonNumber(tally.WinPercent()) << ",\"tie\":" << JsonNumber(tally.TiePercent())
+        << ",\"lose\":" << JsonNumber(tally.LossPercent()) << ",\"showdowns\":" << tally.Showdowns()
+        << ",\"street\":" << street << ",\"rules\":\"" << ShowdownRulesName(ShowdownRules::Standard)
+        << "\"}\n";
+  } else {
+    out << "My Equity: " << FormatEquityReadOut(my) << "\n"
+        << "Opp Equity: " << FormatEquityReadOut(opp) << "\n"
+        << ShowdownTallyText(tally) << "\n";
+  }
+  return kExitOk;
+}
+
+}  // namespace quillet::cli
