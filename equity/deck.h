@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "cards/card.h"
+#include "cards/holding.h"
 
 namespace quillet {
 
@@ -15,15 +16,6 @@ struct Deck {
   std::array<Card, kDeckSize> cards{};
   int32_t size = 0;
 };
-
-// Place of a card in the deck (0..51); the card must be a real card.
-constexpr int32_t DeckIndex(Card card) {
-  return card.suit * 13 + card.rank - 2;
-}
-// The card at a place in the deck (0..51).
-constexpr Card DeckCard(int32_t index) {
-  return {index % 13 + 2, index / 13};
-}
 
 // Builds the deck: all 52 cards in deck order, size 52.
 Deck InitDeck();

@@ -11,23 +11,6 @@ namespace {
 
 constexpr int32_t kSuitRenamings = 24;
 
-// The deck places of each holding's two cards, the higher first.
-using Places = std::array<std::array<uint8_t, 2>, kHoldingCount>;
-
-constexpr Places kHoldingPlaces = [] {
-  Places places{};
-  for (int32_t high = 1; high < 52; ++high) {
-    for (int32_t low = 0; low < high; ++low) {
-      places[high * (high - 1) / 2 + low] = {static_cast<uint8_t>(high), static_cast<uint8_t>(low)};
-    }
-  }
-  return places;
-}();
-
-const Places& HoldingPlaces() {
-  return kHoldingPlaces;
-}
-
 // Each holding under each renaming of the suits (the renamings in lexicographic order of the new names
 // of suits 0, 1, 2, 3): the holding it becomes, and that holding written as high << 6 | low.
 struct Renaming {
@@ -42,10 +25,10 @@ Renamings BuildRenamings() {
   int n = 0;
   do {
     for (int32_t h = 0; h < kHoldingCount; ++h) {
-      const auto cards = HoldingCards(h);
+      const auto cards = CardsOfHolding(h);
       const Card c1{cards[0].rank, perm[cards[0].suit]};
       const Card c2{cards[1].rank, perm[cards[1].suit]};
-      const int32_t renamed = HoldingIndex(c1, c2);
+      const int32_t renamed = HoldingNumber(c1, c2);
       const auto places = HoldingPlaces()[renamed];
       renamings[n].holding[h] = static_cast<uint16_t>(renamed);
       renamings[n].code[h] = static_cast<uint16_t>(places[0] << 6 | places[1]);
@@ -77,17 +60,12 @@ bool RealHolding(Card c1, Card c2) {
 }
 
 std::string MatchupText(int32_t a, int32_t b) {
-  const auto ca = HoldingCards(a);
-  const auto cb = HoldingCards(b);
+  const auto ca = CardsOfHolding(a);
+  const auto cb = CardsOfHolding(b);
   return CardToText(ca[0]) + CardToText(ca[1]) + " v " + CardToText(cb[0]) + CardToText(cb[1]);
 }
 
 }  // namespace
-
-std::array<Card, 2> HoldingCards(int32_t holding) {
-  const auto places = HoldingPlaces()[holding];
-  return {DeckCard(places[0]), DeckCard(places[1])};
-}
 
 bool HoldingsOverlap(int32_t a, int32_t b) {
   const auto& places = HoldingPlaces();
@@ -188,19 +166,19 @@ PreflopClassTable::ClassRef PreflopClassTable::ClassOf(int32_t holding, int32_t 
 
 ShowdownTally PreflopClassTable::Matchup(Card h1, Card h2, Card o1, Card o2) const {
   if (!RealHolding(h1, h2) || !RealHolding(o1, o2)) return {};
-  return Matchup(HoldingIndex(h1, h2), HoldingIndex(o1, o2));
+  return Matchup(HoldingNumber(h1, h2), HoldingNumber(o1, o2));
 }
 
 ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const {
   if (!RealHolding(h1, h2)) return {};
   // My Hand's row of the matchup table; a holding that shares a card with My Hand reads the all-zero entry.
-  const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingIndex(h1, h2)) * kHoldingCount;
+  const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
   uint64_t wins = 0;
   uint64_t ties = 0;
   uint64_t losses = 0;
   for (const HandCombo& h : holdings) {
     if (!h.flag || !RealHolding(h.card1(), h.card2())) continue;
-    const Counts& c = oriented_[row[HoldingIndex(h.card1(), h.card2())]];
+    const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
     wins += c[0];
     ties += c[1];
     losses += c[2];

@@ -25,22 +25,14 @@
 #include <vector>
 
 #include "cards/card.h"
+#include "cards/holding.h"
 #include "equity/showdown_rules.h"
 
 namespace quillet {
 
-inline constexpr int32_t kHoldingCount = 1326;           // C(52, 2)
 inline constexpr int32_t kMatchupClassCount = 47008;     // classes of the 1,326 x 1,225 ordered matchups
 inline constexpr uint32_t kPreflopBoardCount = 1712304;  // C(48, 5): the boards of one matchup
 
-// The number of a holding, its two cards different real cards in either order.
-constexpr int32_t HoldingIndex(Card c1, Card c2) {
-  const int32_t x = c1.suit * 13 + c1.rank - 2;
-  const int32_t y = c2.suit * 13 + c2.rank - 2;
-  return x > y ? x * (x - 1) / 2 + y : y * (y - 1) / 2 + x;
-}
-// The two cards of holding 0..1325, the higher deck place first.
-std::array<Card, 2> HoldingCards(int32_t holding);
 // Whether two holdings share a card.
 bool HoldingsOverlap(int32_t a, int32_t b);
 

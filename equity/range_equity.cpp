@@ -22,7 +22,7 @@ constexpr uint64_t DeckBit(int32_t place) {
 const std::array<std::array<Card, 2>, kHoldingCount>& CardsOfHoldings() {
   static const auto cards = [] {
     std::array<std::array<Card, 2>, kHoldingCount> table{};
-    for (int32_t h = 0; h < kHoldingCount; ++h) table[h] = HoldingCards(h);
+    for (int32_t h = 0; h < kHoldingCount; ++h) table[h] = CardsOfHolding(h);
     return table;
   }();
   return cards;
@@ -39,7 +39,7 @@ HoldingWeights LiveWeights(std::span<const HandCombo> range, uint64_t boardCards
     const Card b = combo.card2();
     if (!combo.flag || !IsDeckCard(a) || !IsDeckCard(b) || a == b) continue;
     if (((DeckBit(DeckIndex(a)) | DeckBit(DeckIndex(b))) & boardCards) != 0) continue;
-    ++weights[HoldingIndex(a, b)];
+    ++weights[HoldingNumber(a, b)];
     ++count;
   }
   return weights;

@@ -1,5 +1,4 @@
-// Range against range for holding sets. Kept apart from range_equity.cpp, which reads holdings by the
-// numbers of the matchup class table.
+// Range against range for holding sets: each set becomes its list of holdings, which the list form reads.
 #include <vector>
 
 #include "equity/range_equity.h"
@@ -13,8 +12,8 @@ std::vector<HandCombo> CombosOf(const HoldingSet& holdings) {
   combos.reserve(static_cast<std::size_t>(holdings.size()));
   for (int number = 0; number < kHoldingCount; ++number) {
     if (!holdings.contains(number)) continue;
-    const HoldingCards cards = CardsOfHolding(number);
-    combos.push_back(HandCombo{true, cards.high.rank, cards.high.suit, cards.low.rank, cards.low.suit});
+    const auto cards = CardsOfHolding(number);
+    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
   }
   return combos;
 }

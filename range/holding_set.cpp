@@ -36,13 +36,6 @@ void AddRecordHoldings(const BlockRecord& record, HoldingSet& set) {
 
 }  // namespace
 
-HoldingCards CardsOfHolding(int number) {
-  // The high deck number x is the largest with x (x - 1) / 2 <= number.
-  int x = 1;
-  while ((x + 1) * x / 2 <= number) ++x;
-  return {CardOfDeckNumber(x), CardOfDeckNumber(number - x * (x - 1) / 2)};
-}
-
 HoldingSet HoldingSet::All() {
   static const HoldingSet all = [] {
     HoldingSet set;

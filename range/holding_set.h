@@ -1,8 +1,7 @@
 // A set of two-card holdings: one bit for each of the 1,326 holdings, a small value type that the range
 // notation reads into and prints from, and that a range layer turns into and back.
 //
-// Holding numbers: a card's deck number is suit x 13 + rank - 2 (0..51, the deck order); the holding of the
-// cards with deck numbers a > b has number a x (a - 1) / 2 + b, so the two cards' order does not matter.
+// Holdings are numbered as cards/holding.h numbers them.
 #pragma once
 
 #include <array>
@@ -10,38 +9,10 @@
 #include <cstdint>
 
 #include "cards/card.h"
+#include "cards/holding.h"
 #include "range/block_record.h"
 
 namespace quillet {
-
-inline constexpr int kHoldingCount = 1326;
-
-constexpr int DeckNumber(Card card) {
-  return card.suit * 13 + card.rank - 2;
-}
-constexpr Card CardOfDeckNumber(int number) {
-  return {number % 13 + 2, number / 13};
-}
-
-// Whether both cards are real cards and differ.
-constexpr bool IsHolding(Card a, Card b) {
-  auto real = [](Card c) { return c.rank >= 2 && c.rank <= 14 && c.suit >= 0 && c.suit <= 3; };
-  return real(a) && real(b) && a != b;
-}
-
-// The holding number of two different real cards, in either order.
-constexpr int HoldingNumber(Card a, Card b) {
-  const int x = DeckNumber(a);
-  const int y = DeckNumber(b);
-  return x > y ? x * (x - 1) / 2 + y : y * (y - 1) / 2 + x;
-}
-
-// The two cards of a holding number, the higher deck number first.
-struct HoldingCards {
-  Card high;
-  Card low;
-};
-HoldingCards CardsOfHolding(int number);
 
 class HoldingSet {
  public:

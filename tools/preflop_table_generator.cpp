@@ -282,8 +282,8 @@ GeneratedTables GeneratePreflopTables(int threads, const GeneratorProgress& prog
   const auto work = [&] {
     for (int64_t i = next++; i < total; i = next++) {
       const auto holdings = ClassCodeHoldings(codes[i]);
-      const auto a = HoldingCards(holdings[0]);
-      const auto b = HoldingCards(holdings[1]);
+      const auto a = CardsOfHolding(holdings[0]);
+      const auto b = CardsOfHolding(holdings[1]);
       const ShowdownTally tally = CountMatchupShowdowns(a[0], a[1], b[0], b[1]);
       records[i] = {codes[i], static_cast<uint32_t>(tally.wins), static_cast<uint32_t>(tally.ties),
                     static_cast<uint32_t>(tally.losses)};
@@ -326,13 +326,13 @@ GeneratedTables GeneratePreflopTables(int threads, const GeneratorProgress& prog
   for (int32_t p1 = 0; p1 < 52; ++p1)
     for (int32_t p2 = 0; p2 < 52; ++p2) {
       if (p2 == p1) continue;
-      const int32_t a = HoldingIndex(DeckCard(p1), DeckCard(p2));
+      const int32_t a = HoldingNumber(DeckCard(p1), DeckCard(p2));
       for (int32_t q1 = 0; q1 < 52; ++q1) {
         if (q1 == p1 || q1 == p2) continue;
         for (int32_t q2 = 0; q2 < 52; ++q2) {
           if (q2 == p1 || q2 == p2 || q2 == q1) continue;
           const PreflopClassTable::ClassRef ref =
-              classes.ClassOf(a, HoldingIndex(DeckCard(q1), DeckCard(q2)));
+              classes.ClassOf(a, HoldingNumber(DeckCard(q1), DeckCard(q2)));
           const double e = ref.reversed ? 100.0 - equity[ref.index] : equity[ref.index];
           Sum& s = sums[BuildMatchupKey(DeckCard(p1), DeckCard(p2), DeckCard(q1), DeckCard(q2))];
           s.equity += e;

@@ -144,7 +144,7 @@ TEST(ClassTableFile, RefusesAClassThatNoMatchupHas) {
 uint32_t RenamedCode(uint32_t code, const std::array<int32_t, 4>& perm) {
   uint32_t out = 0;
   for (int h = 0; h < 2; ++h) {
-    const auto cards = HoldingCards(ClassCodeHoldings(code)[h]);
+    const auto cards = CardsOfHolding(ClassCodeHoldings(code)[h]);
     const int32_t x = perm[cards[0].suit] * 13 + cards[0].rank - 2;
     const int32_t y = perm[cards[1].suit] * 13 + cards[1].rank - 2;
     out = out << 12 | static_cast<uint32_t>(x > y ? x << 6 | y : y << 6 | x);

@@ -46,17 +46,17 @@ std::vector<HandCombo> AllHoldings() {
   return all;
 }
 
-TEST(HoldingIndex, NumbersTheHoldingsZeroToThirteenTwentyFiveEitherWayRound) {
+TEST(HoldingNumber, NumbersTheHoldingsZeroToThirteenTwentyFiveEitherWayRound) {
   std::vector<bool> seen(kHoldingCount, false);
   for (int32_t x = 0; x < 52; ++x) {
     for (int32_t y = 0; y < x; ++y) {
-      const int32_t h = HoldingIndex(DeckCard(x), DeckCard(y));
+      const int32_t h = HoldingNumber(DeckCard(x), DeckCard(y));
       ASSERT_GE(h, 0);
       ASSERT_LT(h, kHoldingCount);
       EXPECT_FALSE(seen[h]);
       seen[h] = true;
-      EXPECT_EQ(HoldingIndex(DeckCard(y), DeckCard(x)), h);
-      EXPECT_EQ(HoldingCards(h), (std::array<Card, 2>{DeckCard(x), DeckCard(y)}));
+      EXPECT_EQ(HoldingNumber(DeckCard(y), DeckCard(x)), h);
+      EXPECT_EQ(CardsOfHolding(h), (std::array<Card, 2>{DeckCard(x), DeckCard(y)}));
     }
   }
 }
@@ -167,7 +167,7 @@ TEST(PreflopClasses, TenRandomlyChosenClassesHoldTheTallyAFullEnumerationOfEvery
     std::array<Card, 4> cards;
     for (int h = 0; h < 2; ++h) {
       for (int c = 0; c < 2; ++c) {
-        const Card card = HoldingCards(holdings[h])[c];
+        const Card card = CardsOfHolding(holdings[h])[c];
         cards[2 * h + c] = {card.rank, suits[card.suit]};
       }
     }

@@ -14,16 +14,16 @@ TEST(HoldingNumber, GivesEachOfThe1326HoldingsItsOwnNumberInEitherCardOrder) {
   std::set<int> seen;
   for (int a = 0; a < 52; ++a) {
     for (int b = 0; b < a; ++b) {
-      const Card x = CardOfDeckNumber(a);
-      const Card y = CardOfDeckNumber(b);
+      const Card x = DeckCard(a);
+      const Card y = DeckCard(b);
       const int n = HoldingNumber(x, y);
       EXPECT_EQ(n, HoldingNumber(y, x));
       EXPECT_GE(n, 0);
       EXPECT_LT(n, kHoldingCount);
       seen.insert(n);
-      const HoldingCards cards = CardsOfHolding(n);
-      EXPECT_EQ(cards.high, x);
-      EXPECT_EQ(cards.low, y);
+      const auto cards = CardsOfHolding(n);
+      EXPECT_EQ(cards[0], x);
+      EXPECT_EQ(cards[1], y);
     }
   }
   EXPECT_EQ(seen.size(), 1326u);

@@ -86,7 +86,7 @@ std::vector<HandCombo> Combos(std::initializer_list<const char*> texts) {
 std::vector<HandCombo> EveryHolding() {
   std::vector<HandCombo> combos;
   for (int32_t h = 0; h < kHoldingCount; ++h) {
-    const auto cards = HoldingCards(h);
+    const auto cards = CardsOfHolding(h);
     combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
   }
   return combos;

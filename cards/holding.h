@@ -1,0 +1,45 @@
+// Card places in the deck and the numbering of the 1,326 two-card holdings, shared by every part of the
+// program that indexes holdings (range notation, the preflop class table, range against range).
+//
+// A card's place in the deck is suit x 13 + rank - 2 (0..51, the deck order). The holding of the cards at
+// places a > b has number a x (a - 1) / 2 + b (0..1325), so the order of its two cards does not matter.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "cards/card.h"
+
+namespace quillet {
+
+inline constexpr int32_t kHoldingCount = 1326;  // C(52, 2)
+
+// Place of a card in the deck (0..51); the card must be a real card.
+constexpr int32_t DeckIndex(Card card) {
+  return card.suit * 13 + card.rank - 2;
+}
+// The card at a place in the deck (0..51).
+constexpr Card DeckCard(int32_t index) {
+  return {index % 13 + 2, index / 13};
+}
+
+// Whether both cards are real cards and differ.
+constexpr bool IsHolding(Card a, Card b) {
+  auto real = [](Card c) { return c.rank >= 2 && c.rank <= 14 && c.suit >= 0 && c.suit <= 3; };
+  return real(a) && real(b) && a != b;
+}
+
+// The number of the holding of two different real cards, in either order.
+constexpr int32_t HoldingNumber(Card a, Card b) {
+  const int32_t x = DeckIndex(a);
+  const int32_t y = DeckIndex(b);
+  return x > y ? x * (x - 1) / 2 + y : y * (y - 1) / 2 + x;
+}
+
+// The deck places of each holding's two cards, the higher first, by holding number.
+using HoldingPlaceTable = std::array<std::array<uint8_t, 2>, kHoldingCount>;
+const HoldingPlaceTable& HoldingPlaces();
+// The two cards of holding 0..1325, the one at the higher deck place first.
+std::array<Card, 2> CardsOfHolding(int32_t number);
+
+}  // namespace quillet
