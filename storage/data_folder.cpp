@@ -37,15 +37,41 @@ fs::path UserDataFolder(const DataFolderEnvironment& env) {
   return {};
 }
 
-fs::path ChooseDataFolder(const fs::path& programFolder, bool programFolderWritable,
+#ifndef QUILLET_INSTALL_BINDIR
+#define QUILLET_INSTALL_BINDIR ""
+#endif
+
+bool IsInstalledProgramFolder(const fs::path& programFolder, const fs::path& installBinFolder,
+                              bool menuEntryInstalledBeside) {
+  if (programFolder.empty()) return false;
+  const auto normal = [](const fs::path& p) {
+    fs::path n = p.lexically_normal();
+    return n.has_filename() || n == n.root_path() ? n : n.parent_path();  // "/usr/bin/" reads as "/usr/bin"
+  };
+  const fs::path folder = normal(programFolder);
+  if (!installBinFolder.empty() && folder == normal(installBinFolder)) return true;
+  return folder.filename() == "bin" && menuEntryInstalledBeside;
+}
+
+bool IsInstalledProgramFolder(const fs::path& programFolder) {
+  std::error_code ec;
+  const bool menuEntry =
+      fs::is_regular_file(programFolder.parent_path() / "share" / "applications" / "quillet.desktop", ec);
+  return IsInstalledProgramFolder(programFolder, QUILLET_INSTALL_BINDIR, menuEntry);
+}
+
+fs::path ChooseDataFolder(const fs::path& programFolder, bool programFolderWritable, bool installedProgram,
                           const DataFolderEnvironment& env) {
-  if (programFolderWritable) return programFolder;
+  if (programFolderWritable && !installedProgram) return programFolder;
   fs::path user = UserDataFolder(env);
   return user.empty() ? programFolder : user;
 }
 
 fs::path ChooseDataFolder(const fs::path& programFolder) {
-  return ChooseDataFolder(programFolder, IsWritableFolder(programFolder), CurrentDataFolderEnvironment());
+  const bool installed = IsInstalledProgramFolder(programFolder);
+  // An installed program is not probed: nothing is created in its folder, even for a moment.
+  const bool writable = !installed && IsWritableFolder(programFolder);
+  return ChooseDataFolder(programFolder, writable, installed, CurrentDataFolderEnvironment());
 }
 
 fs::path RunningProgramFolder() {

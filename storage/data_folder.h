@@ -1,6 +1,5 @@
-// Where the two files live: the program's own folder, or, when the program cannot write there (an
-// installed program in a system folder), the user's data folder $XDG_DATA_HOME/quillet (by default
-// ~/.local/share/quillet).
+// Where the two files live: the program's own folder, or, for an installed program or one that cannot
+// write there, the user's data folder $XDG_DATA_HOME/quillet (by default ~/.local/share/quillet).
 #pragma once
 
 #include <filesystem>
@@ -21,10 +20,19 @@ bool IsWritableFolder(const std::filesystem::path& folder);
 // $XDG_DATA_HOME/quillet, else HOME/.local/share/quillet; empty when neither is known.
 std::filesystem::path UserDataFolder(const DataFolderEnvironment& env);
 
-// The program's folder when it can be written, else the user's data folder (the program's folder again
-// when there is no user data folder either). The user's data folder is not created here.
+// Whether the program's folder is an installed program's bin folder: the bin folder this build installs
+// into (installBinFolder), or a folder named "bin" whose install tree holds Quillet's menu entry
+// (../share/applications/quillet.desktop, installed beside the programs by cmake --install and the
+// package; a package may be built for another prefix than the one configured). A build folder is never one.
+bool IsInstalledProgramFolder(const std::filesystem::path& programFolder,
+                              const std::filesystem::path& installBinFolder, bool menuEntryInstalledBeside);
+bool IsInstalledProgramFolder(const std::filesystem::path& programFolder);
+
+// The program's folder when it can be written and is not an installed program's folder, else the user's
+// data folder (the program's folder again when there is no user data folder either). The user's data
+// folder is not created here.
 std::filesystem::path ChooseDataFolder(const std::filesystem::path& programFolder, bool programFolderWritable,
-                                       const DataFolderEnvironment& env);
+                                       bool installedProgram, const DataFolderEnvironment& env);
 std::filesystem::path ChooseDataFolder(const std::filesystem::path& programFolder);
 
 // The folder of the running executable (empty when it cannot be found).
