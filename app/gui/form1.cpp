@@ -146,6 +146,9 @@ void Form1::BuildControls() {
   readOut.setBold(true);
   lblMyEquity_->setFont(readOut);
   lbloppEquity_->setFont(readOut);
+  // A read-out's value can be selected with the mouse and copied (Ctrl+C or its right-click menu).
+  lblMyEquity_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lbloppEquity_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
   // The grid with its hint, the suit matrix, the range text and slider, the quick-select commands.
   QLabel* hint = caption(QString::fromLatin1(kHint), 8, 110, 452, 32, Qt::AlignLeft | Qt::AlignVCenter);
@@ -304,7 +307,7 @@ void Form1::ConnectEvents() {
   });
   connect(txtMyHand_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
   connect(txtBoard_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtBoard_Click(); }); });
-  connect(lblMyHand_, &ClickableLabel::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
+  connect(lblMyHand_, &ClickableLabel::clicked, this, [this] { Act([this] { model_.lblMyHand_Click(); }); });
   connect(lblBoardCards_, &ClickableLabel::clicked, this,
           [this] { Act([this] { model_.txtBoard_Click(); }); });
 

@@ -5,6 +5,8 @@
 #include "cards/hand_class.h"
 #include "range/card_text_colour.h"
 #include "range/grid_colours.h"
+#include "range/my_hand_range.h"
+#include "range/range_notation.h"
 
 namespace quillet {
 namespace {
@@ -23,7 +25,8 @@ void OpenPicker(Form1Model& form, bool forMyHand) {
   picker.offsetX = box.width + kPickerGapX;
   picker.offsetY = kPickerOffsetY;
   if (forMyHand) {
-    picker.Init(2, 2, true, box.text);
+    // A range's text names no cards to start from.
+    picker.Init(2, 2, true, form.MyHandIsRange() ? std::string_view{} : std::string_view(box.text));
   } else {
     picker.Init(3, 5, false, box.text);
   }
@@ -60,6 +63,21 @@ void Form1Model::ColourCodeRT(RichTextState& box) {
   box.selLength = 0;
 }
 
+bool Form1Model::MyHandIsRange() const {
+  return options.standardShowdownRules && !IsTwoCardText(txtMyHand.text);
+}
+
+void Form1Model::ColourMyHand() {
+  if (!MyHandIsRange()) {
+    ColourCodeRT(txtMyHand);
+    return;
+  }
+  const ParsedRange parsed = ParseRangeNotation(txtMyHand.text);
+  txtMyHand.charColours = RangeTextColours(txtMyHand.text, parsed.error ? &*parsed.error : nullptr);
+  txtMyHand.selStart = static_cast<int>(txtMyHand.text.size());
+  txtMyHand.selLength = 0;
+}
+
 void Form1Model::txtMyHand_KeyDown(int keyCode, int /*shift*/) {
   ClearEquityDisplay();
   if (keyCode == kKeyEnter) cmdCheckPossibleHands_Click();
@@ -73,6 +91,11 @@ void Form1Model::txtBoard_KeyDown(int keyCode, int /*shift*/) {
 }
 
 void Form1Model::txtMyHand_Click() {
+  if (MyHandIsRange()) return;
+  OpenPicker(*this, true);
+}
+
+void Form1Model::lblMyHand_Click() {
   OpenPicker(*this, true);
 }
 

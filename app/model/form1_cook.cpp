@@ -5,6 +5,9 @@
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
 #include "categorise/cook.h"
+#include "range/holding_set.h"
+#include "range/my_hand_range.h"
+#include "range/range_notation.h"
 
 namespace quillet {
 
@@ -35,9 +38,32 @@ std::vector<HandCombo> Form1Model::CurrentRangeCombos() const {
   return CollectRangeCombos(profile->rangeLayer, profile->seenLayer);
 }
 
+bool Form1Model::ReadMyRangeBoxes(CardInputs& cards, HoldingSet& myRange) {
+  cards = CheckCardInputs("", txtBoard.text, CardsFor::Cook);
+  txtBoard.text = cards.boardText;
+  if (cards.textsRead) ColourCodeRT(txtBoard);
+  for (const std::string& message : cards.messages) services.MsgBox(message);
+  if (!cards.ok()) return false;
+  const ParsedRange mine = ParseRangeNotation(txtMyHand.text);
+  ColourMyHand();
+  if (!mine.ok()) {
+    services.MsgBox(MyHandRangeMessage(*mine.error));
+    return false;
+  }
+  myRange = mine.holdings;
+  return true;
+}
+
 void Form1Model::cmdCheckPossibleHands_Click() {
-  const CardInputs cards = ReadCardBoxes(CardsFor::Cook);
-  if (!cards.ok()) return;
+  CardInputs cards;
+  if (MyHandIsRange()) {
+    // The opponent's range is cooked on the board alone: my range's cards are not known.
+    HoldingSet myRange;
+    if (!ReadMyRangeBoxes(cards, myRange)) return;
+  } else {
+    cards = ReadCardBoxes(CardsFor::Cook);
+    if (!cards.ok()) return;
+  }
   CookResult cooked = Cook(cards, CurrentRangeCombos());
   categories = std::move(cooked.categories);
 

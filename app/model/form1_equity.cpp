@@ -5,10 +5,27 @@
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
 #include "equity/calc_equity.h"
+#include "equity/engine.h"
 #include "equity/equity_display.h"
+#include "equity/range_equity.h"
+#include "equity/standard_equity.h"
 #include "equity/tally_text.h"
+#include "range/holding_set.h"
 
 namespace quillet {
+namespace {
+
+// Why a range against a range found no showdown to count (the read-outs show -1.0% then).
+std::string NoShowdownReason(const RangeEquityResult& result, const HoldingSet& mine,
+                             const HoldingSet& theirs) {
+  if (mine.empty()) return "My Hand's range is empty";
+  if (result.myHoldings == 0) return "every holding of My Hand's range shares a card with the board";
+  if (theirs.empty()) return "the opponent's range is empty";
+  if (result.oppHoldings == 0) return "every holding of the opponent's range shares a card with the board";
+  return "every holding of My Hand's range shares a card with every holding of the opponent's";
+}
+
+}  // namespace
 
 void Form1Model::ClearEquityDisplay() {
   lblMyEquity.opaque = false;
@@ -20,6 +37,10 @@ void Form1Model::ClearEquityDisplay() {
 
 void Form1Model::cmdCalcEquity_Click() {
   ClearEquityDisplay();
+  if (MyHandIsRange()) {
+    CalcMyRangeEquity();
+    return;
+  }
   EquityRequest request;
   request.cards = ReadCardBoxes(CardsFor::Equity);
   if (!request.cards.ok() || !request.cards.hasHand()) return;
@@ -42,6 +63,7 @@ void Form1Model::cmdCalcEquity_Click() {
   myEquity = outcome.values.my;
   oppEquity = outcome.values.opp;
   equityStreet = outcome.street;
+  equityOfMyRange = false;
   lblMyEquity.caption = FormatEquityReadOut(myEquity);
   lbloppEquity.caption = FormatEquityReadOut(oppEquity);
   lblMyEquity.opaque = true;
@@ -49,6 +71,46 @@ void Form1Model::cmdCalcEquity_Click() {
   if (outcome.tally) {
     lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
     lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
+  }
+}
+
+void Form1Model::CalcMyRangeEquity() {
+  CardInputs cards;
+  HoldingSet mine;
+  if (!ReadMyRangeBoxes(cards, mine)) return;
+
+  LabelState& command = label(CommandLabel::cmdCalcEquity);
+  command.backColour = kCalculatingBackColour;
+  const bool enumerates = cards.street == kFlop || cards.street == kTurn;
+  if (enumerates) command.caption = kCalculatingCaption;
+  services.RepaintNow();
+
+  HoldingSet theirs;
+  for (const HandCombo& holding : CurrentRangeCombos()) theirs.insert(holding.card1(), holding.card2());
+  const RangeEquityResult result = StandardRangeEquity(mine, theirs, cards.board, cards.street);
+
+  if (enumerates) command.caption = kCalcEquityCaption;
+  command.backColour = label(CommandLabel::lblOptions).backColour;
+  if (!result.ok()) {
+    // Preflop without the exact class table: nothing was counted.
+    services.MsgBox(result.error);
+    return;
+  }
+  const EquityResult values = EquityFromTally(result.tally);  // -1 and -1 without a showdown
+  myEquity = values.my;
+  oppEquity = values.opp;
+  equityStreet = cards.street;
+  equityOfMyRange = true;
+  lblMyEquity.caption = FormatEquityReadOut(myEquity);
+  lbloppEquity.caption = FormatEquityReadOut(oppEquity);
+  lblMyEquity.opaque = true;
+  lblMyEquity.backColour = EquityColour(EquityToInteger(myEquity));
+  if (result.tally.Showdowns() == 0) {
+    lblMyEquity.toolTip = ShowdownTallyText(result.tally) + ": " + NoShowdownReason(result, mine, theirs);
+    lbloppEquity.toolTip = lblMyEquity.toolTip;
+  } else {
+    lblMyEquity.toolTip = ShowdownTallyText(result.tally);
+    lbloppEquity.toolTip = ShowdownTallyText(result.tally.Reversed());
   }
 }
 
@@ -69,6 +131,8 @@ void Form1Model::mnuStandardShowdownRules_Click() {
   ToggleMenuCheck(options.standardShowdownRules);
   // A result shown under the other rules would read as one of the new rules: the read-outs go blank.
   ClearEquityDisplay();
+  // My Hand's text may now be read the other way (a range only under the standard rules).
+  ColourMyHand();
 }
 
 }  // namespace quillet

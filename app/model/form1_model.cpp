@@ -62,7 +62,7 @@ bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
   LoadPreferences();
   ShowCurrentProfile();
 
-  ColourCodeRT(txtMyHand);
+  ColourMyHand();
   ColourCodeRT(txtBoard);
   ClearEquityDisplay();
   if (!LoadLookupTables()) return false;

@@ -35,6 +35,7 @@
 namespace quillet {
 
 struct PreferenceLine;  // storage/preferences_file.h
+class HoldingSet;       // range/holding_set.h
 
 // Mouse buttons and modifier masks as the handlers receive them.
 inline constexpr int kLeftButton = 1;
@@ -210,6 +211,14 @@ class Form1Model {
   CardInputs ReadCardBoxes(CardsFor use);
   // The holdings of the current profile's range (empty with no profile selected, which is no error).
   std::vector<HandCombo> CurrentRangeCombos() const;
+  // With a range in My Hand, the cook's and the equity command's reading: the Board as CheckCardInputs
+  // reads it with My Hand left empty (its messages and normalised text as with a hand), then My Hand as
+  // range notation, its text coloured by RangeTextColours. A range that cannot be read shows
+  // MyHandRangeMessage. False when either was refused.
+  bool ReadMyRangeBoxes(CardInputs& cards, HoldingSet& myRange);
+  // Calc Equity with a range in My Hand: my range against the opponent's (the current profile's holdings)
+  // under the standard rules, exactly, on the board as it stands.
+  void CalcMyRangeEquity();
 
  public:
   // ---- equity (form1_equity.cpp) ----
@@ -274,10 +283,21 @@ class Form1Model {
 
   // ---- card entry, card picker and suit matrix (form1_card_entry.cpp) ----
   void ColourCodeRT(RichTextState& box);
+  // My Hand holds a range rather than a hand: "Standard Showdown Rules" is ticked and the box's text is
+  // neither empty nor two cards (IsTwoCardText). The cook, Calc Equity, the icons and the picker follow.
+  bool MyHandIsRange() const;
+  // Colours My Hand as it is read: a range by RangeTextColours (its error, if any, in the rejected colour),
+  // anything else by suit as ColourCodeRT does.
+  void ColourMyHand();
   void txtMyHand_KeyDown(int keyCode, int shift);
   void txtBoard_KeyDown(int keyCode, int shift);
-  void txtMyHand_Click();  // also lblMyHand_Click: opens the picker for My Hand
-  void txtBoard_Click();   // also lblBoardCards_Click: opens the picker for the Board
+  // A click in the box opens the picker for My Hand, except while the box holds a range (the user is
+  // editing its text then).
+  void txtMyHand_Click();
+  // The label always opens the picker for My Hand; with a range in the box it starts with no card chosen,
+  // and its OK puts the two cards picked in place of the range.
+  void lblMyHand_Click();
+  void txtBoard_Click();  // also lblBoardCards_Click: opens the picker for the Board
   // The picker's OK wrote its text: put it into the target box and colour it (called by SelCardsModel).
   void WritePickedCards(bool targetMyHand, const std::string& text);
   void picSuit_Click(int index);
@@ -362,6 +382,7 @@ class Form1Model {
   double myEquity = 0.0;
   double oppEquity = 0.0;
   int32_t equityStreet = kNoBoard;
+  bool equityOfMyRange = false;       // the read-outs give my range's equity (a range in My Hand)
   std::string lblCheckPossibleHands;  // the cook's three-line caption
   bool lblSeenVisible = false;
 

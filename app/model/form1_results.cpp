@@ -50,7 +50,8 @@ void Form1Model::BuildResultsTree() {
       options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
 
   ResultsCards cards;
-  if (options.winLoseIcons) {
+  // A range in My Hand is no hand to compare with: no win/tie/lose icons.
+  if (options.winLoseIcons && !MyHandIsRange()) {
     HandCards hand{};
     BoardCards board{};
     int32_t street = kNoBoard;

@@ -106,6 +106,10 @@ std::string Form1Model::EquityToolTip(bool mine) const {
                           : "The opponent's range's equity against My Hand";
   const std::string& caption = mine ? lblMyEquity.caption : lbloppEquity.caption;
   if (caption.empty()) return text + " (Calc Equity shows it here)";
+  if (equityOfMyRange) {
+    text = mine ? "My Hand's range's equity against the opponent's range"
+                : "The opponent's range's equity against My Hand's range";
+  }
   char value[32];
   std::snprintf(value, sizeof value, "%.2f%%", mine ? myEquity : oppEquity);
   text += ": ";

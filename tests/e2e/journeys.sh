@@ -721,6 +721,82 @@ journey_notation() {
   expect_equal "the range text after the notation" "$(range_text Generic)" "~1.7"
 }
 
+# Opens the options menu's Operation submenu and clicks item INDEX of it.
+tick_operation() {
+  local before menu sub
+  before=$(quillet_windows)
+  # shellcheck disable=SC2086
+  click $LBL_OPTIONS
+  wait_new_window "$before" "the options menu"
+  menu=$WIN
+  before="$before $menu"
+  click_item "$menu" 2 3
+  wait_new_window "$before" "the Operation submenu"
+  sub=$WIN
+  step_shot operation-menu
+  click_item "$sub" "$1" 3
+  poll "the options menu to close" no_window_id "$menu"
+}
+
+# read_out X Y: the text of an equity read-out, selected with a drag across it and copied with Ctrl+C.
+READ_OUT=""
+read_out() {
+  local x=$1 y=$2
+  xclip -selection clipboard -i /dev/null
+  xdotool mousemove --window "$MAIN" --sync $((x - 26)) "$y" mousedown 1
+  xdotool mousemove --window "$MAIN" --sync $((x + 26)) "$y" mouseup 1
+  xdotool key ctrl+c
+  poll "the clipboard to hold the read-out at $x,$y" clipboard_has "%"
+  READ_OUT=$(clipboard)
+}
+MY_EQUITY_CENTRE="294 92"
+OPP_EQUITY_CENTRE="438 92"
+
+# "Standard Showdown Rules" ticked from the Options menu, a range typed into My Hand: Calc Equity gives my
+# range's equity against the opponent's, as quillet-cli equity --hand-range counts it; a bad range is
+# refused with its error.
+journey_range_hand() {
+  first_start
+  tick_operation 2 # Standard Showdown Rules
+  # shellcheck disable=SC2086
+  click $NOTATION_BOX
+  xdotool key ctrl+a
+  type_text "22+, A7s+, KQo"
+  xdotool key Return
+  # shellcheck disable=SC2086
+  click_card_box $MY_HAND
+  type_text "QQ+, AKs"
+  # shellcheck disable=SC2086
+  click_card_box $BOARD
+  type_text Tc8h3s
+  close_picker
+  # shellcheck disable=SC2086
+  click $CMD_CALC_EQUITY
+  local want
+  want=$("$CLI" equity --hand-range "QQ+, AKs" --range "22+, A7s+, KQo" --board Tc8h3s)
+  [ -n "$want" ] || fail "quillet-cli equity --hand-range gave nothing"
+  # shellcheck disable=SC2086
+  read_out $MY_EQUITY_CENTRE
+  local mine=$READ_OUT
+  # shellcheck disable=SC2086
+  read_out $OPP_EQUITY_CENTRE
+  step_shot range-equity
+  expect_equal "the read-outs against quillet-cli equity --hand-range" \
+    "$(printf 'My Equity: %s\nOpp Equity: %s' "$mine" "$READ_OUT")" "$(echo "$want" | head -2)"
+  # A range that cannot be read: its error, once, and the read-outs stay blank.
+  # shellcheck disable=SC2086
+  click $MY_HAND
+  xdotool key ctrl+a
+  type_text "QQ+, AKx"
+  xdotool key Return
+  expect_message "My hand is invalid: unknown token 'AKx' at column 6. Valid Eg: AhAd or QQ+, AKs"
+  activate "$MAIN"
+  found_window "^$PICKER_TITLE\$" && fail "a click in My Hand holding a range opened the picker"
+  close_quillet
+  expect_equal "the option in the preferences" "$(pref mnuStandardShowdownRules)" "True"
+  expect_equal "My Hand kept as typed" "$(pref txtMyHand)" "QQ+, AKx"
+}
+
 journey_bad_board() {
   first_start
   # shellcheck disable=SC2086
@@ -741,7 +817,7 @@ journey_bad_board() {
 
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
-    notation)
+    notation | range_hand)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end
