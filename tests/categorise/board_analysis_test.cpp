@@ -1,4 +1,4 @@
-#include "categorise/board_analysis.h"
+#include "cards/board_analysis.h"
 
 #include <gtest/gtest.h>
 

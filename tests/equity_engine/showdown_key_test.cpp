@@ -1,6 +1,8 @@
-// The seven-card keys against the step-by-step comparator: on millions of random showdowns, and on every
-// pair of holdings on a few boards chosen for their traps.
-#include "equity/showdown_key.h"
+// The keys against the reference comparator (test code, step by step): on millions of random showdowns,
+// and on every pair of holdings on a few boards chosen for their traps. Both ways of making a key are
+// checked: the hand reader's, card by card (the icons, and the engine for a holding that shares a card),
+// and the engine's rank part and flush part from tables.
+#include "cards/showdown_key.h"
 
 #include <gtest/gtest.h>
 
@@ -10,15 +12,21 @@
 #include <string>
 #include <vector>
 
-#include "equity/showdown.h"
 #include "tests/equity_engine/card_text.h"
+#include "tests/support/reference_showdown.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {
 namespace {
 
+using testing::BoardRecord;
 using testing::Cards;
+using testing::CompareShowdown;
+using testing::CompareShowdownHands;
+using testing::EvaluateShowdownHand;
+using testing::MakeBoardRecord;
 using testing::Record;
+using testing::ShowdownHand;
 
 ShowdownResult ByKeys(ShowdownKey mine, ShowdownKey theirs) {
   return {mine > theirs, mine < theirs};
@@ -103,7 +111,7 @@ TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) 
     HandCards mine;
     mine.rank1 = c[0].rank, mine.suit1 = c[0].suit, mine.rank2 = c[1].rank, mine.suit2 = c[1].suit;
     const HandCombo theirs{true, c[2].rank, c[2].suit, c[3].rank, c[3].suit};
-    const ShowdownResult expected = CompareShowdown(mine, theirs, record, kRiver);
+    const ShowdownResult expected = CompareShowdown(mine, theirs, record);
     const ShowdownKey myKey = ShowdownKeyOf(c[0], c[1], board);
     const ShowdownKey theirKey = ShowdownKeyOf(c[2], c[3], board);
     ++categoriesSeen[static_cast<std::size_t>(KeyCategory(myKey))];
@@ -189,7 +197,7 @@ TEST(ShowdownKeys, AFlushPartIsZeroUnlessExactlyFiveCardsOfTheSuit) {
   const uint32_t four = RankMaskBit(14) | RankMaskBit(13) | RankMaskBit(9) | RankMaskBit(5);
   EXPECT_EQ(FlushPartKey(four, 0), 0u);
   EXPECT_EQ(FlushPartKey(four | RankMaskBit(12) | RankMaskBit(11), RankMaskBit(12) | RankMaskBit(11)), 0u);
-  EXPECT_EQ(FlushPartKey(four | RankMaskBit(12), RankMaskBit(12)), MakeShowdownKey(kCategoryFlush, 12));
+  EXPECT_EQ(FlushPartKey(four | RankMaskBit(12), RankMaskBit(12)), MakeShowdownKey(kMadeFlush, 12));
 }
 
 }  // namespace
