@@ -24,12 +24,13 @@
 //   8 straight flush    high rank     -              -
 //   9 royal flush       -             -              -
 //
-// ShowdownKeyOf(Multiplicity, ...) is where the categories and tie-breaks are written. The engine's fast
-// path splits a key into a rank part (pairs, trips, quads, full house, straight, kickers: a function of
-// the seven ranks and the two hole ranks) and a flush part (a function of the player's ranks in the
-// board's flush suit), both read from that function: whenever the flush part is not 0 it beats every rank
-// part short of a full house, and a full house or quads beat it, so a player's key is the larger of the
-// two. The engine tabulates the rank part once per board.
+// ShowdownKeyOf(Multiplicity, ...) is where the order of the categories and the tie-breaks are written.
+// The engine's fast path splits a key into a rank part (pairs, trips, quads, full house, straight,
+// kickers: a function of the seven ranks and the two hole ranks) and a flush part (a function of the
+// player's ranks in the board's flush suit), both made by that function. A flush part that is not 0 beats
+// every rank part short of a full house, a full house or quads beat a plain flush, and a straight flush
+// beats them all, so a player's key is the larger of the two parts. The engine tabulates the rank part
+// once per board.
 #pragma once
 
 #include <array>
