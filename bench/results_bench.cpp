@@ -9,9 +9,9 @@
 
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
+#include "cards/showdown_key.h"
 #include "categorise/categories.h"
 #include "categorise/cook.h"
-#include "equity/partial_board_showdown.h"
 #include "range/player_profile.h"
 #include "results/build_results_tree.h"
 

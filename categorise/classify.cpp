@@ -1,5 +1,6 @@
 #include "categorise/classify.h"
 
+#include "cards/showdown_key.h"
 #include "categorise/categories.h"
 
 namespace quillet {
@@ -151,10 +152,8 @@ ComboClassification ClassifyCombo(const BoardContext& b, const HandCombo& holdin
   const StraightAnalysis straight = AnalyseStraight(played, flush);
 
   ComboClassification c;
-  int32_t code = hand.code;
-  if (flush.flush && code < kMadeFlush) code = kMadeFlush;
-  if (straight.straight && code < kMadeStraight) code = kMadeStraight;
-  if (straight.straightFlush) code = straight.highRank == 14 ? kMadeRoyalFlush : kMadeStraightFlush;
+  // The category the showdown reads: the best of the rank groups, a straight and a flush.
+  int32_t code = KeyCategory(ShowdownKeyOf(hand, flush, straight, 0, 0));
 
   bool straightDraw = false;
   bool openEnded = false;

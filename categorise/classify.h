@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
+#include "cards/board_analysis.h"
 #include "cards/card.h"
-#include "categorise/board_analysis.h"
 #include "categorise/category_node.h"
 
 namespace quillet {

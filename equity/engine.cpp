@@ -4,9 +4,8 @@
 #include <array>
 #include <vector>
 
+#include "cards/showdown_key.h"
 #include "equity/board_record.h"
-#include "equity/showdown.h"
-#include "equity/showdown_key.h"
 
 namespace quillet {
 namespace {
@@ -162,7 +161,7 @@ bool KnownCardsAreDistinct(const HandCards& myHand, const BoardCards& board, int
 }  // namespace
 
 ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
-                              std::span<const HandCombo> combos, ShowdownPath path) {
+                              std::span<const HandCombo> combos) {
   ShowdownCounts counts;
   if (street != kFlop && street != kTurn) return counts;
   const int known = BoardCardCount(street);
@@ -172,18 +171,18 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
     if (!IsDeckCard(board[i])) return counts;
   }
 
-  // A My Hand or board with a card given twice is left to the reference comparator, as is any holding
-  // that shares a card with them.
-  const bool keyPath = path == ShowdownPath::Fast && KnownCardsAreDistinct(myHand, board, known);
+  // A My Hand or board with a card given twice is left to the hand reader, card by card, as is any
+  // holding that shares a card with them.
+  const bool keyPath = KnownCardsAreDistinct(myHand, board, known);
   FastHoldings fast;
   if (keyPath) fast.Reserve(combos.size());
-  std::vector<HandCombo> reference;
+  std::vector<HandCombo> byReader;
   for (const HandCombo& combo : combos) {
     if (!combo.flag || !IsDeckCard(combo.card1()) || !IsDeckCard(combo.card2())) continue;
     if (keyPath && IsCleanHolding(combo, myHand, board, known)) {
       fast.Add(combo);
     } else {
-      reference.push_back(combo);
+      byReader.push_back(combo);
     }
   }
 
@@ -229,19 +228,19 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
         CountCompletion<false>(fast, keys, myKey, comingBits, -1, 0, tally);
       }
     }
-    if (!reference.empty()) {
-      std::array<Card, 5> cards{};
-      for (int i = 0; i < known; ++i) cards[i] = board[i];
+    if (!byReader.empty()) {
+      BoardCards cards = board;
       for (int i = 0; i < comingCount; ++i) cards[known + i] = coming[i];
-      const BoardRecord record = MakeBoardRecord(cards);
-      for (const HandCombo& combo : reference) {
+      const HandCombo mine{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2};
+      const ShowdownKey myKey = StreetShowdownKey(mine, cards, kRiver);
+      for (const HandCombo& combo : byReader) {
         bool uses = false;
         for (int i = 0; i < comingCount; ++i) uses = uses || SharesCard(combo, coming[i]);
         if (uses) continue;
-        const ShowdownResult result = CompareShowdown(myHand, combo, record, kRiver);
+        const ShowdownKey key = StreetShowdownKey(combo, cards, kRiver);
         ++tally.live;
-        tally.myWins += result.myWin ? 1 : 0;
-        tally.oppWins += result.oppWin ? 1 : 0;
+        tally.myWins += myKey > key ? 1 : 0;
+        tally.oppWins += myKey < key ? 1 : 0;
       }
     }
   };

@@ -31,16 +31,13 @@ inline constexpr std::string_view kCalcEquityCaption = "Calc Equity";
 // they are done. The window model sets the caption and repaints; an empty sink is allowed.
 using CaptionSink = std::function<void(std::string_view caption)>;
 
-// How the showdowns are decided: by the fast seven-card keys (with the reference comparator for any
-// holding that shares a card with My Hand or the board), or by the reference comparator throughout.
-enum class ShowdownPath { Fast, Reference };
-
 // Counts every showdown of the flop (street 1: all pairs of turn and river cards) or the turn (street 2:
 // every river card). A holding meets each completion that does not use one of its cards. Holdings with
 // a card outside the deck, and a My Hand or board with such a card, take no part. Other streets count
-// nothing.
+// nothing. Each showdown compares the two players' keys (cards/showdown_key.h): read from tables built
+// once per board, or card by card for a holding that shares a card with My Hand or the board.
 ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
-                              std::span<const HandCombo> combos, ShowdownPath path = ShowdownPath::Fast);
+                              std::span<const HandCombo> combos);
 
 // Result R: ties are left out of the denominator, so the two shares add up to 100 before rounding; each
 // is rounded half to even to two decimals from the exact fraction. 50 and 50 when every showdown tied,

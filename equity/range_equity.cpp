@@ -5,10 +5,10 @@
 #include <bit>
 #include <vector>
 
-#include "equity/board_record.h"  // IsDeckCard
+#include "cards/board_analysis.h"  // RankMaskBit
+#include "equity/board_record.h"   // IsDeckCard
 #include "equity/deck.h"
 #include "equity/preflop_classes.h"
-#include "equity/showdown_key.h"  // RankMaskBit
 #include "equity/standard_evaluator.h"
 
 namespace quillet {

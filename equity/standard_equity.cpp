@@ -5,11 +5,11 @@
 #include <bit>
 #include <vector>
 
+#include "cards/board_analysis.h"  // RankMaskBit
 #include "equity/board_record.h"
 #include "equity/deck.h"
 #include "equity/hand_evaluator.h"
 #include "equity/preflop_classes.h"
-#include "equity/showdown_key.h"  // RankMaskBit
 #include "equity/standard_evaluator.h"
 
 namespace quillet {

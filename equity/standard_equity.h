@@ -21,8 +21,8 @@
 #include <span>
 
 #include "cards/card.h"
+#include "cards/showdown_key.h"
 #include "equity/equity_result.h"
-#include "equity/showdown.h"
 #include "equity/showdown_rules.h"
 
 namespace quillet {

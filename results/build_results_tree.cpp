@@ -4,8 +4,8 @@
 #include <span>
 #include <utility>
 
+#include "cards/showdown_key.h"
 #include "categorise/categories.h"
-#include "equity/partial_board_showdown.h"
 #include "equity/standard_equity.h"
 #include "quillet/version.h"
 #include "results/combo_groups.h"

@@ -1,4 +1,4 @@
-#include "categorise/board_analysis.h"
+#include "cards/board_analysis.h"
 
 #include <gtest/gtest.h>
 
@@ -36,6 +36,21 @@ TEST(StraightTables, RankBitsArePowersOfTwoAndTheSpansRunFromTheWheelToTheAce) {
   EXPECT_EQ(t.spans[9].high, 14);
   EXPECT_EQ(t.spans[9].mask, 62u << 9);
   EXPECT_EQ(t.spans[9].mask, (1u << 10) | (1u << 11) | (1u << 12) | (1u << 13) | (1u << 14));
+}
+
+TEST(StraightHighOf, IsTheHighRankOfTheBestRunOfFiveRanks) {
+  auto mask = [](std::initializer_list<int> ranks) {
+    uint32_t m = 0;
+    for (int r : ranks) m |= RankMaskBit(r);
+    return m;
+  };
+  EXPECT_EQ(StraightHighOf(mask({14, 2, 3, 4, 5})), 5);  // the wheel, the ace low
+  EXPECT_EQ(StraightHighOf(mask({14, 2, 3, 4, 5, 6})), 6);
+  EXPECT_EQ(StraightHighOf(mask({10, 11, 12, 13, 14})), 14);
+  EXPECT_EQ(StraightHighOf(mask({13, 14, 2, 3, 4})), 0);  // no run goes round the corner
+  EXPECT_EQ(StraightHighOf(mask({9, 10, 11, 12, 2, 3})), 0);
+  EXPECT_EQ(StraightHighOf(mask({5, 6, 7, 8, 9, 10, 11})), 11);
+  EXPECT_EQ(StraightHighOf(0), 0);
 }
 
 TEST(RankSetOf, AnAceCountsHighAndLowAndAbsentBoardCardsAddNothing) {
@@ -163,6 +178,13 @@ TEST(FlushAnalysis, ALaterSuitMustHaveMoreCardsThanTheBestSoFar) {
   EXPECT_EQ(f.topRank, 9);
 }
 
+TEST(FlushRule, ExactlyFiveCardsOfASuitMakeAFlush) {
+  EXPECT_FALSE(MakesFlush(4));
+  EXPECT_TRUE(MakesFlush(5));
+  EXPECT_FALSE(MakesFlush(6));
+  EXPECT_FALSE(MakesFlush(7));
+}
+
 // ---- multiplicity ----
 
 TEST(Multiplicity, NoRepeatedRankIsCodeZero) {
@@ -214,6 +236,14 @@ TEST(Multiplicity, FourOfAKindWins) {
   const Multiplicity m = AnalyseMultiplicity(Played("8c8d", "8h8sKc"));
   EXPECT_EQ(m.code, kMadeFourOfAKind);
   EXPECT_EQ(m.quads, 8);
+}
+
+TEST(Multiplicity, ARankHeldFiveTimesMakesNoGroup) {
+  // Only a card given twice can do it: the holding's ace of hearts is also on the board.
+  const Multiplicity m = AnalyseMultiplicity(Played("AhAd", "AhAcAsKd9c"));
+  EXPECT_EQ(m.code, kMadeHighCard);
+  EXPECT_EQ(m.quads, 0);
+  EXPECT_EQ(AnalyseMultiplicity(Played("AhAd", "AcAsKdKc9c")).code, kMadeFourOfAKind);
 }
 
 TEST(Multiplicity, TheBoardAloneHasItsOwnCode) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "cards/showdown_key.h"
 #include "categorise/categories.h"
 #include "categorise/cook.h"
 #include "tests/categorise/test_cards.h"
@@ -115,6 +116,30 @@ TEST(Classify, PlayingTheBoardFallsBackToTheHighCardOfTheHolding) {
   EXPECT_EQ(Classify("7c6d", "KhKs8d8c2h").madeEntry, kEntryOtherHigh);  // the board's two pair
   EXPECT_EQ(Classify("Qc2d", "KhKsKd8c8h").madeEntry, kEntryQueenHigh);  // the board's full house
   EXPECT_EQ(Classify("QcQd", "KhKsKd8c8h").madeEntry, kEntryFullHouse);  // a better full house
+}
+
+TEST(Classify, TheMadeHandCodeIsTheCategoryOfTheShowdownKeyUnlessTheHandPlaysTheBoard) {
+  // The cook and the showdown read a hand the same way: every holding on boards of each street.
+  for (const char* text : {"Tc8h3s", "9h8h7h", "KcKd7h", "Kh9h5h2h", "5s4s3d2c", "9c9d9hAc", "AhKhQhJhTh",
+                           "KcKd7h7s2c", "Ac2c3c8d8s", "9h8h7h6h2c"}) {
+    SCOPED_TRACE(text);
+    const auto b = Board(text);
+    const BoardContext context = PrepareBoard(b.cards, b.street);
+    int playsTheBoard = 0;
+    for (const HandCombo& h : AllHoldingsBeside(b)) {
+      const int32_t category = KeyCategory(StreetShowdownKey(h, b.cards, b.street));
+      const int32_t code = ClassifyCombo(context, h).code;
+      if (code != category) {
+        // Playing the board: the hand's whole group lies on the board, it counts as its high card.
+        EXPECT_EQ(code, kMadeHighCard) << ComboToText(h);
+        EXPECT_EQ(category, context.own.code) << ComboToText(h);
+        ++playsTheBoard;
+      }
+    }
+    if (context.own.code == kMadeHighCard) {
+      EXPECT_EQ(playsTheBoard, 0);
+    }
+  }
 }
 
 TEST(Classify, AddingAHoldingPutsItsCopiesInOrderWithTheirFlags) {

@@ -3,14 +3,21 @@
 #include <gtest/gtest.h>
 
 #include "tests/equity_engine/card_text.h"
+#include "tests/support/reference_showdown.h"
 
 namespace quillet {
 namespace {
 
 using testing::Board;
+using testing::BoardRecord;
 using testing::C;
+using testing::CardRankBits;
 using testing::Hand;
+using testing::kStraightWindowCount;
+using testing::kStraightWindows;
 using testing::Record;
+
+// ---- the reference comparator's board record ----
 
 TEST(StraightWindows, RunFromTheAceLowRunToTenToAceWithDoublingMasks) {
   EXPECT_EQ(kStraightWindows[0].mask, 62);  // ranks 1..5, the ace as 1
@@ -58,6 +65,8 @@ TEST(BoardStraightWindows, CountTheAceAsRankOneForTheWheel) {
   EXPECT_EQ(board.firstWindow, 0);
   EXPECT_EQ(board.lastWindow, 0);
 }
+
+// ---- the cards to come ----
 
 TEST(RemainingCards, OnTheFlopHoldFortySevenCardsInDeckOrder) {
   const RemainingCardList list = RemainingCards(Hand("AhAd"), Board("Tc8h3s"), kFlop);

@@ -8,6 +8,7 @@
 
 #include "cards/card.h"
 #include "equity/board_record.h"
+#include "tests/support/reference_showdown.h"
 
 namespace quillet::testing {
 
@@ -46,7 +47,7 @@ inline BoardCards Board(std::string_view text) {
   return board;
 }
 
-// A completed five-card board record.
+// A completed five-card board record of the reference comparator.
 inline BoardRecord Record(std::string_view text) {
   const auto cards = Cards(text);
   std::array<Card, 5> five{};

@@ -1,6 +1,8 @@
-// The seven-card keys against the step-by-step comparator: on millions of random showdowns, and on every
-// pair of holdings on a few boards chosen for their traps.
-#include "equity/showdown_key.h"
+// The keys against the reference comparator (test code, step by step): on millions of random showdowns,
+// and on every pair of holdings on a few boards chosen for their traps. Both ways of making a key are
+// checked: the hand reader's, card by card (the icons, and the engine for a holding that shares a card),
+// and the engine's rank part and flush part from tables.
+#include "cards/showdown_key.h"
 
 #include <gtest/gtest.h>
 
@@ -10,18 +12,50 @@
 #include <string>
 #include <vector>
 
-#include "equity/showdown.h"
 #include "tests/equity_engine/card_text.h"
+#include "tests/support/reference_showdown.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {
 namespace {
 
+using testing::BoardRecord;
 using testing::Cards;
+using testing::CompareShowdown;
+using testing::CompareShowdownHands;
+using testing::EvaluateShowdownHand;
+using testing::MakeBoardRecord;
 using testing::Record;
+using testing::ShowdownHand;
 
 ShowdownResult ByKeys(ShowdownKey mine, ShowdownKey theirs) {
   return {mine > theirs, mine < theirs};
+}
+
+// The key as the engine makes it: the rank part from the seven ranks and the hole ranks, the flush part
+// from the player's ranks in the board's flush suit (the suit of three or more board cards), the larger
+// of the two.
+ShowdownKey TableKeyOf(Card hole1, Card hole2, const std::array<Card, 5>& board) {
+  std::array<int, 4> suitCounts{};
+  for (const Card& card : board) ++suitCounts[card.suit];
+  int32_t flushSuit = -1;
+  for (int suit = 0; suit < 4; ++suit) {
+    if (suitCounts[suit] > 2) flushSuit = suit;
+  }
+  RankMultiset ranks;
+  uint32_t boardSuitRanks = 0;
+  for (const Card& card : board) {
+    ranks.Add(card.rank);
+    if (card.suit == flushSuit) boardSuitRanks |= RankMaskBit(card.rank);
+  }
+  ranks.Add(hole1.rank);
+  ranks.Add(hole2.rank);
+  uint32_t holeSuitRanks = 0;
+  if (hole1.suit == flushSuit) holeSuitRanks |= RankMaskBit(hole1.rank);
+  if (hole2.suit == flushSuit) holeSuitRanks |= RankMaskBit(hole2.rank);
+  const ShowdownKey rankPart =
+      RankPartKey(ranks, std::max(hole1.rank, hole2.rank), std::min(hole1.rank, hole2.rank));
+  return std::max(rankPart, FlushPartKey(boardSuitRanks | holeSuitRanks, holeSuitRanks));
 }
 
 std::string Describe(const std::array<Card, 9>& cards) {
@@ -103,7 +137,7 @@ TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) 
     HandCards mine;
     mine.rank1 = c[0].rank, mine.suit1 = c[0].suit, mine.rank2 = c[1].rank, mine.suit2 = c[1].suit;
     const HandCombo theirs{true, c[2].rank, c[2].suit, c[3].rank, c[3].suit};
-    const ShowdownResult expected = CompareShowdown(mine, theirs, record, kRiver);
+    const ShowdownResult expected = CompareShowdown(mine, theirs, record);
     const ShowdownKey myKey = ShowdownKeyOf(c[0], c[1], board);
     const ShowdownKey theirKey = ShowdownKeyOf(c[2], c[3], board);
     ++categoriesSeen[static_cast<std::size_t>(KeyCategory(myKey))];
@@ -111,6 +145,11 @@ TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) 
       ++disagreements;
       ADD_FAILURE() << Describe(c) << ": comparator " << expected.myWin << expected.oppWin << ", keys "
                     << std::hex << myKey << " " << theirKey;
+    }
+    // The engine's tables give every player the very same key.
+    if (TableKeyOf(c[0], c[1], board) != myKey || TableKeyOf(c[2], c[3], board) != theirKey) {
+      ++disagreements;
+      ADD_FAILURE() << Describe(c) << ": the table keys differ from the hand reader's";
     }
   }
   // The pools reach every category, so the agreement covers them all.
@@ -127,6 +166,40 @@ TEST(ShowdownKeys, GiveEveryPlayerTheCategoryTheComparatorGives) {
     const ShowdownHand hand = EvaluateShowdownHand(c[0], c[1], MakeBoardRecord(board));
     ASSERT_EQ(KeyCategory(ShowdownKeyOf(c[0], c[1], board)), hand.category) << Describe(c);
   }
+}
+
+// A holding that shares a card with the board (the engine reads such a holding card by card when its
+// caller leaves it in): a card given twice counts twice, in the ranks and in the suit, as the written
+// rules count it.
+TEST(ShowdownKeys, AgreeWithTheReferenceWhenTheOpponentHoldsACardOfTheBoard) {
+  std::mt19937_64 random(quillet::testing::TestSeed(20240615));
+  std::vector<CardPool> pools = Pools(random);
+  constexpr int kShowdowns = 1'000'000;
+  int disagreements = 0;
+  int twiceCounted = 0;
+  for (int n = 0; n < kShowdowns && disagreements < 10; ++n) {
+    std::array<Card, 9> c = Deal(pools[static_cast<std::size_t>(n) % pools.size()], random);
+    // One or both of the opponent's cards repeat a board card.
+    c[2] = c[4 + static_cast<int>(random() % 5)];
+    if (random() % 4 == 0) c[3] = c[4 + static_cast<int>(random() % 5)];
+    const std::array<Card, 5> board{c[4], c[5], c[6], c[7], c[8]};
+    HandCards mine;
+    mine.rank1 = c[0].rank, mine.suit1 = c[0].suit, mine.rank2 = c[1].rank, mine.suit2 = c[1].suit;
+    const HandCombo theirs{true, c[2].rank, c[2].suit, c[3].rank, c[3].suit};
+    const ShowdownResult expected = CompareShowdown(mine, theirs, MakeBoardRecord(board));
+    const ShowdownKey theirKey = ShowdownKeyOf(c[2], c[3], board);
+    if (KeyCategory(theirKey) != EvaluateShowdownHand(c[2], c[3], MakeBoardRecord(board)).category) {
+      ++disagreements;
+      ADD_FAILURE() << Describe(c) << ": category";
+    }
+    if (!(ByKeys(ShowdownKeyOf(c[0], c[1], board), theirKey) == expected)) {
+      ++disagreements;
+      ADD_FAILURE() << Describe(c) << ": comparator " << expected.myWin << expected.oppWin;
+    }
+    twiceCounted += KeyCategory(theirKey) >= kMadePair ? 1 : 0;
+  }
+  EXPECT_EQ(disagreements, 0);
+  EXPECT_GT(twiceCounted, 0);
 }
 
 // Every pair of different holdings from the cards left beside the board: about 1.07 million showdowns.
@@ -149,6 +222,7 @@ void ExpectAgreementOnEveryPairOfHoldings(const char* boardText) {
     for (std::size_t j = i + 1; j < rest.size(); ++j) {
       holdings.push_back({rest[i], rest[j], EvaluateShowdownHand(rest[i], rest[j], record),
                           ShowdownKeyOf(rest[i], rest[j], board)});
+      ASSERT_EQ(holdings.back().key, TableKeyOf(rest[i], rest[j], board));
     }
   }
   ASSERT_EQ(holdings.size(), 1081u);
@@ -189,7 +263,7 @@ TEST(ShowdownKeys, AFlushPartIsZeroUnlessExactlyFiveCardsOfTheSuit) {
   const uint32_t four = RankMaskBit(14) | RankMaskBit(13) | RankMaskBit(9) | RankMaskBit(5);
   EXPECT_EQ(FlushPartKey(four, 0), 0u);
   EXPECT_EQ(FlushPartKey(four | RankMaskBit(12) | RankMaskBit(11), RankMaskBit(12) | RankMaskBit(11)), 0u);
-  EXPECT_EQ(FlushPartKey(four | RankMaskBit(12), RankMaskBit(12)), MakeShowdownKey(kCategoryFlush, 12));
+  EXPECT_EQ(FlushPartKey(four | RankMaskBit(12), RankMaskBit(12)), MakeShowdownKey(kMadeFlush, 12));
 }
 
 }  // namespace

@@ -1,21 +1,24 @@
-// The showdown comparator case by case. Every case is decided twice, by the step-by-step comparator and by
-// the seven-card keys, and both must give the expected outcome.
-#include "equity/showdown.h"
-
+// The showdown rules case by case. Every case is decided twice, by the reference comparator (test code,
+// step by step) and by the seven-card keys the program uses, and both must give the expected outcome.
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "equity/showdown_key.h"
+#include "cards/showdown_key.h"
 #include "tests/equity_engine/card_text.h"
+#include "tests/support/reference_showdown.h"
 
 namespace quillet {
 namespace {
 
 using testing::Cards;
 using testing::Combo;
+using testing::EvaluatePairType;
+using testing::EvaluateShowdownHand;
 using testing::Hand;
+using testing::PairType;
 using testing::Record;
+using testing::SevenCards;
 
 enum class Outcome { Win, Lose, Tie };
 
@@ -24,7 +27,7 @@ std::string Name(Outcome o) {
 }
 
 Outcome ByReference(const char* mine, const char* theirs, const char* board) {
-  const ShowdownResult r = CompareShowdown(Hand(mine), Combo(theirs), Record(board), kRiver);
+  const ShowdownResult r = testing::CompareShowdown(Hand(mine), Combo(theirs), Record(board));
   EXPECT_FALSE(r.myWin && r.oppWin);
   return r.myWin ? Outcome::Win : (r.oppWin ? Outcome::Lose : Outcome::Tie);
 }
@@ -51,63 +54,97 @@ void ExpectShowdown(const char* mine, const char* theirs, const char* board, Out
       << "step-by-step comparator, sides swapped";
 }
 
+// The category by the reference comparator; the key of the program must carry the same.
 int32_t Category(const char* hole, const char* board) {
   const auto h = Cards(hole);
-  return EvaluateShowdownHand(h[0], h[1], Record(board)).category;
+  const auto b = Cards(board);
+  const int32_t category = EvaluateShowdownHand(h[0], h[1], Record(board)).category;
+  EXPECT_EQ(KeyCategory(ShowdownKeyOf(h[0], h[1], {b[0], b[1], b[2], b[3], b[4]})), category)
+      << hole << " on " << board;
+  return category;
 }
 
 // ---- categories ----
 
 SevenCards Seven(const char* text) {
   const auto c = Cards(text);
-  return {c[0], c[1], c[2], c[3], c[4], c[5], c[6]};
+  SevenCards seven;
+  for (int i = 0; i < 7; ++i) seven.cards[i] = c[i];
+  seven.count = 7;
+  return seven;
+}
+
+// The program's reading of the same seven cards.
+Multiplicity Groups(const char* text) {
+  const auto c = Cards(text);
+  PlayedCards played;
+  for (int i = 0; i < 7; ++i) played.cards[i] = c[i];
+  played.count = 7;
+  played.holdingCount = 2;
+  return AnalyseMultiplicity(played);
 }
 
 TEST(ShowdownCategory, EachCategoryIsRecognisedFromSevenCards) {
-  EXPECT_EQ(Category("3h2d", "AcKd9h7s5c"), kCategoryNoPair);
-  EXPECT_EQ(Category("Ah2d", "AcKd9h7s5c"), kCategoryOnePair);
-  EXPECT_EQ(Category("Ah9d", "AcKd9h7s5c"), kCategoryTwoPair);
-  EXPECT_EQ(Category("AhAd", "AcKd9h7s5c"), kCategoryTrips);
-  EXPECT_EQ(Category("8h6d", "AcKd9h7s5c"), kCategoryStraight);
-  EXPECT_EQ(Category("Qc2c", "AcKd9c7s5c"), kCategoryFlush);
-  EXPECT_EQ(Category("AhAd", "AcKd9h7sKc"), kCategoryFullHouse);
-  EXPECT_EQ(Category("AhAd", "AcKd9h7sAs"), kCategoryQuads);
-  EXPECT_EQ(Category("8c6c", "AdKd9c7c5c"), kCategoryStraightFlush);
-  EXPECT_EQ(Category("AcTc", "KcQcJc7s5d"), kCategoryRoyalFlush);
+  EXPECT_EQ(Category("3h2d", "AcKd9h7s5c"), kMadeHighCard);
+  EXPECT_EQ(Category("Ah2d", "AcKd9h7s5c"), kMadePair);
+  EXPECT_EQ(Category("Ah9d", "AcKd9h7s5c"), kMadeTwoPair);
+  EXPECT_EQ(Category("AhAd", "AcKd9h7s5c"), kMadeThreeOfAKind);
+  EXPECT_EQ(Category("8h6d", "AcKd9h7s5c"), kMadeStraight);
+  EXPECT_EQ(Category("Qc2c", "AcKd9c7s5c"), kMadeFlush);
+  EXPECT_EQ(Category("AhAd", "AcKd9h7sKc"), kMadeFullHouse);
+  EXPECT_EQ(Category("AhAd", "AcKd9h7sAs"), kMadeFourOfAKind);
+  EXPECT_EQ(Category("8c6c", "AdKd9c7c5c"), kMadeStraightFlush);
+  EXPECT_EQ(Category("AcTc", "KcQcJc7s5d"), kMadeRoyalFlush);
 }
 
 TEST(PairType, KeepsTheTopTwoOfThreePairs) {
   const PairType t = EvaluatePairType(Seven("KcKd9h9s4c4d2h"));
-  EXPECT_EQ(t.category, kCategoryTwoPair);
+  EXPECT_EQ(t.category, kMadeTwoPair);
   EXPECT_EQ(t.primary, 13);
   EXPECT_EQ(t.secondary, 9);
+  const Multiplicity m = Groups("KcKd9h9s4c4d2h");
+  EXPECT_EQ(m.code, kMadeTwoPair);
+  EXPECT_EQ(m.highPair, 13);
+  EXPECT_EQ(m.lowPair, 9);
 }
 
 TEST(PairType, TwoTripsMakeAFullHouseOfTheHigherWithTheLowerAsPair) {
   for (const char* order : {"3c3d3hKsKcKd2h", "KsKcKd3c3d3h2h", "3cKs3dKc3hKd2h"}) {
     const PairType t = EvaluatePairType(Seven(order));
-    EXPECT_EQ(t.category, kCategoryFullHouse) << order;
+    EXPECT_EQ(t.category, kMadeFullHouse) << order;
     EXPECT_EQ(t.primary, 13) << order;
     EXPECT_EQ(t.secondary, 3) << order;
+    const Multiplicity m = Groups(order);
+    EXPECT_EQ(m.code, kMadeFullHouse) << order;
+    EXPECT_EQ(m.trips, 13) << order;
+    EXPECT_EQ(m.highPair, 3) << order;
   }
 }
 
 TEST(PairType, TripsWithTwoPairsTakeTheHigherPair) {
   const PairType t = EvaluatePairType(Seven("5c5d9h9s3c3d3h"));
-  EXPECT_EQ(t.category, kCategoryFullHouse);
+  EXPECT_EQ(t.category, kMadeFullHouse);
   EXPECT_EQ(t.primary, 3);
   EXPECT_EQ(t.secondary, 9);
+  const Multiplicity m = Groups("5c5d9h9s3c3d3h");
+  EXPECT_EQ(m.code, kMadeFullHouse);
+  EXPECT_EQ(m.trips, 3);
+  EXPECT_EQ(m.highPair, 9);
+  EXPECT_EQ(m.lowPair, 5);
 }
 
 TEST(PairType, QuadsBeatTheTripsBesideThem) {
   const PairType t = EvaluatePairType(Seven("9c9d9h9sKcKdKh"));
-  EXPECT_EQ(t.category, kCategoryQuads);
+  EXPECT_EQ(t.category, kMadeFourOfAKind);
   EXPECT_EQ(t.primary, 9);
+  const Multiplicity m = Groups("9c9d9h9sKcKdKh");
+  EXPECT_EQ(m.code, kMadeFourOfAKind);
+  EXPECT_EQ(m.quads, 9);
 }
 
 TEST(PairType, ASingleTripsIsCategoryThree) {
   const PairType t = EvaluatePairType(Seven("7c7d7hKs9c4d2h"));
-  EXPECT_EQ(t.category, kCategoryTrips);
+  EXPECT_EQ(t.category, kMadeThreeOfAKind);
   EXPECT_EQ(t.primary, 7);
 }
 
@@ -290,8 +327,8 @@ TEST(ShowdownStraightFlush, ALaterPlainStraightDoesNotRaiseTheStraightFlush) {
 }
 
 TEST(ShowdownStraightFlush, ARoyalFlushBeatsAKingHighStraightFlush) {
-  EXPECT_EQ(Category("Ah2c", "KhQhJhTh3d"), kCategoryRoyalFlush);
-  EXPECT_EQ(Category("9h2d", "KhQhJhTh3d"), kCategoryStraightFlush);
+  EXPECT_EQ(Category("Ah2c", "KhQhJhTh3d"), kMadeRoyalFlush);
+  EXPECT_EQ(Category("9h2d", "KhQhJhTh3d"), kMadeStraightFlush);
   ExpectShowdown("Ah2c", "9h2d", "KhQhJhTh3d", Outcome::Win);
 }
 

@@ -1,9 +1,8 @@
-#include "equity/partial_board_showdown.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "cards/showdown_key.h"
 #include "tests/results/cards_text.h"
 
 namespace quillet {
@@ -24,7 +23,7 @@ ShowdownResult Showdown(const std::string& mine, const std::string& theirs, cons
 
 int32_t CategoryOf(const std::string& holding, const std::string& board) {
   const testing::TestBoard b = Board(board);
-  return EvaluateStreetHand(Holding(holding), b.cards, b.street).category;
+  return KeyCategory(StreetShowdownKey(Holding(holding), b.cards, b.street));
 }
 
 TEST(PartialBoardShowdown, AHigherPairWinsOnTheFlop) {

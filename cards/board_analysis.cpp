@@ -1,4 +1,4 @@
-#include "categorise/board_analysis.h"
+#include "cards/board_analysis.h"
 
 #include <bit>
 
@@ -19,22 +19,6 @@ constexpr int ExistingBoardCards(int32_t street) {
 }
 
 }  // namespace
-
-StraightTableSet InitStraightTables() {
-  StraightTableSet t;
-  t.rankBit[0] = 0;
-  for (int32_t rank = 1; rank <= 14; ++rank) t.rankBit[rank] = RankSet{1} << rank;
-  for (int32_t k = 0; k < 10; ++k) {
-    // 62 holds the bits of ranks 1 to 5.
-    t.spans[k] = StraightSpan{k + 1, k + 5, RankSet{62} << k};
-  }
-  return t;
-}
-
-const StraightTableSet& StraightTables() {
-  static const StraightTableSet tables = InitStraightTables();
-  return tables;
-}
 
 PlayedCards HoldingWithBoard(const HandCombo& holding, const BoardCards& board, int32_t street) {
   PlayedCards played;
@@ -66,56 +50,17 @@ RankSet RankSetOf(const PlayedCards& played) {
   return set;
 }
 
-Multiplicity AnalyseMultiplicity(const PlayedCards& played) {
-  std::array<int8_t, 15> counts{};
+RankMultiset RankMultisetOf(const PlayedCards& played) {
+  RankMultiset ranks;
   for (int i = 0; i < played.count; ++i) {
     const int32_t rank = played.cards[i].rank;
-    if (ValidRank(rank)) ++counts[rank];
+    if (ValidRank(rank)) ranks.Add(rank);
   }
-  Multiplicity m;
-  for (int i = 0; i < played.count; ++i) {
-    const int32_t r = played.cards[i].rank;
-    if (!ValidRank(r)) continue;
-    switch (counts[r]) {
-      case 2:
-        if (r > m.highPair) {
-          m.lowPair = m.highPair;
-          m.highPair = r;
-        } else if (r > m.lowPair && r < m.highPair) {
-          m.lowPair = r;
-        }
-        if (m.trips != 0) m.fullHouse = true;
-        break;
-      case 3:
-        if (r > m.trips) {
-          if (m.trips > m.highPair) m.highPair = m.trips;
-          m.trips = r;
-        } else if (r < m.trips && r > m.highPair) {
-          m.highPair = r;
-        }
-        if (m.highPair != 0) m.fullHouse = true;
-        break;
-      case 4:
-        if (r > m.quads) m.quads = r;
-        break;
-      default:
-        break;
-    }
-  }
-  if (m.quads != 0) {
-    m.code = kMadeFourOfAKind;
-  } else if (m.fullHouse) {
-    m.code = kMadeFullHouse;
-  } else if (m.trips != 0) {
-    m.code = kMadeThreeOfAKind;
-  } else if (m.lowPair != 0) {
-    m.code = kMadeTwoPair;
-  } else if (m.highPair != 0) {
-    m.code = kMadePair;
-  } else {
-    m.code = kMadeHighCard;
-  }
-  return m;
+  return ranks;
+}
+
+Multiplicity AnalyseMultiplicity(const PlayedCards& played) {
+  return MultiplicityOf(RankMultisetOf(played));
 }
 
 bool SameGroupRanks(const Multiplicity& a, const Multiplicity& b) {
@@ -154,31 +99,26 @@ FlushAnalysis AnalyseFlush(const PlayedCards& played) {
       if (card.suit == suit && card.rank > result.topRank) result.topRank = card.rank;
     }
   }
-  result.cardsNeeded = 5 - best;
-  result.flush = best == 5;
+  result.cardsNeeded = kFlushCards - best;
+  result.flush = MakesFlush(best);
   return result;
 }
 
 StraightAnalysis AnalyseStraight(const PlayedCards& played, const FlushAnalysis& flush) {
-  const auto& tables = StraightTables();
-  const RankSet ranks = RankSetOf(played);
-  RankSet suitRanks = 0;
+  StraightAnalysis result;
+  const int32_t high = StraightHighOf(CompactRanks(RankSetOf(played)));
+  if (high == 0) return result;
+  result.straight = true;
+  result.highRank = high;
   if (flush.flush) {
+    uint32_t suitRanks = 0;
     for (int i = 0; i < played.count; ++i) {
       const Card& card = played.cards[i];
-      if (card.suit == flush.suit && ValidRank(card.rank)) suitRanks |= tables.rankBit[card.rank];
+      if (card.suit == flush.suit && ValidRank(card.rank)) suitRanks |= RankMaskBit(card.rank);
     }
-    if (suitRanks & tables.rankBit[14]) suitRanks |= tables.rankBit[1];
-  }
-  StraightAnalysis result;
-  for (const StraightSpan& span : tables.spans) {
-    if ((ranks & span.mask) != span.mask) continue;
-    result.straight = true;
-    if (flush.flush && (suitRanks & span.mask) == span.mask) {
+    if (const int32_t flushHigh = StraightHighOf(suitRanks); flushHigh != 0) {
       result.straightFlush = true;
-      result.highRank = span.high;
-    } else if (!result.straightFlush) {
-      result.highRank = span.high;
+      result.highRank = flushHigh;
     }
   }
   return result;
