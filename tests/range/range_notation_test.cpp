@@ -368,11 +368,14 @@ TEST(RangeNotationRoundTrip, ReadingThePrintedTextGivesTheSameHoldings) {
 }
 
 TEST(RangeNotationRoundTrip, EveryPreflopStepPrintsToATextThatReadsBack) {
-  for (const auto& list : PreflopRangeLists()) {
-    HoldingSet set;
-    for (const HandCombo& h : list) set.insert(h.card1(), h.card2());
-    EXPECT_EQ(Read(PrintRangeNotation(set)), set);
+  HoldingSet set;  // the classes of the order's rows 0..k
+  for (const PreflopRow& row : PreflopOrder()) {
+    for (const std::string& name : SplitClassList(row.classes)) {
+      for (const HandCombo& h : ExpandClassName(name)) set.insert(h.card1(), h.card2());
+    }
+    EXPECT_EQ(Read(PrintRangeNotation(set)), set) << row.classes;
   }
+  EXPECT_EQ(set, HoldingSet::All());
 }
 
 TEST(HoldingSharePercentText, IsTheShareToOneDecimal) {
