@@ -38,7 +38,7 @@ struct RulesWindow {
   // The range box's percentage, typed and entered.
   void TopPercent(const std::string& percent) {
     model.SetRangeText(percent);
-    model.txtRange_KeyUp(kKeyEnter, 0);
+    model.txtRange_KeyUp(kKeyEnter);
   }
   void Calc(const std::string& hand, const std::string& board) {
     model.txtMyHand.text = hand;

@@ -49,7 +49,7 @@ class WindowModelTest : public ::testing::Test {
   // Types `text` into the player box and releases the last key.
   void TypePlayer(const std::string& text, int keyCode = 'A') {
     model.cmbPlayer.text = text;
-    model.cmbPlayer_KeyUp(keyCode, 0);
+    model.cmbPlayer_KeyUp(keyCode);
   }
 
   // Picks list entry `index` of the player box.
