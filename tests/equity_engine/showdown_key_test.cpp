@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "equity/showdown.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {

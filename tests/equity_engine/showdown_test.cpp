@@ -7,13 +7,13 @@
 #include <string>
 
 #include "equity/showdown_key.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
 using testing::Cards;
-using testing::Combo;
+using testing::Holding;
 using testing::Hand;
 using testing::Record;
 
@@ -24,7 +24,7 @@ std::string Name(Outcome o) {
 }
 
 Outcome ByReference(const char* mine, const char* theirs, const char* board) {
-  const ShowdownResult r = CompareShowdown(Hand(mine), Combo(theirs), Record(board), kRiver);
+  const ShowdownResult r = CompareShowdown(Hand(mine), Holding(theirs), Record(board), kRiver);
   EXPECT_FALSE(r.myWin && r.oppWin);
   return r.myWin ? Outcome::Win : (r.oppWin ? Outcome::Lose : Outcome::Tie);
 }

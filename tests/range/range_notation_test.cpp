@@ -9,9 +9,12 @@
 
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
+
+using testing::C;
 
 HoldingSet Read(std::string_view text) {
   const ParsedRange parsed = ParseRangeNotation(text);
@@ -40,10 +43,6 @@ bool HoldsClass(const HoldingSet& set, std::string_view className) {
     if (!set.contains(own.holdings[i].number)) return false;
   }
   return true;
-}
-
-Card C(std::string_view text) {
-  return {RankFromChar(text.substr(0, 1)), SuitFromChar(text.substr(1, 1))};
 }
 
 // ---- The counts players know ----
