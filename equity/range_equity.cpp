@@ -271,7 +271,8 @@ class CompletionCounter {
       if (kind == 0 && (cards[0].suit != suit || cards[1].suit != suit)) continue;
       if (kind == 1 && suitRanks == 0) continue;
       list.push_back({DeckBit(DeckIndex(cards[0])) | DeckBit(DeckIndex(cards[1])), myWeights_[h],
-                      theirWeights_[h], h, static_cast<uint16_t>(CanonicalPairIndex(cards[0].rank, cards[1].rank)),
+                      theirWeights_[h], h,
+                      static_cast<uint16_t>(CanonicalPairIndex(cards[0].rank, cards[1].rank)),
                       static_cast<uint16_t>(suitRanks), static_cast<uint8_t>(DeckIndex(cards[0])),
                       static_cast<uint8_t>(DeckIndex(cards[1]))});
     }
@@ -282,7 +283,8 @@ class CompletionCounter {
   const Pattern& PatternFor(std::span<const Card> coming) {
     std::size_t slot = 0;
     if (coming.size() == 1) slot = static_cast<std::size_t>(coming[0].rank - 2);
-    if (coming.size() == 2) slot = static_cast<std::size_t>(CanonicalPairIndex(coming[0].rank, coming[1].rank));
+    if (coming.size() == 2)
+      slot = static_cast<std::size_t>(CanonicalPairIndex(coming[0].rank, coming[1].rank));
     Pattern& pattern = patterns_[slot];
     if (pattern.filled) return pattern;
     RankState ranks = boardRanks_;

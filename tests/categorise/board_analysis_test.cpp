@@ -9,8 +9,8 @@
 namespace quillet {
 namespace {
 
-using testing::WindowBoard;
 using testing::Holding;
+using testing::WindowBoard;
 
 RankSet Ranks(std::initializer_list<int> ranks) {
   RankSet set = 0;

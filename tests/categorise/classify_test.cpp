@@ -10,8 +10,8 @@ namespace quillet {
 namespace {
 
 using testing::AllHoldingsBeside;
-using testing::WindowBoard;
 using testing::Holding;
+using testing::WindowBoard;
 
 ComboClassification Classify(const std::string& holding, const std::string& board) {
   const auto b = WindowBoard(board);

@@ -14,8 +14,8 @@
 namespace quillet {
 namespace {
 
-using testing::WindowBoard;
 using testing::Holding;
+using testing::WindowBoard;
 
 // Both layers with every class whole, as clicking every block would leave them.
 RangeLayer FullLayer() {

@@ -11,7 +11,6 @@
 namespace quillet::cli {
 namespace {
 
-
 class ProfilesBesideOtherWriters : public ProfilesCommandTest {
  protected:
   // Runs the command in a process of its own, as a second quillet-cli would; returns the process.

@@ -16,7 +16,6 @@
 namespace quillet::cli {
 namespace {
 
-
 // ---- quillet-cli range ----
 
 TEST(RangeCommand, PrintsTheShortestTextTheCountAndTheShare) {

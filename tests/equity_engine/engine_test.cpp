@@ -15,8 +15,8 @@ namespace {
 using testing::AllHoldings;
 using testing::Board;
 using testing::C;
-using testing::Holding;
 using testing::Hand;
+using testing::Holding;
 using testing::LiveHoldings;
 
 // ---- the enumeration ----

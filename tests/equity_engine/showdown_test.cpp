@@ -13,8 +13,8 @@ namespace quillet {
 namespace {
 
 using testing::Cards;
-using testing::Holding;
 using testing::Hand;
+using testing::Holding;
 using testing::Record;
 
 enum class Outcome { Win, Lose, Tie };

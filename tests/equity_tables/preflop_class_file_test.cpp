@@ -84,10 +84,9 @@ TEST(ClassTableFile, RefusesAnotherFormatVersion) {
 }
 
 TEST(ClassTableFile, RefusesASizeThatDoesNotMatchTheCount) {
-  testing::ExpectSizeMismatchRefused(kLoader, SerializeClassTable(BuiltIn()),
-                                     "holds 752149 bytes where 47008 classes take 752148",
-                                     "holds 752147 bytes where 47008 classes take 752148",
-                                     "where 4294967295 classes take");
+  testing::ExpectSizeMismatchRefused(
+      kLoader, SerializeClassTable(BuiltIn()), "holds 752149 bytes where 47008 classes take 752148",
+      "holds 752147 bytes where 47008 classes take 752148", "where 4294967295 classes take");
 }
 
 TEST(ClassTableFile, RefusesContentsThatDoNotMatchTheChecksum) {

@@ -61,11 +61,12 @@ TEST(TableFile, AnEmptyTableIsWellFormed) {
   EXPECT_EQ(read.tables->size(), 0);
 }
 
-const testing::TableLoader kLoader{[](const Bytes& b) {
-                                     const TablesOrError read = ParseTables(AsSpan(b));
-                                     return testing::TableRead{read.ok(), read.tables.has_value(), read.error};
-                                   },
-                                   "The preflop table is damaged"};
+const testing::TableLoader kLoader{
+    [](const Bytes& b) {
+      const TablesOrError read = ParseTables(AsSpan(b));
+      return testing::TableRead{read.ok(), read.tables.has_value(), read.error};
+    },
+    "The preflop table is damaged"};
 
 void ExpectRefused(const Bytes& b, const std::string& because) {
   testing::ExpectRefused(kLoader, b, because);
@@ -86,8 +87,9 @@ TEST(TableFile, RefusesAnotherFormatVersion) {
 }
 
 TEST(TableFile, RefusesASizeThatDoesNotMatchTheCount) {
-  testing::ExpectSizeMismatchRefused(kLoader, SerializeTables(Sample()), "holds 45 bytes where 3 entries take 44",
-                                     "holds 43 bytes where 3 entries take 44", "where 4294967295 entries take");
+  testing::ExpectSizeMismatchRefused(
+      kLoader, SerializeTables(Sample()), "holds 45 bytes where 3 entries take 44",
+      "holds 43 bytes where 3 entries take 44", "where 4294967295 entries take");
 }
 
 TEST(TableFile, RefusesContentsThatDoNotMatchTheChecksum) {

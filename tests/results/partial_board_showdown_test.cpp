@@ -9,9 +9,9 @@
 namespace quillet {
 namespace {
 
-using testing::WindowBoard;
 using testing::Hand;
 using testing::Holding;
+using testing::WindowBoard;
 
 constexpr ShowdownResult kWin{true, false};
 constexpr ShowdownResult kLose{false, true};

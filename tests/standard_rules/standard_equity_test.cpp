@@ -14,8 +14,8 @@ namespace quillet {
 namespace {
 
 using testing::Board;
-using testing::Holding;
 using testing::Hand;
+using testing::Holding;
 using testing::LiveHoldings;
 
 int32_t StreetOf(const std::string& board) {
@@ -148,7 +148,7 @@ TEST(StandardEquity, HoldingsThatAreDeadFlaggedOffOrMalformedTakeNoPart) {
   HandCombo flaggedOff = Holding("JcJd");
   flaggedOff.flag = false;
   const std::vector<HandCombo> range = {Holding("QcQd"), Holding("AhQh"), Holding("KsQs"),
-                                        flaggedOff,    Holding("2c2c"), HandCombo{}};
+                                        flaggedOff,      Holding("2c2c"), HandCombo{}};
   EXPECT_EQ(Tally("AhKh", "Ks7s2d", range), Tally("AhKh", "Ks7s2d", live));
 }
 

@@ -10,8 +10,8 @@ namespace quillet {
 namespace {
 
 using testing::Board;
-using testing::Holding;
 using testing::Hand;
+using testing::Holding;
 
 enum class Outcome { Win, Tie, Lose };
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <array>
-#include <initializer_list>
 #include <cstdint>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -96,7 +96,8 @@ inline std::vector<HandCombo> LiveHoldings(const HandCards& hand, const BoardCar
   std::vector<HandCombo> live;
   for (const HandCombo& combo : AllHoldings()) {
     bool dead = false;
-    for (Card card : {hand.card1(), hand.card2()}) dead = dead || combo.card1() == card || combo.card2() == card;
+    for (Card card : {hand.card1(), hand.card2()})
+      dead = dead || combo.card1() == card || combo.card2() == card;
     for (int i = 0; i < BoardCardCount(street); ++i)
       dead = dead || combo.card1() == board[i] || combo.card2() == board[i];
     if (!dead) live.push_back(combo);
