@@ -9,44 +9,19 @@
 
 #include "equity/board_record.h"
 #include "equity/engine.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
-HandCards AcesHeartsDiamonds() {
-  HandCards hand;
-  hand.rank1 = 14, hand.suit1 = 2, hand.rank2 = 14, hand.suit2 = 1;
-  return hand;
-}
-
-BoardCards TenEightThreeRainbow(bool withTurn) {
-  BoardCards board;
-  board[0] = {10, 0};               // Tc
-  board[1] = {8, 2};                // 8h
-  board[2] = {3, 3};                // 3s
-  if (withTurn) board[3] = {2, 1};  // 2d
-  return board;
-}
-
-// All 1,326 holdings less those sharing a card with My Hand or the known board.
-std::vector<HandCombo> FullRange(const HandCards& hand, const BoardCards& board, int known) {
-  std::vector<HandCombo> range;
-  for (int i = 0; i < 52; ++i) {
-    for (int j = i + 1; j < 52; ++j) {
-      const Card a = DeckCard(j);
-      const Card b = DeckCard(i);
-      bool dead = a == hand.card1() || a == hand.card2() || b == hand.card1() || b == hand.card2();
-      for (int k = 0; k < known; ++k) dead = dead || a == board[k] || b == board[k];
-      if (!dead) range.push_back(HandCombo{true, a.rank, a.suit, b.rank, b.suit});
-    }
-  }
-  return range;
-}
+using testing::Board;
+using testing::Hand;
+using testing::LiveHoldings;
 
 void BM_FullRangeFlopEquity(benchmark::State& state) {
-  const HandCards hand = AcesHeartsDiamonds();
-  const BoardCards board = TenEightThreeRainbow(false);
-  const std::vector<HandCombo> range = FullRange(hand, board, 3);
+  const HandCards hand = Hand("AhAd");
+  const BoardCards board = Board("Tc8h3s");
+  const std::vector<HandCombo> range = LiveHoldings(hand, board, kFlop);
   int64_t showdowns = 0;
   for (auto _ : state) {
     const EquityResult shares = FlopEquity(hand, board, range);
@@ -59,9 +34,9 @@ void BM_FullRangeFlopEquity(benchmark::State& state) {
 BENCHMARK(BM_FullRangeFlopEquity)->Unit(benchmark::kMillisecond);
 
 void BM_FullRangeTurnEquity(benchmark::State& state) {
-  const HandCards hand = AcesHeartsDiamonds();
-  const BoardCards board = TenEightThreeRainbow(true);
-  const std::vector<HandCombo> range = FullRange(hand, board, 4);
+  const HandCards hand = Hand("AhAd");
+  const BoardCards board = Board("Tc8h3s2d");
+  const std::vector<HandCombo> range = LiveHoldings(hand, board, kTurn);
   int64_t showdowns = 0;
   for (auto _ : state) {
     const EquityResult shares = TurnEquity(hand, board, range);

@@ -8,27 +8,16 @@
 #include "cards/card.h"
 #include "cards/hand_class.h"
 #include "equity/preflop_equity.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
-std::vector<HandCombo> FullRangeAgainst(const HandCards& me) {
-  std::vector<HandCombo> range;
-  for (const HandClass& c : HandClasses()) {
-    for (HandCombo h : ExpandClassName(c.name)) {
-      // Holdings that share a card with My Hand are dead: flagged off, as the cook leaves them.
-      for (const Card mine : {me.card1(), me.card2()}) {
-        if (h.card1() == mine || h.card2() == mine) h.flag = false;
-      }
-      range.push_back(h);
-    }
-  }
-  return range;
-}
+using testing::ClassHoldingsBeside;
 
 void BM_PreflopEquityFullRange(benchmark::State& state) {
   const HandCards me{-1, 14, 2, 14, 1};  // AhAd
-  const std::vector<HandCombo> range = FullRangeAgainst(me);
+  const std::vector<HandCombo> range = ClassHoldingsBeside(me);
   const TablesOrError& loaded = ProgramTables();
   if (!loaded.ok()) {
     state.SkipWithError(loaded.error.c_str());

@@ -28,7 +28,7 @@ void BM_SliderStepToTheLastPosition(benchmark::State& state) {
   Editor editor;
   editor.form.Slider1.value = 146;
   for (auto _ : state) {
-    editor.form.Slider1_MouseMove(kLeftButton, 0);
+    editor.form.Slider1_MouseMove(kLeftButton);
     benchmark::DoNotOptimize(editor.form.profiles[0].rangeLayer[168].count);
   }
 }
@@ -63,7 +63,7 @@ void BM_TypedPercentSnappedAndApplied(benchmark::State& state) {
   Editor editor;
   for (auto _ : state) {
     editor.form.SetRangeText("50");
-    editor.form.txtRange_KeyUp(kKeyEnter, 0);
+    editor.form.txtRange_KeyUp(kKeyEnter);
     benchmark::DoNotOptimize(editor.form.Slider1.value);
   }
 }

@@ -14,45 +14,19 @@
 #include "equity/deck.h"
 #include "equity/standard_equity.h"
 #include "equity/standard_evaluator.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
-HandCards AcesHeartsDiamonds() {
-  HandCards hand;
-  hand.rank1 = 14, hand.suit1 = 2, hand.rank2 = 14, hand.suit2 = 1;
-  return hand;
-}
-
-// Tc 8h 3s, then 2d and Ks as far as the street goes.
-BoardCards TenEightThree(int32_t street) {
-  BoardCards board;
-  board[0] = {10, 0};
-  board[1] = {8, 2};
-  board[2] = {3, 3};
-  if (street >= kTurn) board[3] = {2, 1};
-  if (street >= kRiver) board[4] = {13, 3};
-  return board;
-}
-
-std::vector<HandCombo> FullRange(const HandCards& hand, const BoardCards& board, int known) {
-  std::vector<HandCombo> range;
-  for (int i = 0; i < 52; ++i) {
-    for (int j = i + 1; j < 52; ++j) {
-      const Card a = DeckCard(j);
-      const Card b = DeckCard(i);
-      bool dead = a == hand.card1() || a == hand.card2() || b == hand.card1() || b == hand.card2();
-      for (int k = 0; k < known; ++k) dead = dead || a == board[k] || b == board[k];
-      if (!dead) range.push_back(HandCombo{true, a.rank, a.suit, b.rank, b.suit});
-    }
-  }
-  return range;
-}
+using testing::Board;
+using testing::Hand;
+using testing::LiveHoldings;
 
 void FullRangeTally(benchmark::State& state, int32_t street) {
-  const HandCards hand = AcesHeartsDiamonds();
-  const BoardCards board = TenEightThree(street);
-  const std::vector<HandCombo> range = FullRange(hand, board, BoardCardCount(street));
+  const HandCards hand = Hand("AhAd");
+  const BoardCards board = Board(std::string_view("Tc8h3s2dKs").substr(0, 2 * BoardCardCount(street)));
+  const std::vector<HandCombo> range = LiveHoldings(hand, board, street);
   StandardEvaluator::Get();  // built once, before the clock runs
   uint64_t showdowns = 0;
   for (auto _ : state) {

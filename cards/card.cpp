@@ -4,20 +4,6 @@
 
 namespace quillet {
 
-CardTextTables InitCardText() {
-  CardTextTables t;
-  t.rankText = std::string(kRankText);
-  t.suitText = std::string(kSuitText);
-  for (int rank = 2; rank <= 14; ++rank) t.rankNames[rank] = std::string(1, kRankText[rank - 1]);
-  for (int suit = 0; suit < 4; ++suit) t.suitNames[suit] = std::string(1, kSuitText[suit]);
-  return t;
-}
-
-const CardTextTables& CardText() {
-  static const CardTextTables tables = InitCardText();
-  return tables;
-}
-
 int32_t RankFromChar(std::string_view text) {
   if (text.empty()) return kNoCard;
   // The search starts at position 2 so the filler "_" at position 1 never matches.

@@ -75,18 +75,6 @@ inline constexpr int32_t kKindPair = 22;
 inline constexpr int32_t kKindSuited = 11;
 inline constexpr int32_t kKindOffsuit = 12;
 
-// The card-text tables: rank text and suit text, rank names indexed 2..14, suit names indexed 0..3.
-struct CardTextTables {
-  std::string rankText;
-  std::string suitText;
-  std::array<std::string, 15> rankNames;  // entries 0 and 1 unused
-  std::array<std::string, 4> suitNames;
-};
-
-// Builds the card-text tables; CardText() holds the program's one filled copy.
-CardTextTables InitCardText();
-const CardTextTables& CardText();
-
 // Rank of a rank character ("A" -> 14, "T" -> 10), searched case-sensitively from position 2 of the rank
 // text; -1 when not found ("t" is not a rank, and neither is "_"). An empty text is not found.
 int32_t RankFromChar(std::string_view text);

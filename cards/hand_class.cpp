@@ -63,26 +63,6 @@ int ClassOfCombo(const HandCombo& combo) {
   }
 }
 
-std::array<SuitPair, 16> InitSuitPairs() {
-  std::array<SuitPair, 16> pairs;
-  for (int32_t s1 = 0; s1 < 4; ++s1) {
-    for (int32_t s2 = 0; s2 < 4; ++s2) {
-      SuitPair& p = pairs[4 * s1 + s2];
-      p.suit1 = s1;
-      p.suit2 = s2;
-      p.suited = s1 == s2;
-      p.offsuit = s1 != s2;
-      p.pair = s1 > s2;
-    }
-  }
-  return pairs;
-}
-
-const std::array<SuitPair, 16>& SuitPairs() {
-  static const std::array<SuitPair, 16> pairs = InitSuitPairs();
-  return pairs;
-}
-
 std::vector<HandCombo> ExpandClassName(std::string_view name) {
   static constexpr int32_t kPairSuits[6][2] = {{0, 1}, {0, 2}, {0, 3}, {1, 2}, {1, 3}, {2, 3}};
   const int32_t rank1 = RankFromChar(name.substr(0, 1));

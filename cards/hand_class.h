@@ -37,18 +37,6 @@ int FindClassByName(std::string_view name);
 // Class number of a holding (by its ranks and kind), or -1 when a rank is out of range.
 int ClassOfCombo(const HandCombo& combo);
 
-// One ordered pair of suits; number 4 x suit1 + suit2.
-struct SuitPair {
-  int32_t suit1 = 0;
-  int32_t suit2 = 0;
-  bool suited = false;   // suits equal (4 records)
-  bool offsuit = false;  // suits differ (12 records)
-  bool pair = false;     // suit1 greater than suit2 (6 records)
-};
-
-std::array<SuitPair, 16> InitSuitPairs();
-const std::array<SuitPair, 16>& SuitPairs();
-
 // The holdings of a class name, flags set, rank 1 from the first character and rank 2 from the second.
 // The test is on the length alone: any name that is not two characters long gives the 4 suited holdings
 // (so "AKo" expands as suited), a two-character name with different ranks the 12 offsuit holdings, a pair

@@ -1,7 +1,5 @@
 #include "cards/preflop_order.h"
 
-#include "cards/hand_class.h"
-
 namespace quillet {
 
 std::vector<PreflopRow> InitPreflopOrder() {
@@ -172,24 +170,6 @@ std::vector<std::string> SplitClassList(std::string_view text) {
     start = comma + 1;
   }
   return names;
-}
-
-std::vector<std::vector<HandCombo>> BuildPreflopRangeLists(const std::vector<PreflopRow>& order) {
-  std::vector<std::vector<HandCombo>> lists(order.size());
-  std::vector<HandCombo> running;
-  for (std::size_t k = 0; k < order.size(); ++k) {
-    for (const std::string& name : SplitClassList(order[k].classes)) {
-      const auto combos = ExpandClassName(name);
-      running.insert(running.end(), combos.begin(), combos.end());
-    }
-    lists[k] = running;
-  }
-  return lists;
-}
-
-const std::vector<std::vector<HandCombo>>& PreflopRangeLists() {
-  static const std::vector<std::vector<HandCombo>> lists = BuildPreflopRangeLists(PreflopOrder());
-  return lists;
 }
 
 }  // namespace quillet

@@ -73,7 +73,6 @@ void InitCategories(Categories& categories) {
     node.label = std::string(table[i].label);
     node.iconKey = std::string(table[i].iconKey);
     node.nonEmpty = true;
-    node.secondFlag = true;
   }
   categories.categorisedCount = 0;
 }

@@ -1,5 +1,5 @@
-// One entry of the category table the cook fills: a label with its level marks, an icon key, two flags,
-// per-run scratch fields for the results presentation, and the holdings classified into it.
+// One entry of the category table the cook fills: a label with its level marks, an icon key, a flag, and
+// the holdings classified into it.
 #pragma once
 
 #include <cstdint>
@@ -16,9 +16,6 @@ struct CategoryNode {
   std::string label;    // "*One pair" (top level), ">*T pair" (child), "*" alone (a spacer)
   std::string iconKey;  // key of the entry's icon in the tree's image list; may be empty
   bool nonEmpty = true;  // after a classification: whether the entry holds any holding
-  bool secondFlag = true;  // read and set by the results tree
-  std::string runText;      // emptied at the start of each classification
-  int32_t runNumber = 0;    // emptied at the start of each classification
   std::vector<HandCombo> combos;  // the holdings, in the order they were added
   int32_t count = 0;              // number of holdings in `combos`
 };

@@ -87,10 +87,7 @@ void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, i
   for (CategoryNode& node : categories.nodes) {
     node.count = 0;
     node.combos.clear();  // keeps the memory for the next run
-    node.runText.clear();
-    node.runNumber = 0;
     node.nonEmpty = true;
-    node.secondFlag = true;
   }
   categories.categorisedCount = 0;
 

@@ -33,8 +33,6 @@ struct Args {
   const std::vector<std::string>& positional() const { return positionalWords; }
 };
 
-constexpr std::size_t kLongestProfileName = 15;
-
 constexpr const char* kProfilesUsage =
     "list [--file F] | show NAME [--file F] [--json] [--notation] | add NAME --range LIST [--seen LIST] "
     "[--range-text TEXT] [--file F]";

@@ -6,15 +6,10 @@
 
 #include "cards/showdown_key.h"
 #include "equity/board_record.h"
+#include "equity/rank_pair.h"
 
 namespace quillet {
 namespace {
-
-// Hole ranks as an index into a board's table of rank-part keys: (rank1 - 2) x 13 + rank2 - 2.
-constexpr int kRankPairCount = 169;
-constexpr int RankPairIndex(int32_t rank1, int32_t rank2) {
-  return (rank1 - 2) * 13 + (rank2 - 2);
-}
 
 constexpr uint64_t CardBit(Card card) {
   return uint64_t{1} << DeckIndex(card);

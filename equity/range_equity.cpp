@@ -9,6 +9,7 @@
 #include "equity/board_record.h"   // IsDeckCard
 #include "equity/deck.h"
 #include "equity/preflop_classes.h"
+#include "equity/rank_pair.h"
 #include "equity/standard_evaluator.h"
 
 namespace quillet {
@@ -141,12 +142,6 @@ bool CountPreflop(const PreflopClassTable& table, const HoldingWeights& mine, co
   return true;
 }
 
-// Two hole ranks as an index into a table of 13 x 13, the lower rank first: (low - 2) x 13 + high - 2.
-constexpr int32_t kRankPairCount = 169;
-constexpr int32_t RankPairIndex(int32_t rank1, int32_t rank2) {
-  return rank1 <= rank2 ? (rank1 - 2) * 13 + rank2 - 2 : (rank2 - 2) * 13 + rank1 - 2;
-}
-
 // One live holding in the list of its rank pair, for one range.
 struct RankPairEntry {
   uint64_t cards = 0;       // deck bits of its two cards
@@ -189,7 +184,7 @@ class CompletionCounter {
     for (int32_t h = 0; h < kHoldingCount; ++h) {
       if (mine[h] == 0 && theirs[h] == 0) continue;
       const auto& cards = CardsOfHoldings()[h];
-      present[RankPairIndex(cards[0].rank, cards[1].rank)] = true;
+      present[CanonicalPairIndex(cards[0].rank, cards[1].rank)] = true;
       holdings_.push_back(static_cast<uint16_t>(h));
     }
     for (int32_t pair = 0; pair < kRankPairCount; ++pair) {
@@ -246,7 +241,7 @@ class CompletionCounter {
     for (int32_t h = 0; h < kHoldingCount; ++h) {
       if (range[h] == 0) continue;
       const auto& cards = CardsOfHoldings()[h];
-      ++perPair[RankPairIndex(cards[0].rank, cards[1].rank)];
+      ++perPair[CanonicalPairIndex(cards[0].rank, cards[1].rank)];
     }
     start[0] = 0;
     for (int32_t pair = 0; pair < kRankPairCount; ++pair) start[pair + 1] = start[pair] + perPair[pair];
@@ -258,7 +253,7 @@ class CompletionCounter {
       const auto& cards = CardsOfHoldings()[h];
       const int32_t a = DeckIndex(cards[0]);
       const int32_t b = DeckIndex(cards[1]);
-      entries[next[RankPairIndex(cards[0].rank, cards[1].rank)]++] = {
+      entries[next[CanonicalPairIndex(cards[0].rank, cards[1].rank)]++] = {
           DeckBit(a) | DeckBit(b), range[h], other[h], static_cast<uint16_t>(h), static_cast<uint8_t>(a),
           static_cast<uint8_t>(b)};
     }
@@ -276,7 +271,8 @@ class CompletionCounter {
       if (kind == 0 && (cards[0].suit != suit || cards[1].suit != suit)) continue;
       if (kind == 1 && suitRanks == 0) continue;
       list.push_back({DeckBit(DeckIndex(cards[0])) | DeckBit(DeckIndex(cards[1])), myWeights_[h],
-                      theirWeights_[h], h, static_cast<uint16_t>(RankPairIndex(cards[0].rank, cards[1].rank)),
+                      theirWeights_[h], h,
+                      static_cast<uint16_t>(CanonicalPairIndex(cards[0].rank, cards[1].rank)),
                       static_cast<uint16_t>(suitRanks), static_cast<uint8_t>(DeckIndex(cards[0])),
                       static_cast<uint8_t>(DeckIndex(cards[1]))});
     }
@@ -287,7 +283,8 @@ class CompletionCounter {
   const Pattern& PatternFor(std::span<const Card> coming) {
     std::size_t slot = 0;
     if (coming.size() == 1) slot = static_cast<std::size_t>(coming[0].rank - 2);
-    if (coming.size() == 2) slot = static_cast<std::size_t>(RankPairIndex(coming[0].rank, coming[1].rank));
+    if (coming.size() == 2)
+      slot = static_cast<std::size_t>(CanonicalPairIndex(coming[0].rank, coming[1].rank));
     Pattern& pattern = patterns_[slot];
     if (pattern.filled) return pattern;
     RankState ranks = boardRanks_;

@@ -10,21 +10,11 @@
 #include "equity/deck.h"
 #include "equity/hand_evaluator.h"
 #include "equity/preflop_classes.h"
+#include "equity/rank_pair.h"
 #include "equity/standard_evaluator.h"
 
 namespace quillet {
 namespace {
-
-// Two hole ranks as an index into a table of 13 x 13 entries: (rank1 - 2) x 13 + rank2 - 2. Tables of
-// values by rank pair are filled in both orders, so a row of the table is every pair with one given rank.
-constexpr int kRankPairCount = 169;
-constexpr int RankPairIndex(int32_t rank1, int32_t rank2) {
-  return (rank1 - 2) * 13 + (rank2 - 2);
-}
-// The same pair with the lower rank first: the one index each holding is counted under.
-constexpr int CanonicalPairIndex(int32_t rank1, int32_t rank2) {
-  return rank1 <= rank2 ? RankPairIndex(rank1, rank2) : RankPairIndex(rank2, rank1);
-}
 
 constexpr uint64_t DeckBit(Card card) {
   return uint64_t{1} << DeckIndex(card);

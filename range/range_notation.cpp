@@ -171,7 +171,12 @@ std::optional<RangeNotationError> AddPercent(HoldingSet& set, const Token& token
                      "percentage " + Quoted(token) + " is above 100");
   }
   // At or above the last step the box leaves the grid alone; as notation that value means every class.
-  for (const HandCombo& h : PreflopRangeLists()[step->entry]) set.insert(h.card1(), h.card2());
+  const std::vector<PreflopRow>& order = PreflopOrder();
+  for (int k = 0; k <= step->entry; ++k) {
+    for (const std::string& name : SplitClassList(order[k].classes)) {
+      for (const HandCombo& h : ExpandClassName(name)) set.insert(h.card1(), h.card2());
+    }
+  }
   return {};
 }
 

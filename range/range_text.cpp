@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "cards/holding.h"
+
 namespace quillet {
 namespace {
 
@@ -135,7 +137,7 @@ int UnionHoldingCount(const RangeLayer& onLayer, const RangeLayer& seenLayer) {
 std::string ComputedRangeText(int holdings) {
   // The nearest tenth of holdings / 1326 * 100, in integers. No count lies exactly halfway between two
   // tenths: that would need 1000 x holdings to be an odd multiple of 663.
-  const int64_t tenths = (int64_t{holdings} * 2000 + kAllHoldings) / (2 * kAllHoldings);
+  const int64_t tenths = (int64_t{holdings} * 2000 + kHoldingCount) / (2 * kHoldingCount);
   std::string text = "~";
   text += FormatTenths(tenths);
   return text;

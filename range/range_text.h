@@ -15,8 +15,6 @@
 
 namespace quillet {
 
-inline constexpr int kAllHoldings = 1326;
-
 // The numeric-text check. Spaces at both ends are ignored; with `stripCommas` every "," is removed first
 // and an empty result fails. "-" may only come first, "." at most once (never with `integerOnly`), and
 // anything else must be a digit 0-9. The text then passes when its length lies between `minLength` and

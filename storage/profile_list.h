@@ -1,6 +1,7 @@
 // The profile list: a 0-based list of profiles in which an empty name marks a free slot.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,9 @@
 #include "range/player_profile.h"
 
 namespace quillet {
+
+// Profile names have at most this many characters; a longer name can be neither selected nor saved.
+inline constexpr std::size_t kLongestProfileName = 15;
 
 // The index of the profile named exactly `name` (case counts), or -1. An empty name finds nothing.
 int FindProfileByName(const std::vector<PlayerProfile>& profiles, std::string_view name);

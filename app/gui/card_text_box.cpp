@@ -95,7 +95,7 @@ std::vector<Colour> CardTextBox::CharColours() const {
 }
 
 void CardTextBox::keyPressEvent(QKeyEvent* event) {
-  emit keyDown(KeyCode(*event), ShiftMask(event->modifiers()));
+  emit keyDown(KeyCode(*event));
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     event->accept();
     return;

@@ -24,8 +24,8 @@ class CardTextBox : public QTextEdit {
   std::vector<Colour> CharColours() const;
 
  signals:
-  // A key went down (code and modifier mask as the model takes them); Enter is not typed into the box.
-  void keyDown(int keyCode, int shift);
+  // A key went down (its code as the model takes it); Enter is not typed into the box.
+  void keyDown(int keyCode);
   // The user changed the text.
   void edited();
   // A click in the box.

@@ -15,13 +15,13 @@
 namespace quillet::gui {
 namespace {
 
-// The window's fixed width and least height in pixels (13545 x 8010 twips).
-constexpr int kWindowWidth = 903;
-constexpr int kWindowMinHeight = 534;
+// The window's fixed width and least height in pixels.
+constexpr int kWidthPixels = kWindowWidth / kTwipsPerPixel;
+constexpr int kMinHeightPixels = kWindowMinHeight / kTwipsPerPixel;
 
 // The results tree's column: its top edge, and the three-line cook caption below it.
 constexpr int kRightX = 470;
-constexpr int kRightWidth = kWindowWidth - kRightX - 8;
+constexpr int kRightWidth = kWidthPixels - kRightX - 8;
 constexpr int kTreeTop = 66;
 constexpr int kCaptionHeight = 48;
 
@@ -64,9 +64,9 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   setWindowTitle(QStringLiteral("Poker Quillet Hand Range Analyzer and Odds Calculator"));
   setFont(WindowFont());
   setMouseTracking(true);
-  setMinimumSize(kWindowWidth, kWindowMinHeight);
-  setMaximumWidth(kWindowWidth);
-  resize(kWindowWidth, kWindowMinHeight);
+  setMinimumSize(kWidthPixels, kMinHeightPixels);
+  setMaximumWidth(kWidthPixels);
+  resize(kWidthPixels, kMinHeightPixels);
 
   BuildControls();
   BuildNotationBox();
@@ -294,9 +294,9 @@ void Form1::ConnectEvents() {
 
   // The card boxes.
   connect(txtMyHand_, &CardTextBox::keyDown, this,
-          [this](int key, int shift) { Act([this, key, shift] { model_.txtMyHand_KeyDown(key, shift); }); });
+          [this](int key) { Act([this, key] { model_.txtMyHand_KeyDown(key); }); });
   connect(txtBoard_, &CardTextBox::keyDown, this,
-          [this](int key, int shift) { Act([this, key, shift] { model_.txtBoard_KeyDown(key, shift); }); });
+          [this](int key) { Act([this, key] { model_.txtBoard_KeyDown(key); }); });
   connect(txtMyHand_, &CardTextBox::edited, this, [this] {
     model_.txtMyHand.text = txtMyHand_->Text();
     model_.txtMyHand.charColours = txtMyHand_->CharColours();
@@ -329,7 +329,7 @@ void Form1::ConnectEvents() {
     model_.Slider1.value = value;
     if (sliderKeyHeld_) return;
     sliderAppliedValue_ = value;
-    Act([this] { model_.Slider1_MouseMove(kLeftButton, ShiftMask(QGuiApplication::keyboardModifiers())); });
+    Act([this] { model_.Slider1_MouseMove(kLeftButton); });
   });
   slider_->installEventFilter(this);
 
@@ -611,20 +611,18 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 
 bool Form1::SliderKey(QKeyEvent* event, bool down) {
   if (event->isAutoRepeat() && !down) return false;  // a held key: only its last release counts
-  const int key = KeyCode(*event);
-  const int shift = ShiftMask(event->modifiers());
   if (down) {
     sliderKeyHeld_ = true;
-    Act([this, key, shift] { model_.Slider1_KeyDown(key, shift); });
+    Act([this] { model_.Slider1_KeyDown(); });
   } else {
     sliderKeyHeld_ = false;
     // A key tapped faster than the timer's first tick still moves the range.
-    Act([this, key, shift] {
+    Act([this] {
       if (model_.tmrSliderMoving.enabled && sliderAppliedValue_ != model_.Slider1.value) {
         sliderAppliedValue_ = model_.Slider1.value;
         model_.tmrSliderMoving_Timer();
       }
-      model_.Slider1_KeyUp(key, shift);
+      model_.Slider1_KeyUp();
     });
   }
   return false;
@@ -641,10 +639,9 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
       auto* key = static_cast<QKeyEvent*>(event);
       if (key->isAutoRepeat()) return false;
       const int code = KeyCode(*key);
-      const int shift = ShiftMask(key->modifiers());
-      Act([this, code, shift] {
+      Act([this, code] {
         model_.cmbPlayer.text = ToStdString(cmbPlayer_->lineEdit()->text());
-        model_.cmbPlayer_KeyUp(code, shift);
+        model_.cmbPlayer_KeyUp(code);
       });
     }
   } else if (watched == txtRange_) {
@@ -652,8 +649,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
       auto* key = static_cast<QKeyEvent*>(event);
       if (!key->isAutoRepeat()) {
         const int code = KeyCode(*key);
-        const int shift = ShiftMask(key->modifiers());
-        Act([this, code, shift] { model_.txtRange_KeyUp(code, shift); });
+        Act([this, code] { model_.txtRange_KeyUp(code); });
       }
     } else if (type == QEvent::KeyPress) {
       auto* key = static_cast<QKeyEvent*>(event);
@@ -702,7 +698,7 @@ void Form1::BuildNotationBox() {
   });
   // On the key's press, so that the Enter that closes an error's message box is not taken as another one.
   connect(txtNotation_, &QLineEdit::returnPressed, this,
-          [this] { Act([this] { model_.txtNotation_KeyDown(kKeyEnter, 0); }); });
+          [this] { Act([this] { model_.txtNotation_KeyDown(kKeyEnter); }); });
 
   new GridClipboardKeys(
       grid_, [this](int key, int shift) { Act([this, key, shift] { model_.PFHand_KeyDown(key, shift); }); },

@@ -77,7 +77,7 @@ void CardCellsWidget::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   const int cell = pressedCell_;
   if (event->buttons() == Qt::NoButton) pressedCell_ = -1;
-  if (cell >= 0) emit cellMouseUp(cell, ButtonNumber(event->button()), ShiftMask(event->modifiers()));
+  if (cell >= 0) emit cellMouseUp(cell, ButtonNumber(event->button()));
 }
 
 SelCardsWindow::SelCardsWindow(SelCardsModel& picker, std::function<void(std::function<void()>)> act,
@@ -116,8 +116,8 @@ SelCardsWindow::SelCardsWindow(SelCardsModel& picker, std::function<void(std::fu
   layout->addLayout(bottom);
   layout->setSizeConstraint(QLayout::SetFixedSize);
 
-  connect(cells_, &CardCellsWidget::cellMouseUp, this, [this](int cell, int button, int shift) {
-    act_([this, cell, button, shift] { picker_.Card_MouseUp(cell, button, shift); });
+  connect(cells_, &CardCellsWidget::cellMouseUp, this, [this](int cell, int button) {
+    act_([this, cell, button] { picker_.Card_MouseUp(cell, button); });
   });
   connect(autoOK_, &QCheckBox::clicked, this,
           [this](bool on) { act_([this, on] { picker_.chkAutoOK = on; }); });

@@ -20,7 +20,7 @@ class CardCellsWidget : public QWidget {
   int CellAt(QPoint point) const;
 
  signals:
-  void cellMouseUp(int cell, int button, int shift);
+  void cellMouseUp(int cell, int button);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -78,12 +78,12 @@ void Form1Model::ColourMyHand() {
   txtMyHand.selLength = 0;
 }
 
-void Form1Model::txtMyHand_KeyDown(int keyCode, int /*shift*/) {
+void Form1Model::txtMyHand_KeyDown(int keyCode) {
   ClearEquityDisplay();
   if (keyCode == kKeyEnter) cmdCheckPossibleHands_Click();
 }
 
-void Form1Model::txtBoard_KeyDown(int keyCode, int /*shift*/) {
+void Form1Model::txtBoard_KeyDown(int keyCode) {
   // A modifier pressed alone keeps the equity shown (in this box only).
   if (keyCode == kKeyShift || keyCode == kKeyControl || keyCode == kKeyAlt) return;
   ClearEquityDisplay();

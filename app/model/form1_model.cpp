@@ -42,13 +42,10 @@ bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
   mnuSwitchColourSchemeCaption = "Switch to New Colour Scheme";
 
   // The shared tables are built on first use; asking for them here builds them in the order in which later
-  // steps read them (the slider reads the preflop order, the grid the suit pairs).
+  // steps read them (the slider reads the preflop order).
   PreflopOrder();
-  CardText();
-  PreflopRangeLists();
   InitCategories(categories);
   TheDeck();
-  SuitPairs();
   Slider1.max = static_cast<int>(PreflopOrder().size()) - 1;
   Slider1.value = 0;
 

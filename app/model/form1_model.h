@@ -166,10 +166,14 @@ struct GridState {
   Colour matrixColour = 0xFFFFC0;             // the colour the last grid click chose for the matrix
 };
 
-// The window's size in twips (15 twips to a pixel) and the results tree's place in it.
+// The window's width is fixed and its height has a floor (twips, 15 to a pixel).
+inline constexpr int kWindowWidth = 13545;
+inline constexpr int kWindowMinHeight = 8010;
+
+// The window's size in twips and the results tree's place in it.
 struct WindowGeometry {
-  int width = 13545;
-  int height = 8010;
+  int width = kWindowWidth;
+  int height = kWindowMinHeight;
   bool normalState = true;  // neither minimised nor maximised
   int treeTop = 0;
   int treeHeight = 0;
@@ -238,7 +242,7 @@ class Form1Model {
   void RefreshSuitMatrix(bool scan);
 
   // ---- range text box (form1_range_text.cpp) ----
-  void txtRange_KeyUp(int keyCode, int shift);
+  void txtRange_KeyUp(int keyCode);
   // Sets the box's text (typed or from the program) and runs txtRange_Change.
   void SetRangeText(const std::string& text);
   void txtRange_Change();
@@ -253,7 +257,7 @@ class Form1Model {
   // The user edited the text: it is red until Enter accepts it.
   void txtNotation_Change();
   // Enter (key code 13) applies the text; other keys do nothing here.
-  void txtNotation_KeyDown(int keyCode, int shift);
+  void txtNotation_KeyDown(int keyCode);
   // Ctrl+C puts the On layer's notation on the clipboard; Ctrl+V puts the clipboard's text in the box and
   // applies it as Enter does.
   void PFHand_KeyDown(int keyCode, int shift);
@@ -264,9 +268,9 @@ class Form1Model {
   bool ApplyRangeNotation();
 
   // ---- slider (form1_slider.cpp) ----
-  void Slider1_MouseMove(int button, int shift);
-  void Slider1_KeyDown(int keyCode, int shift);
-  void Slider1_KeyUp(int keyCode, int shift);
+  void Slider1_MouseMove(int button);
+  void Slider1_KeyDown();
+  void Slider1_KeyUp();
   void tmrSliderMoving_Timer();
   void ApplySliderRange();
 
@@ -289,8 +293,8 @@ class Form1Model {
   // Colours My Hand as it is read: a range by RangeTextColours (its error, if any, in the rejected colour),
   // anything else by suit as ColourCodeRT does.
   void ColourMyHand();
-  void txtMyHand_KeyDown(int keyCode, int shift);
-  void txtBoard_KeyDown(int keyCode, int shift);
+  void txtMyHand_KeyDown(int keyCode);
+  void txtBoard_KeyDown(int keyCode);
   // A click in the box opens the picker for My Hand, except while the box holds a range (the user is
   // editing its text then).
   void txtMyHand_Click();
@@ -333,7 +337,7 @@ class Form1Model {
   static void ToggleMenuCheck(bool& tick) { tick = !tick; }
   bool SelectProfileByName();
   void cmbPlayer_Click();
-  void cmbPlayer_KeyUp(int keyCode, int shift);
+  void cmbPlayer_KeyUp(int keyCode);
   void lblSave_Click();
   void lblDelete_Click();
   void lblOptions_Click();

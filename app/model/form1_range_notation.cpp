@@ -10,7 +10,7 @@ void Form1Model::txtNotation_Change() {
   txtNotation.foreColour = kRejectedTextColour;
 }
 
-void Form1Model::txtNotation_KeyDown(int keyCode, int /*shift*/) {
+void Form1Model::txtNotation_KeyDown(int keyCode) {
   if (keyCode == kKeyEnter) ApplyRangeNotation();
 }
 

@@ -16,22 +16,22 @@ int SliderEntry(const SliderState& slider) {
 
 }  // namespace
 
-void Form1Model::Slider1_MouseMove(int button, int /*shift*/) {
+void Form1Model::Slider1_MouseMove(int button) {
   if (button != kLeftButton) return;  // only while dragging
   SetRangeText(PercentText(PreflopOrder()[SliderEntry(Slider1)].percent));
   ApplySliderRange();
 }
 
-void Form1Model::Slider1_KeyDown(int /*keyCode*/, int /*shift*/) {
+void Form1Model::Slider1_KeyDown() {
   tmrSliderMoving.Enable();
 }
 
-void Form1Model::Slider1_KeyUp(int /*keyCode*/, int /*shift*/) {
+void Form1Model::Slider1_KeyUp() {
   tmrSliderMoving.Disable();
 }
 
 void Form1Model::tmrSliderMoving_Timer() {
-  Slider1_MouseMove(kLeftButton, 0);
+  Slider1_MouseMove(kLeftButton);
 }
 
 void Form1Model::ApplySliderRange() {

@@ -10,15 +10,9 @@
 namespace quillet {
 namespace {
 
-// Profile names have at most this many characters; a longer name can be neither selected nor saved.
-constexpr std::size_t kMaxProfileNameLength = 15;
-
 constexpr std::string_view kPlayerPrompt = "Type new player name / Select existing player";
 
-// The window's width is fixed and its height has a floor (twips); the tree keeps this margin to the
-// window's bottom edge.
-constexpr int kWindowWidth = 13545;
-constexpr int kWindowMinHeight = 8010;
+// The tree keeps this margin (twips) to the window's bottom edge.
 constexpr int kTreeBottomMargin = 777;
 
 std::string Trim(const std::string& text) {
@@ -34,7 +28,7 @@ bool Form1Model::SelectProfileByName() {
   LabelState& save = label(CommandLabel::lblSave);
   LabelState& remove = label(CommandLabel::lblDelete);
   const std::string& name = cmbPlayer.text;
-  if (name.empty() || Utf8Length(name) > kMaxProfileNameLength) {
+  if (name.empty() || Utf8Length(name) > kLongestProfileName) {
     remove.visible = false;
     save.visible = false;
     currentProfileIndex = -1;
@@ -55,7 +49,7 @@ bool Form1Model::SelectProfileByName() {
   if (profiles[k].rangeText.empty()) {
     // A profile without a stored range starts with the first step of the order, as a drag to 0 gives.
     Slider1.value = 0;
-    Slider1_MouseMove(kLeftButton, 0);
+    Slider1_MouseMove(kLeftButton);
   }
   return true;
 }
@@ -68,7 +62,7 @@ void Form1Model::cmbPlayer_Click() {
   }
 }
 
-void Form1Model::cmbPlayer_KeyUp(int keyCode, int /*shift*/) {
+void Form1Model::cmbPlayer_KeyUp(int keyCode) {
   const bool exists = SelectProfileByName();
   cmbPlayer.foreColour = exists ? kWindowTextColour : kRejectedTextColour;
   if (keyCode == kKeyEnter && label(CommandLabel::lblSave).visible) lblSave_Click();
@@ -76,7 +70,7 @@ void Form1Model::cmbPlayer_KeyUp(int keyCode, int /*shift*/) {
 
 void Form1Model::lblSave_Click() {
   const std::string name = Trim(cmbPlayer.text);
-  if (name.empty() || Utf8Length(name) > kMaxProfileNameLength) return;
+  if (name.empty() || Utf8Length(name) > kLongestProfileName) return;
   DeselectAllBlocks();
   // Trimming can turn a new name into an existing one: that profile is selected rather than doubled.
   const int existing = FindProfileByName(profiles, name);

@@ -52,7 +52,7 @@ int SelCardsModel::ChosenCount(bool cap) const {
   return count;
 }
 
-void SelCardsModel::Card_MouseUp(int index, int button, int /*shift*/) {
+void SelCardsModel::Card_MouseUp(int index, int button) {
   if (index < 0 || index >= kPickerCells) return;
   if (button == 1) {
     const int count = ChosenCount(true);

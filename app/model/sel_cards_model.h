@@ -49,7 +49,7 @@ struct SelCardsModel {
   void Init(int minimumCards, int maximumCards, bool forMyHand, std::string_view text);
   // Left: choose or unchoose the cell (never beyond the maximum), with auto-OK on the final card.
   // Right: clear the choice. Other buttons: nothing.
-  void Card_MouseUp(int index, int button, int shift);
+  void Card_MouseUp(int index, int button);
   // Writes the chosen cards in cell order into the target box, or shows kNotEnoughCardsMessage when their
   // number lies outside minimum..maximum and stays open.
   void cmdOK_Click();

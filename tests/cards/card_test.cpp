@@ -5,17 +5,6 @@
 namespace quillet {
 namespace {
 
-TEST(CardText, RankTextAndSuitTextAreFilledOnce) {
-  const CardTextTables& t = CardText();
-  EXPECT_EQ(t.rankText, "_23456789TJQKA");
-  EXPECT_EQ(t.suitText, "cdhs");
-  EXPECT_EQ(t.rankNames[2], "2");
-  EXPECT_EQ(t.rankNames[10], "T");
-  EXPECT_EQ(t.rankNames[14], "A");
-  EXPECT_EQ(t.suitNames[0], "c");
-  EXPECT_EQ(t.suitNames[3], "s");
-}
-
 TEST(RankFromChar, ReadsUpperCaseRankCharacters) {
   EXPECT_EQ(RankFromChar("2"), 2);
   EXPECT_EQ(RankFromChar("9"), 9);

@@ -74,21 +74,6 @@ TEST(ClassOfCombo, FindsTheBlockOfAHoldingInEitherCardOrder) {
   EXPECT_EQ(ClassOfCombo(HandCombo{true, -1, 0, 2, 3}), -1);
 }
 
-TEST(SuitPairs, SixteenRecordsWithTheirThreeFlags) {
-  const auto& p = SuitPairs();
-  int suited = 0, offsuit = 0, pair = 0;
-  for (int i = 0; i < 16; ++i) {
-    EXPECT_EQ(4 * p[i].suit1 + p[i].suit2, i);
-    suited += p[i].suited;
-    offsuit += p[i].offsuit;
-    pair += p[i].pair;
-  }
-  EXPECT_EQ(suited, 4);
-  EXPECT_EQ(offsuit, 12);
-  EXPECT_EQ(pair, 6);
-  for (int i : {4, 8, 9, 12, 13, 14}) EXPECT_TRUE(p[i].pair) << i;  // (d,c) (h,c) (h,d) (s,c) (s,d) (s,h)
-}
-
 TEST(ExpandClassName, GivesFourTwelveOrSixHoldingsInTheFixedSuitOrder) {
   const auto suited = ExpandClassName("AKs");
   ASSERT_EQ(suited.size(), 4u);

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <map>
-#include <set>
 
 #include "cards/hand_class.h"
 
@@ -57,41 +56,6 @@ TEST(PreflopOrder, EveryRowButRow75CarriesItsCumulativeShareRoundedToOneDecimal)
 TEST(PreflopOrder, PercentagesNeverFall) {
   const auto& order = PreflopOrder();
   for (std::size_t k = 1; k < order.size(); ++k) EXPECT_GE(order[k].percent, order[k - 1].percent) << k;
-}
-
-TEST(PreflopRangeLists, RowZeroHoldsTheSixAces) {
-  const auto& lists = PreflopRangeLists();
-  ASSERT_EQ(lists.size(), 147u);
-  ASSERT_EQ(lists[0].size(), 6u);
-  for (const auto& c : lists[0]) {
-    EXPECT_EQ(c.rank1, 14);
-    EXPECT_EQ(c.rank2, 14);
-  }
-}
-
-TEST(PreflopRangeLists, RowOneHoldsAcesThenKingsThenQueens) {
-  const auto& row1 = PreflopRangeLists()[1];
-  ASSERT_EQ(row1.size(), 18u);
-  EXPECT_EQ(row1[0].rank1, 14);
-  EXPECT_EQ(row1[6].rank1, 13);
-  EXPECT_EQ(row1[12].rank1, 12);
-  EXPECT_EQ(row1[17].rank1, 12);
-}
-
-TEST(PreflopRangeLists, TheLastListHolds1326DistinctHoldings) {
-  const auto& last = PreflopRangeLists()[146];
-  ASSERT_EQ(last.size(), 1326u);
-  std::set<std::string> distinct;
-  for (const auto& c : last) distinct.insert(ComboToText(c));
-  EXPECT_EQ(distinct.size(), 1326u);
-}
-
-TEST(PreflopRangeLists, EachListExtendsThePreviousOne) {
-  const auto& lists = PreflopRangeLists();
-  for (std::size_t k = 1; k < lists.size(); ++k) {
-    ASSERT_GT(lists[k].size(), lists[k - 1].size());
-    for (std::size_t i = 0; i < lists[k - 1].size(); ++i) ASSERT_EQ(lists[k][i], lists[k - 1][i]) << k;
-  }
 }
 
 TEST(PreflopOrder, RowValuesAreUsedAsStoredAround48Percent) {

@@ -4,13 +4,13 @@
 
 #include <initializer_list>
 
-#include "tests/categorise/test_cards.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
-using testing::Board;
 using testing::Holding;
+using testing::WindowBoard;
 
 RankSet Ranks(std::initializer_list<int> ranks) {
   RankSet set = 0;
@@ -20,7 +20,7 @@ RankSet Ranks(std::initializer_list<int> ranks) {
 }
 
 PlayedCards Played(const std::string& holding, const std::string& board) {
-  const auto b = Board(board);
+  const auto b = WindowBoard(board);
   return HoldingWithBoard(Holding(holding), b.cards, b.street);
 }
 
@@ -54,14 +54,14 @@ TEST(StraightHighOf, IsTheHighRankOfTheBestRunOfFiveRanks) {
 }
 
 TEST(RankSetOf, AnAceCountsHighAndLowAndAbsentBoardCardsAddNothing) {
-  const auto b = Board("AhKd4c");  // cards 4 and 5 carry the ace's rank without a suit
+  const auto b = WindowBoard("AhKd4c");  // cards 4 and 5 carry the ace's rank without a suit
   const RankSet set = RankSetOf(HoldingWithBoard(Holding("9c8d"), b.cards, b.street));
   EXPECT_EQ(set, Ranks({14, 13, 4, 9, 8}));
   EXPECT_TRUE(set & 2u);
 }
 
 TEST(HoldingWithBoard, TakesTheHoldingFirstAndOnlyTheBoardCardsOfTheStreet) {
-  const auto b = Board("AhKd4c");
+  const auto b = WindowBoard("AhKd4c");
   const PlayedCards p = HoldingWithBoard(Holding("9c8d"), b.cards, b.street);
   ASSERT_EQ(p.count, 5);
   EXPECT_EQ(p.holdingCount, 2);
@@ -69,7 +69,7 @@ TEST(HoldingWithBoard, TakesTheHoldingFirstAndOnlyTheBoardCardsOfTheStreet) {
   EXPECT_EQ(p.cards[2], (Card{14, 2}));
   EXPECT_EQ(p.cards[4], (Card{4, 0}));
   EXPECT_EQ(BoardAlone(b.cards, b.street).count, 3);
-  EXPECT_EQ(BoardAlone(Board("AhKd4c2s9h").cards, kRiver).count, 5);
+  EXPECT_EQ(BoardAlone(WindowBoard("AhKd4c2s9h").cards, kRiver).count, 5);
 }
 
 // ---- straight draws ----
@@ -247,12 +247,12 @@ TEST(Multiplicity, ARankHeldFiveTimesMakesNoGroup) {
 }
 
 TEST(Multiplicity, TheBoardAloneHasItsOwnCode) {
-  const auto b = Board("KhKs8d8c2h");
+  const auto b = WindowBoard("KhKs8d8c2h");
   const Multiplicity m = AnalyseMultiplicity(BoardAlone(b.cards, b.street));
   EXPECT_EQ(m.code, kMadeTwoPair);
   EXPECT_EQ(m.highPair, 13);
   EXPECT_EQ(m.lowPair, 8);
-  const auto flop = Board("9h9s9d");
+  const auto flop = WindowBoard("9h9s9d");
   EXPECT_EQ(AnalyseMultiplicity(BoardAlone(flop.cards, flop.street)).code, kMadeThreeOfAKind);
 }
 
@@ -312,7 +312,7 @@ TEST(Straight, AFlushAndAStraightOfDifferentCardsAreNoStraightFlush) {
 // ---- top, middle, bottom ----
 
 TEST(TopMiddleBottom, CardOneIsNeverTheMiddle) {
-  const auto b = Board("QhKs5d");
+  const auto b = WindowBoard("QhKs5d");
   const BoardRanks r = TopMiddleBottom(b.cards, b.street);
   EXPECT_EQ(r.top, 13);
   EXPECT_EQ(r.middle, 5);
@@ -320,20 +320,20 @@ TEST(TopMiddleBottom, CardOneIsNeverTheMiddle) {
 }
 
 TEST(TopMiddleBottom, TheHighestRankBelowTheTopAmongCardsTwoOnIsTheMiddle) {
-  auto b = Board("KhQs5d");
+  auto b = WindowBoard("KhQs5d");
   EXPECT_EQ(TopMiddleBottom(b.cards, b.street).middle, 12);
-  b = Board("Kh9s2c5d");  // the 5 on the turn does not beat the 9
+  b = WindowBoard("Kh9s2c5d");  // the 5 on the turn does not beat the 9
   const BoardRanks r = TopMiddleBottom(b.cards, b.street);
   EXPECT_EQ(r.top, 13);
   EXPECT_EQ(r.middle, 9);
   EXPECT_EQ(r.bottom, 2);
-  b = Board("5h2sKc3d9c");  // on the river card 5 counts too
+  b = WindowBoard("5h2sKc3d9c");  // on the river card 5 counts too
   EXPECT_EQ(TopMiddleBottom(b.cards, b.street).middle, 9);
 }
 
 TEST(TopMiddleBottom, AbsentTurnAndRiverRanksAreNotLookedAt) {
   // Cards 4 and 5 carry the ace's rank on the flop; the middle must still come from cards 2 and 3.
-  const auto b = Board("AhQs5d");
+  const auto b = WindowBoard("AhQs5d");
   const BoardRanks r = TopMiddleBottom(b.cards, b.street);
   EXPECT_EQ(r.top, 14);
   EXPECT_EQ(r.middle, 12);

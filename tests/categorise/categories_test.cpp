@@ -113,17 +113,14 @@ TEST(Categories, IconKeysRepeatWhereTwoEntriesShareAnIcon) {
   EXPECT_EQ(categories.nodes[15].iconKey, categories.nodes[22].iconKey);  // "Two pair" and "TM 2pair"
 }
 
-TEST(Categories, InitialisingSetsBothFlagsAndLeavesEveryEntryEmpty) {
+TEST(Categories, InitialisingSetsTheFlagAndLeavesEveryEntryEmpty) {
   Categories categories;
   categories.categorisedCount = 17;
   InitCategories(categories);
   for (const CategoryNode& node : categories.nodes) {
     EXPECT_TRUE(node.nonEmpty);
-    EXPECT_TRUE(node.secondFlag);
     EXPECT_EQ(node.count, 0);
     EXPECT_TRUE(node.combos.empty());
-    EXPECT_TRUE(node.runText.empty());
-    EXPECT_EQ(node.runNumber, 0);
   }
   EXPECT_EQ(categories.categorisedCount, 0);
 }

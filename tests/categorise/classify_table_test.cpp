@@ -11,7 +11,7 @@
 
 #include "categorise/categories.h"
 #include "categorise/classify.h"
-#include "tests/categorise/test_cards.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
@@ -173,7 +173,7 @@ class ClassifyTable : public ::testing::TestWithParam<Case> {};
 
 TEST_P(ClassifyTable, TheHoldingLandsInItsWorkedOutEntriesWithItsFlags) {
   const Case& k = GetParam();
-  const auto board = testing::Board(k.board);
+  const auto board = testing::WindowBoard(k.board);
   const ComboClassification c =
       ClassifyCombo(PrepareBoard(board.cards, board.street), testing::Holding(k.holding));
   SCOPED_TRACE(std::string(k.holding) + " on " + k.board + ": " + k.why);

@@ -5,17 +5,17 @@
 #include "cards/showdown_key.h"
 #include "categorise/categories.h"
 #include "categorise/cook.h"
-#include "tests/categorise/test_cards.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
 using testing::AllHoldingsBeside;
-using testing::Board;
 using testing::Holding;
+using testing::WindowBoard;
 
 ComboClassification Classify(const std::string& holding, const std::string& board) {
-  const auto b = Board(board);
+  const auto b = WindowBoard(board);
   return ClassifyCombo(PrepareBoard(b.cards, b.street), Holding(holding));
 }
 
@@ -24,7 +24,7 @@ bool IsDrawEntry(int i) {
 }
 
 TEST(Classify, OnTheTurnABoardOfFourHeartsGivesEveryHoldingAFlushDraw) {
-  const auto b = Board("Kh9h5h2h");
+  const auto b = WindowBoard("Kh9h5h2h");
   const BoardContext context = PrepareBoard(b.cards, b.street);
   const auto holdings = AllHoldingsBeside(b);
   ASSERT_EQ(holdings.size(), 1128u);  // 48 cards left, 48 x 47 / 2 holdings
@@ -50,7 +50,7 @@ TEST(Classify, OneHeartBesideFiveHeartsOnTheRiverIsNotAFlushButNoHeartIs) {
 
 TEST(Classify, OnTheRiverNoDrawEntriesAreUsed) {
   // A river full of draws for a turn or flop reader: three hearts, 8-9-T and connected cards.
-  const auto b = Board("Th9h8h2c3d");
+  const auto b = WindowBoard("Th9h8h2c3d");
   Categories categories;
   InitCategories(categories);
   ClassifyRange(categories, AllHoldingsBeside(b), b.cards, b.street);
@@ -123,7 +123,7 @@ TEST(Classify, TheMadeHandCodeIsTheCategoryOfTheShowdownKeyUnlessTheHandPlaysThe
   for (const char* text : {"Tc8h3s", "9h8h7h", "KcKd7h", "Kh9h5h2h", "5s4s3d2c", "9c9d9hAc", "AhKhQhJhTh",
                            "KcKd7h7s2c", "Ac2c3c8d8s", "9h8h7h6h2c"}) {
     SCOPED_TRACE(text);
-    const auto b = Board(text);
+    const auto b = WindowBoard(text);
     const BoardContext context = PrepareBoard(b.cards, b.street);
     int playsTheBoard = 0;
     for (const HandCombo& h : AllHoldingsBeside(b)) {
@@ -146,7 +146,7 @@ TEST(Classify, AddingAHoldingPutsItsCopiesInOrderWithTheirFlags) {
   Categories categories;
   InitCategories(categories);
   const HandCombo holding = Holding("9h8h");
-  const auto b = Board("7h6c2h");
+  const auto b = WindowBoard("7h6c2h");
   const ComboClassification c = ClassifyCombo(PrepareBoard(b.cards, b.street), holding);
   AddClassifiedCombo(categories, holding, c);
   ASSERT_EQ(categories.nodes[kEntryOtherHigh].count, 1);

@@ -11,20 +11,9 @@ namespace quillet::cli {
 namespace {
 
 using quillet::testing::ReadBytes;
-using quillet::testing::TempFolder;
 using quillet::testing::WriteBytes;
 
-class ProfilesCommand : public ::testing::Test {
- protected:
-  std::string File() const { return (dir / "Player_Profiles.ini").string(); }
-  CliRun Run(std::vector<std::string> words) {
-    words.insert(words.begin(), "profiles");
-    words.push_back("--file");
-    words.push_back(File());
-    return RunCommandLine(words);
-  }
-  TempFolder dir;
-};
+using ProfilesCommand = ProfilesCommandTest;
 
 TEST_F(ProfilesCommand, AddCreatesTheFileWithTheClassesWholeInTheirLayers) {
   const CliRun run = Run({"add", "Villain", "--range", "AKs", "--seen", "22", "--range-text", "~0.8"});

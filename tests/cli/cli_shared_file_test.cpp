@@ -7,29 +7,18 @@
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/cli/cli_run.h"
-#include "tests/storage/temp_folder.h"
 
 namespace quillet::cli {
 namespace {
 
-using quillet::testing::TempFolder;
-
-class ProfilesBesideOtherWriters : public ::testing::Test {
+class ProfilesBesideOtherWriters : public ProfilesCommandTest {
  protected:
-  std::string File() const { return (dir / "Player_Profiles.ini").string(); }
-  CliRun Run(std::vector<std::string> words) {
-    words.insert(words.begin(), "profiles");
-    words.push_back("--file");
-    words.push_back(File());
-    return RunCommandLine(words);
-  }
   // Runs the command in a process of its own, as a second quillet-cli would; returns the process.
   pid_t Start(std::vector<std::string> words) {
     const pid_t child = fork();
     if (child == 0) _exit(Run(std::move(words)).status);
     return child;
   }
-  TempFolder dir;
 };
 
 // "A1", "B17", ...

@@ -12,12 +12,9 @@
 #include "range/range_notation.h"
 #include "storage/profile_file.h"
 #include "tests/cli/cli_run.h"
-#include "tests/storage/temp_folder.h"
 
 namespace quillet::cli {
 namespace {
-
-using quillet::testing::TempFolder;
 
 // ---- quillet-cli range ----
 
@@ -175,17 +172,7 @@ TEST(RangeNotationInCommands, CookNamesTheBadTokenAndExitsWithTwo) {
 
 // ---- profiles ----
 
-class ProfilesNotation : public ::testing::Test {
- protected:
-  std::string File() const { return (dir / "Player_Profiles.ini").string(); }
-  CliRun Run(std::vector<std::string> words) {
-    words.insert(words.begin(), "profiles");
-    words.push_back("--file");
-    words.push_back(File());
-    return RunCommandLine(words);
-  }
-  TempFolder dir;
-};
+using ProfilesNotation = ProfilesCommandTest;
 
 TEST_F(ProfilesNotation, AddTakesNotationAndShowPrintsItBackOnRequest) {
   ASSERT_EQ(Run({"add", "Amy", "--range", "QQ+, AKs, AhQh", "--seen", "T9s-87s"}).status, 0);

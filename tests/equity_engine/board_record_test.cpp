@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 #include "tests/support/reference_showdown.h"
 
 namespace quillet {

@@ -7,43 +7,18 @@
 #include <vector>
 
 #include "equity/board_record.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 #include "tests/support/reference_showdown.h"
 
 namespace quillet {
 namespace {
 
+using testing::AllHoldings;
 using testing::Board;
 using testing::C;
-using testing::Combo;
 using testing::Hand;
-
-// Every holding of the deck, flag set, in deck order.
-std::vector<HandCombo> AllHoldings() {
-  std::vector<HandCombo> combos;
-  for (int i = 0; i < 52; ++i) {
-    for (int j = i + 1; j < 52; ++j) {
-      const Card a = DeckCard(j);
-      const Card b = DeckCard(i);
-      combos.push_back(HandCombo{true, a.rank, a.suit, b.rank, b.suit});
-    }
-  }
-  return combos;
-}
-
-// The holdings that share no card with My Hand or the known board (what the equity command passes).
-std::vector<HandCombo> LiveHoldings(const HandCards& hand, const BoardCards& board, int32_t street) {
-  std::vector<HandCombo> live;
-  for (const HandCombo& combo : AllHoldings()) {
-    bool dead = false;
-    for (Card card : {hand.card1(), hand.card2()})
-      dead = dead || combo.card1() == card || combo.card2() == card;
-    for (int i = 0; i < BoardCardCount(street); ++i)
-      dead = dead || combo.card1() == board[i] || combo.card2() == board[i];
-    if (!dead) live.push_back(combo);
-  }
-  return live;
-}
+using testing::Holding;
+using testing::LiveHoldings;
 
 // The same count by the reference comparator (test code): every completion of the board from the cards
 // left beside My Hand and the known board, each holding that uses none of its cards compared by the
@@ -86,29 +61,29 @@ ShowdownCounts ReferenceCounts(const HandCards& hand, const BoardCards& board, i
 // ---- the enumeration ----
 
 TEST(FlopEnumeration, EachHoldingMeetsNineHundredNinetyCompletions) {
-  const std::vector<HandCombo> one{Combo("KcKs")};
+  const std::vector<HandCombo> one{Holding("KcKs")};
   EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, one).total, 990);
 }
 
 TEST(FlopEnumeration, AHoldingThatSharesACardWithACompletionIsSkippedForThatCompletionOnly) {
   // 47 cards give 1,081 completions; 91 of them use the king of clubs or the king of spades.
-  const std::vector<HandCombo> one{Combo("KcKs")};
+  const std::vector<HandCombo> one{Holding("KcKs")};
   const ShowdownCounts counts = CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, one);
   EXPECT_EQ(counts.total, 1081 - 91);
   EXPECT_EQ(counts.total, counts.myWins + counts.oppWins + counts.ties);
   // Two holdings with no card in common double the count; sharing the king of clubs changes nothing.
-  const std::vector<HandCombo> two{Combo("KcKs"), Combo("KcQd")};
+  const std::vector<HandCombo> two{Holding("KcKs"), Holding("KcQd")};
   EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, two).total, 2 * 990);
 }
 
 TEST(TurnEnumeration, EachHoldingMeetsFortyFourRiverCards) {
-  const std::vector<HandCombo> one{Combo("KcKs")};
+  const std::vector<HandCombo> one{Holding("KcKs")};
   EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s2d"), kTurn, one).total, 44);
 }
 
 TEST(TurnEnumeration, AcesAgainstKingsWinUnlessAKingComes) {
   // The two remaining kings give the kings a set; no river gives anyone a flush or a straight.
-  const std::vector<HandCombo> one{Combo("KcKs")};
+  const std::vector<HandCombo> one{Holding("KcKs")};
   const ShowdownCounts counts = CountShowdowns(Hand("AhAd"), Board("Tc8h3s2d"), kTurn, one);
   EXPECT_EQ(counts.myWins, 42);
   EXPECT_EQ(counts.oppWins, 2);
@@ -122,7 +97,7 @@ TEST(TurnEnumeration, ASixthCardOfTheSuitTakesMyFlushAway) {
   // Ah Kh with three hearts on the board is a flush; a heart on the river makes six hearts and no flush,
   // so the set of jacks wins. Non-heart rivers: the set wins only with Jd, a seven, a three or a two
   // (9 cards); the flush wins the other 27. The 8 heart rivers all go to the set.
-  const std::vector<HandCombo> one{Combo("JcJs")};
+  const std::vector<HandCombo> one{Holding("JcJs")};
   const ShowdownCounts counts = CountShowdowns(Hand("AhKh"), Board("Jh7h3h2c"), kTurn, one);
   EXPECT_EQ(counts.total, 44);
   EXPECT_EQ(counts.myWins, 27);
@@ -138,7 +113,7 @@ TEST(FlopEnumeration, FourBoardCardsOfASuitAndTwoInTheHandGiveThatPlayerNoFlush)
   // - one heart coming (296): six hearts are no flush for me and four none for them; only 3h with a
   //   four or 4h with a three (6) give me the wheel over the set: 6 mine, 290 theirs;
   // - two hearts coming (28): seven hearts for me, exactly five for them: 28 theirs.
-  const std::vector<HandCombo> one{Combo("2c2d")};
+  const std::vector<HandCombo> one{Holding("2c2d")};
   const ShowdownCounts counts = CountShowdowns(Hand("AhKh"), Board("9h5h2h"), kFlop, one);
   EXPECT_EQ(counts.total, 990);
   EXPECT_EQ(counts.myWins, 411);
@@ -153,7 +128,7 @@ TEST(FlopEnumeration, FourBoardCardsOfASuitAndTwoInTheHandGiveThatPlayerNoFlush)
 TEST(FlopEnumeration, EveryShowdownTiedGivesFiftyFifty) {
   // The same ranks on both sides and no card of the flop's only possible flush suit: every one of the
   // 990 showdowns ties.
-  const std::vector<HandCombo> one{Combo("2d3c")};
+  const std::vector<HandCombo> one{Holding("2d3c")};
   const ShowdownCounts counts = CountShowdowns(Hand("2c3d"), Board("AhKhQh"), kFlop, one);
   EXPECT_EQ(counts.ties, 990);
   const EquityResult shares = FlopEquity(Hand("2c3d"), Board("AhKhQh"), one);
@@ -162,7 +137,7 @@ TEST(FlopEnumeration, EveryShowdownTiedGivesFiftyFifty) {
 }
 
 TEST(TurnEnumeration, EveryShowdownTiedGivesFiftyFifty) {
-  const std::vector<HandCombo> one{Combo("2d3c")};
+  const std::vector<HandCombo> one{Holding("2d3c")};
   const EquityResult shares = TurnEquity(Hand("2c3d"), Board("AhKhQhJh"), one);
   EXPECT_EQ(shares.my, 50.0);
   EXPECT_EQ(shares.opp, 50.0);
@@ -172,7 +147,7 @@ TEST(FlopEnumeration, NoLiveHoldingGivesMinusOneOnBothSides) {
   const EquityResult empty = FlopEquity(Hand("AhAd"), Board("Tc8h3s"), {});
   EXPECT_EQ(empty.my, -1.0);
   EXPECT_EQ(empty.opp, -1.0);
-  HandCombo dead = Combo("KcKs");
+  HandCombo dead = Holding("KcKs");
   dead.flag = false;
   const std::vector<HandCombo> flaggedOff{dead};
   const EquityResult none = TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), flaggedOff);
@@ -181,7 +156,7 @@ TEST(FlopEnumeration, NoLiveHoldingGivesMinusOneOnBothSides) {
 }
 
 TEST(FlopEnumeration, HoldingsWithTheFlagClearedTakeNoPart) {
-  std::vector<HandCombo> combos{Combo("KcKs"), Combo("QcQs")};
+  std::vector<HandCombo> combos{Holding("KcKs"), Holding("QcQs")};
   combos[1].flag = false;
   EXPECT_EQ(CountShowdowns(Hand("AhAd"), Board("Tc8h3s"), kFlop, combos).total, 990);
 }
@@ -222,19 +197,19 @@ TEST(FlopEnumeration, HoldingsThatShareACardWithMyHandOrTheFlopAreComparedAsThey
   const ShowdownCounts fast = CountShowdowns(Hand("AhKh"), Board("Qh9h4c"), kFlop, range);
   EXPECT_EQ(fast, ReferenceCounts(Hand("AhKh"), Board("Qh9h4c"), kFlop, range));
   // A holding with the ace of hearts meets each completion that uses neither of its cards.
-  const std::vector<HandCombo> shared{Combo("AhQd")};
+  const std::vector<HandCombo> shared{Holding("AhQd")};
   EXPECT_EQ(CountShowdowns(Hand("AhKh"), Board("Qh9h4c"), kFlop, shared).total, 1081 - 46);
 }
 
 TEST(FlopEnumeration, AMyHandWithoutASecondCardCountsNothing) {
   HandCards hand = Hand("AhKd");
   hand.rank2 = -1;
-  const std::vector<HandCombo> one{Combo("QcQs")};
+  const std::vector<HandCombo> one{Holding("QcQs")};
   EXPECT_EQ(CountShowdowns(hand, Board("Tc8h3s"), kFlop, one).total, 0);
 }
 
 TEST(Enumeration, RunsOnlyOnTheFlopAndTheTurn) {
-  const std::vector<HandCombo> one{Combo("QcQs")};
+  const std::vector<HandCombo> one{Holding("QcQs")};
   EXPECT_EQ(CountShowdowns(Hand("AhKd"), Board(""), kNoBoard, one).total, 0);
   EXPECT_EQ(CountShowdowns(Hand("AhKd"), Board("Tc8h3s2d5c"), kRiver, one).total, 0);
 }
@@ -243,7 +218,7 @@ TEST(Enumeration, RunsOnlyOnTheFlopAndTheTurn) {
 
 TEST(EquityCaption, ShowsCalculatingDuringTheRunAndCalcEquityAfterIt) {
   std::vector<std::string> captions;
-  const std::vector<HandCombo> one{Combo("KcKs")};
+  const std::vector<HandCombo> one{Holding("KcKs")};
   FlopEquity(Hand("AhAd"), Board("Tc8h3s"), one, [&](std::string_view c) { captions.emplace_back(c); });
   TurnEquity(Hand("AhAd"), Board("Tc8h3s2d"), one, [&](std::string_view c) { captions.emplace_back(c); });
   EXPECT_EQ(captions, (std::vector<std::string>{"Calculating", "Calc Equity", "Calculating", "Calc Equity"}));

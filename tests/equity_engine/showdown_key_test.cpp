@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 #include "tests/support/reference_showdown.h"
 #include "tests/support/test_seed.h"
 

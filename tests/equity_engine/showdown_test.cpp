@@ -5,17 +5,17 @@
 #include <string>
 
 #include "cards/showdown_key.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 #include "tests/support/reference_showdown.h"
 
 namespace quillet {
 namespace {
 
 using testing::Cards;
-using testing::Combo;
 using testing::EvaluatePairType;
 using testing::EvaluateShowdownHand;
 using testing::Hand;
+using testing::Holding;
 using testing::PairType;
 using testing::Record;
 using testing::SevenCards;
@@ -27,7 +27,7 @@ std::string Name(Outcome o) {
 }
 
 Outcome ByReference(const char* mine, const char* theirs, const char* board) {
-  const ShowdownResult r = testing::CompareShowdown(Hand(mine), Combo(theirs), Record(board));
+  const ShowdownResult r = testing::CompareShowdown(Hand(mine), Holding(theirs), Record(board));
   EXPECT_FALSE(r.myWin && r.oppWin);
   return r.myWin ? Outcome::Win : (r.oppWin ? Outcome::Lose : Outcome::Tie);
 }

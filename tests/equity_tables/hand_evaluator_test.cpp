@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "equity/deck.h"
-#include "tests/equity_tables/test_cards.h"
+#include "tests/support/card_text.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/equity_tables/test_cards.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {

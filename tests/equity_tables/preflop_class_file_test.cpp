@@ -9,11 +9,15 @@
 
 #include "equity/embedded_tables.h"
 #include "equity/table_file.h"
+#include "tests/support/damaged_table.h"
 
 namespace quillet {
 namespace {
 
-using Bytes = std::vector<unsigned char>;
+using Bytes = testing::TableBytes;
+using testing::GetU32;
+using testing::PutU32;
+using testing::Reseal;
 
 // The records of the built-in table: a valid file needs every class.
 const std::vector<MatchupClassRecord>& BuiltIn() {
@@ -25,29 +29,18 @@ const std::vector<MatchupClassRecord>& BuiltIn() {
   return records;
 }
 
-uint32_t GetU32(const Bytes& b, std::size_t at) {
-  return uint32_t{b[at]} | uint32_t{b[at + 1]} << 8 | uint32_t{b[at + 2]} << 16 | uint32_t{b[at + 3]} << 24;
-}
-
-void PutU32(Bytes& b, std::size_t at, uint32_t v) {
-  for (int i = 0; i < 4; ++i) b[at + i] = static_cast<unsigned char>(v >> (8 * i));
-}
-
-// Recomputes the checksum after a deliberate change to the payload, so that a later check is reached.
-void Reseal(Bytes& b) {
-  PutU32(b, 16, Crc32(std::span(b).subspan(kClassTableHeaderSize)));
-}
-
 std::size_t RecordAt(std::size_t i) {
   return kClassTableHeaderSize + kClassRecordSize * i;
 }
 
+const testing::TableLoader kLoader{[](const Bytes& b) {
+                                     const PreflopClassTableOrError read = ParseClassTable(b);
+                                     return testing::TableRead{read.ok(), read.table.has_value(), read.error};
+                                   },
+                                   "The preflop class table is damaged: "};
+
 void ExpectRefused(const Bytes& b, const std::string& because) {
-  const PreflopClassTableOrError read = ParseClassTable(b);
-  EXPECT_FALSE(read.ok());
-  EXPECT_FALSE(read.table.has_value());
-  EXPECT_NE(read.error.find("The preflop class table is damaged: "), std::string::npos) << read.error;
-  EXPECT_NE(read.error.find(because), std::string::npos) << read.error;
+  testing::ExpectRefused(kLoader, b, because);
 }
 
 TEST(ClassTableFile, IsMagicVersionCountChecksumThenCodeWinsTiesLossesPerClassLittleEndian) {
@@ -75,8 +68,7 @@ TEST(ClassTableFile, ReadsBackTheFullTableItWrote) {
 }
 
 TEST(ClassTableFile, RefusesDataShorterThanTheHeader) {
-  ExpectRefused(Bytes(19, 0), "shorter than its header");
-  ExpectRefused(Bytes{}, "shorter than its header");
+  testing::ExpectShortDataRefused(kLoader);
 }
 
 TEST(ClassTableFile, RefusesAWrongMagic) {
@@ -88,21 +80,13 @@ TEST(ClassTableFile, RefusesAWrongMagic) {
 }
 
 TEST(ClassTableFile, RefusesAnotherFormatVersion) {
-  Bytes b = SerializeClassTable(BuiltIn());
-  PutU32(b, 8, 2);
-  ExpectRefused(b, "format version is 2, this program reads version 1");
+  testing::ExpectOtherVersionRefused(kLoader, SerializeClassTable(BuiltIn()));
 }
 
 TEST(ClassTableFile, RefusesASizeThatDoesNotMatchTheCount) {
-  Bytes longer = SerializeClassTable(BuiltIn());
-  longer.push_back(0);
-  ExpectRefused(longer, "holds 752149 bytes where 47008 classes take 752148");
-  Bytes shorter = SerializeClassTable(BuiltIn());
-  shorter.pop_back();
-  ExpectRefused(shorter, "holds 752147 bytes where 47008 classes take 752148");
-  Bytes huge = SerializeClassTable(BuiltIn());
-  PutU32(huge, 12, 0xFFFFFFFFu);  // a count whose size would overflow 32 bits
-  ExpectRefused(huge, "where 4294967295 classes take");
+  testing::ExpectSizeMismatchRefused(
+      kLoader, SerializeClassTable(BuiltIn()), "holds 752149 bytes where 47008 classes take 752148",
+      "holds 752147 bytes where 47008 classes take 752148", "where 4294967295 classes take");
 }
 
 TEST(ClassTableFile, RefusesContentsThatDoNotMatchTheChecksum) {

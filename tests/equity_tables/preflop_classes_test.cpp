@@ -13,7 +13,7 @@
 
 #include "cards/hand_class.h"
 #include "tests/equity_tables/reference_equity.h"
-#include "tests/equity_tables/test_cards.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
@@ -33,7 +33,7 @@ double Equity(const char* h1, const char* h2, const char* o1, const char* o2) {
   return Classes().Matchup(C(h1), C(h2), C(o1), C(o2)).EquityPercent();
 }
 
-HandCombo Combo(Card a, Card b, bool flag = true) {
+HandCombo Holding(Card a, Card b, bool flag = true) {
   return {flag, a.rank, a.suit, b.rank, b.suit};
 }
 
@@ -183,10 +183,10 @@ TEST(PreflopClasses, TenRandomlyChosenClassesHoldTheTallyAFullEnumerationOfEvery
 TEST(PreflopClasses, AHandAgainstARangeSumsTheLiveHoldingsOnly) {
   const PreflopClassTable& t = Classes();
   const std::vector<HandCombo> range = {
-      Combo(C("Ks"), C("Kc")), Combo(C("7h"), C("6h")), Combo(C("Qd"), C("Qc"), false),  // flagged off
-      Combo(C("Ah"), C("Kd")),  // shares the ace of hearts
-      Combo(C("Ks"), C("Ks")),  // not two different cards
-      Combo(Card{}, C("2c")),   // no card
+      Holding(C("Ks"), C("Kc")), Holding(C("7h"), C("6h")), Holding(C("Qd"), C("Qc"), false),  // flagged off
+      Holding(C("Ah"), C("Kd")),  // shares the ace of hearts
+      Holding(C("Ks"), C("Ks")),  // not two different cards
+      Holding(Card{}, C("2c")),   // no card
   };
   ShowdownTally expected = t.Matchup(C("Ah"), C("Ad"), C("Ks"), C("Kc"));
   expected += t.Matchup(C("Ah"), C("Ad"), C("7h"), C("6h"));
@@ -197,7 +197,7 @@ TEST(PreflopClasses, AHandAgainstARangeSumsTheLiveHoldingsOnly) {
 }
 
 TEST(PreflopClasses, AHandThatIsNotTwoDifferentCardsMeetsNoOne) {
-  const std::vector<HandCombo> range = {Combo(C("Ks"), C("Kc"))};
+  const std::vector<HandCombo> range = {Holding(C("Ks"), C("Kc"))};
   EXPECT_EQ(Classes().TallyAgainst(C("Ah"), C("Ah"), range), ShowdownTally{});
   EXPECT_EQ(Classes().TallyAgainst(Card{}, Card{}, range), ShowdownTally{});
   EXPECT_EQ(Classes().Matchup(C("Ah"), C("Ad"), C("Ad"), C("Kc")), ShowdownTally{});

@@ -8,12 +8,13 @@
 
 #include "cards/hand_class.h"
 #include "equity/matchup_key.h"
-#include "tests/equity_tables/test_cards.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
 using testing::C;
+using testing::ClassHoldingsBeside;
 
 HandCards Hand(const char* c1, const char* c2) {
   const Card a = C(c1), b = C(c2);
@@ -148,24 +149,9 @@ TEST(PreflopEquity, ReportsTablesThatFailedToLoadOnceAndGivesMinusOneForBoth) {
   EXPECT_EQ(m.seen[0], failed.error);
 }
 
-// Every holding of all 169 classes in the order the class lists hold them; those that share a card with
-// My Hand are flagged off, as the cook leaves them.
-std::vector<HandCombo> FullRange(const HandCards& me) {
-  std::vector<HandCombo> range;
-  for (const HandClass& c : HandClasses()) {
-    for (HandCombo h : ExpandClassName(c.name)) {
-      for (const Card mine : {me.card1(), me.card2()}) {
-        if (h.card1() == mine || h.card2() == mine) h.flag = false;
-      }
-      range.push_back(h);
-    }
-  }
-  return range;
-}
-
 TEST(PreflopEquity, OfAcesAgainstEveryOtherHoldingIsTheirKnownEquityAgainstARandomHand) {
   const HandCards me = Hand("Ah", "Ad");
-  const std::vector<HandCombo> range = FullRange(me);
+  const std::vector<HandCombo> range = ClassHoldingsBeside(me);
   ASSERT_EQ(range.size(), 1326u);
   Messages m;
   const EquityResult r = PreflopEquity(me, range, static_cast<int>(range.size()), m.sink());
@@ -177,7 +163,7 @@ TEST(PreflopEquity, OfAcesAgainstEveryOtherHoldingIsTheirKnownEquityAgainstARand
 
 TEST(PreflopEquity, OverTheFullRangeIsTheMeanOfTheStoredValuesOfAllFlaggedHoldings) {
   const HandCards me = Hand("7h", "2c");
-  const std::vector<HandCombo> range = FullRange(me);
+  const std::vector<HandCombo> range = ClassHoldingsBeside(me);
   const LookupTables& t = *ProgramTables().tables;
   double sum = 0.0;
   int found = 0;

@@ -7,11 +7,14 @@
 #include <vector>
 
 #include "equity/embedded_tables.h"
+#include "tests/support/damaged_table.h"
 
 namespace quillet {
 namespace {
 
-using Bytes = std::vector<unsigned char>;
+using Bytes = testing::TableBytes;
+using testing::PutU32;
+using testing::Reseal;
 
 std::span<const unsigned char> AsSpan(const Bytes& b) {
   return {b.data(), b.size()};
@@ -22,15 +25,6 @@ std::span<const unsigned char> AsSpan(std::string_view s) {
 
 LookupTables Sample() {
   return {{5, 17, 4000}, {12.5f, 50.0f, 99.25f}};
-}
-
-void PutU32(Bytes& b, std::size_t at, uint32_t v) {
-  for (int i = 0; i < 4; ++i) b[at + i] = static_cast<unsigned char>(v >> (8 * i));
-}
-
-// Recomputes the checksum after a deliberate change to the payload, so that a later check is reached.
-void Reseal(Bytes& b) {
-  PutU32(b, 16, Crc32(std::span(b).subspan(kTableHeaderSize)));
 }
 
 TEST(Crc32, GivesTheStandardCheckValueForTheDigitsOneToNine) {
@@ -67,17 +61,19 @@ TEST(TableFile, AnEmptyTableIsWellFormed) {
   EXPECT_EQ(read.tables->size(), 0);
 }
 
+const testing::TableLoader kLoader{
+    [](const Bytes& b) {
+      const TablesOrError read = ParseTables(AsSpan(b));
+      return testing::TableRead{read.ok(), read.tables.has_value(), read.error};
+    },
+    "The preflop table is damaged"};
+
 void ExpectRefused(const Bytes& b, const std::string& because) {
-  const TablesOrError read = ParseTables(AsSpan(b));
-  EXPECT_FALSE(read.ok());
-  EXPECT_FALSE(read.tables.has_value());
-  EXPECT_NE(read.error.find("The preflop table is damaged"), std::string::npos) << read.error;
-  EXPECT_NE(read.error.find(because), std::string::npos) << read.error;
+  testing::ExpectRefused(kLoader, b, because);
 }
 
 TEST(TableFile, RefusesDataShorterThanTheHeader) {
-  ExpectRefused(Bytes(19, 0), "shorter than its header");
-  ExpectRefused(Bytes{}, "shorter than its header");
+  testing::ExpectShortDataRefused(kLoader);
 }
 
 TEST(TableFile, RefusesAWrongMagic) {
@@ -87,21 +83,13 @@ TEST(TableFile, RefusesAWrongMagic) {
 }
 
 TEST(TableFile, RefusesAnotherFormatVersion) {
-  Bytes b = SerializeTables(Sample());
-  PutU32(b, 8, 2);
-  ExpectRefused(b, "format version is 2, this program reads version 1");
+  testing::ExpectOtherVersionRefused(kLoader, SerializeTables(Sample()));
 }
 
 TEST(TableFile, RefusesASizeThatDoesNotMatchTheCount) {
-  Bytes longer = SerializeTables(Sample());
-  longer.push_back(0);
-  ExpectRefused(longer, "holds 45 bytes where 3 entries take 44");
-  Bytes shorter = SerializeTables(Sample());
-  shorter.pop_back();
-  ExpectRefused(shorter, "holds 43 bytes where 3 entries take 44");
-  Bytes huge = SerializeTables(Sample());
-  PutU32(huge, 12, 0xFFFFFFFFu);  // a count whose size would overflow 32 bits
-  ExpectRefused(huge, "where 4294967295 entries take");
+  testing::ExpectSizeMismatchRefused(
+      kLoader, SerializeTables(Sample()), "holds 45 bytes where 3 entries take 44",
+      "holds 43 bytes where 3 entries take 44", "where 4294967295 entries take");
 }
 
 TEST(TableFile, RefusesContentsThatDoNotMatchTheChecksum) {

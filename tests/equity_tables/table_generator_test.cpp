@@ -3,7 +3,7 @@
 #include <array>
 
 #include "tests/equity_tables/reference_equity.h"
-#include "tests/equity_tables/test_cards.h"
+#include "tests/support/card_text.h"
 #include "tools/preflop_table_generator.h"
 
 namespace quillet {

@@ -10,7 +10,7 @@
 #include "equity/lookup_tables.h"
 #include "equity/matchup_key.h"
 #include "tests/equity_tables/reference_equity.h"
-#include "tests/equity_tables/test_cards.h"
+#include "tests/support/card_text.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {

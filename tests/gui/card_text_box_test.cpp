@@ -12,18 +12,11 @@
 #include "app/gui/form1.h"
 #include "app/gui/qt_services.h"
 #include "app/model/form1_model.h"
-#include "tests/storage/temp_folder.h"
 #include "tests/support/recording_services.h"
+#include "tests/support/window_session.h"
 
 namespace quillet::gui {
 namespace {
-
-class SilentServices : public QtWindowServices {
- public:
-  void MsgBox(std::string_view, MessageIcon) override {}
-  bool AskYesNo(std::string_view, std::string_view, MessageIcon) override { return false; }
-  void OpenInShell(std::string_view) override {}
-};
 
 // Card text of `cards` cards cycling through the four suits, coloured as the model colours it.
 RichTextState CardText(std::size_t cards) {
@@ -68,28 +61,23 @@ class CardTextBoxTest : public QObject {
   }
 
   void aStartUpWithAHundredThousandCharacterTextInThePreferencesComesUp() {
-    quillet::testing::TempFolder dir;
+    Session s;
     const std::string myHand(100000, 'A');
     const std::string board = CardText(50000).text;
     {
-      std::ofstream prefs(dir / "MyPrefs.ini", std::ios::binary);
+      std::ofstream prefs(s.dir / "MyPrefs.ini", std::ios::binary);
       prefs << "txtMyHand|" << myHand << "\r\ntxtBoard|" << board << "\r\n";
     }
     QElapsedTimer clock;
     clock.start();
-    SilentServices services;
-    Form1Model model(services);
-    QVERIFY(model.Form_Load(dir.path()));
-    auto form = std::make_unique<Form1>(model, services);
-    form->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form.get()));
+    QVERIFY(s.Start());
     qInfo("the window came up in %lld ms", static_cast<long long>(clock.elapsed()));  // for the record only
-    const auto* myHandBox = form->findChild<CardTextBox*>(QStringLiteral("txtMyHand"));
-    const auto* boardBox = form->findChild<CardTextBox*>(QStringLiteral("txtBoard"));
+    const auto* myHandBox = s.form->findChild<CardTextBox*>(QStringLiteral("txtMyHand"));
+    const auto* boardBox = s.form->findChild<CardTextBox*>(QStringLiteral("txtBoard"));
     QVERIFY(myHandBox != nullptr && boardBox != nullptr);
     QCOMPARE(myHandBox->Text(), myHand);
     QCOMPARE(boardBox->Text(), board);
-    QVERIFY(boardBox->CharColours() == model.txtBoard.charColours);
+    QVERIFY(boardBox->CharColours() == s.model.txtBoard.charColours);
   }
 };
 

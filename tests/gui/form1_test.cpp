@@ -19,59 +19,10 @@
 #include "app/model/form1_model.h"
 #include "cards/hand_class.h"
 #include "categorise/categories.h"
-#include "tests/storage/temp_folder.h"
+#include "tests/support/window_session.h"
 
 namespace quillet::gui {
 namespace {
-
-// Qt's services, except that boxes and the browser are recorded and answered instead of shown.
-class TestServices : public QtWindowServices {
- public:
-  std::vector<std::string> messages;
-  std::vector<std::string> questions;
-  std::vector<std::string> opened;
-  std::vector<std::string> inputAnswers;
-
-  void MsgBox(std::string_view text, MessageIcon) override { messages.emplace_back(text); }
-  bool AskYesNo(std::string_view, std::string_view text, MessageIcon) override {
-    questions.emplace_back(text);
-    return false;
-  }
-  std::string InputBox(std::string_view, std::string_view) override {
-    if (inputAnswers.empty()) return {};
-    std::string answer = inputAnswers.front();
-    inputAnswers.erase(inputAnswers.begin());
-    return answer;
-  }
-  void OpenInShell(std::string_view address) override { opened.emplace_back(address); }
-};
-
-// One run of the program on a fresh program folder.
-struct Session {
-  quillet::testing::TempFolder dir;
-  TestServices services;
-  Form1Model model{services};
-  std::unique_ptr<Form1> form;
-
-  bool Start() {
-    if (!model.Form_Load(dir.path())) return false;
-    form = std::make_unique<Form1>(model, services);
-    form->show();
-    return QTest::qWaitForWindowExposed(form.get());
-  }
-};
-
-QColor ModelColour(Colour c) {
-  return QColor(static_cast<int>(c & 0xFF), static_cast<int>((c >> 8) & 0xFF),
-                static_cast<int>((c >> 16) & 0xFF));
-}
-
-// The colour a block shows on screen, read a little inside its corner (away from the caption).
-QColor BlockOnScreen(Form1& form, const char* name) {
-  HandGridWidget* grid = form.PFHand();
-  const QRect rect = grid->BlockRect(FindClassByName(name));
-  return grid->grab().toImage().pixelColor(rect.topLeft() + QPoint(3, 3));
-}
 
 // Input as the platform delivers it: mouse and keys go to the window, which hands a click to the widget
 // under the pointer and a key to its focus widget, through every proxy and filter on the way. A key sent

@@ -11,44 +11,10 @@
 #include "cards/hand_class.h"
 #include "range/holding_set.h"
 #include "range/range_notation.h"
-#include "tests/storage/temp_folder.h"
+#include "tests/support/window_session.h"
 
 namespace quillet::gui {
 namespace {
-
-class TestServices : public QtWindowServices {
- public:
-  std::vector<std::string> messages;
-  void MsgBox(std::string_view text, MessageIcon) override { messages.emplace_back(text); }
-  bool AskYesNo(std::string_view, std::string_view, MessageIcon) override { return false; }
-  void OpenInShell(std::string_view) override {}
-};
-
-struct Session {
-  quillet::testing::TempFolder dir;
-  TestServices services;
-  Form1Model model{services};
-  std::unique_ptr<Form1> form;
-
-  bool Start() {
-    if (!model.Form_Load(dir.path())) return false;
-    form = std::make_unique<Form1>(model, services);
-    form->show();
-    form->activateWindow();
-    return QTest::qWaitForWindowActive(form.get());
-  }
-};
-
-QColor ModelColour(Colour c) {
-  return QColor(static_cast<int>(c & 0xFF), static_cast<int>((c >> 8) & 0xFF),
-                static_cast<int>((c >> 16) & 0xFF));
-}
-
-QColor BlockOnScreen(Form1& form, const char* name) {
-  HandGridWidget* grid = form.PFHand();
-  const QRect rect = grid->BlockRect(FindClassByName(name));
-  return grid->grab().toImage().pixelColor(rect.topLeft() + QPoint(3, 3));
-}
 
 void ClickBlock(Form1& form, const char* name) {
   HandGridWidget* grid = form.PFHand();
@@ -81,7 +47,7 @@ class RangeNotationBoxTest : public QObject {
 
 void RangeNotationBoxTest::theBoxSitsUnderTheGridInsideTheWindow() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   const QRect box = form.txtNotation()->geometry();
   const QRect grid = form.PFHand()->geometry();
@@ -93,7 +59,7 @@ void RangeNotationBoxTest::theBoxSitsUnderTheGridInsideTheWindow() {
 
 void RangeNotationBoxTest::typedNotationAndEnterBecomeTheOnLayer() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   QLineEdit* box = form.txtNotation();
   QTest::mouseClick(box, Qt::LeftButton);
@@ -113,7 +79,7 @@ void RangeNotationBoxTest::typedNotationAndEnterBecomeTheOnLayer() {
 
 void RangeNotationBoxTest::aBadTextTurnsRedShowsItsErrorOnceAndLeavesTheGridAlone() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   ClickBlock(form, "AA");
   QCOMPARE(form.txtNotation()->text(), QStringLiteral("AA"));
@@ -133,7 +99,7 @@ void RangeNotationBoxTest::aBadTextTurnsRedShowsItsErrorOnceAndLeavesTheGridAlon
 
 void RangeNotationBoxTest::ctrlCAndCtrlVOverTheGridCopyAndPasteTheNotation() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   for (const char* name : {"AA", "KK", "QQ", "AKs", "AK"}) ClickBlock(form, name);
   QCOMPARE(form.txtNotation()->text(), QStringLiteral("QQ+, AK"));

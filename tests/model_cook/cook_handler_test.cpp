@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/model/form1_model.h"
+#include "tests/support/generic_profile_window.h"
 #include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "range/block_record.h"
@@ -12,35 +13,10 @@
 namespace quillet {
 namespace {
 
-// A window model with one selected profile, "Generic", whose layers start empty.
-struct CookWindow {
-  RecordingServices services;
-  Form1Model model{services};
-
-  CookWindow() {
-    PlayerProfile& p = model.profiles.emplace_back();
-    InitProfile(p);
-    p.name = "Generic";
-    model.currentProfileIndex = 0;
-  }
-
-  PlayerProfile& profile() { return *model.currentProfile(); }
-
-  // Puts a class whole into the On layer, as a left click on its block does.
-  void Click(const std::string& className) {
-    const int c = FindClassByName(className);
-    ASSERT_GE(c, 0) << className;
-    SetBlockWhole(profile().rangeLayer[c], HandClasses()[c].kind == kKindSuited);
-  }
+struct CookWindow : testing::GenericProfileWindow<> {
   void ClickAll() {
     for (int c = 0; c < kClassCount; ++c)
       SetBlockWhole(profile().rangeLayer[c], HandClasses()[c].kind == kKindSuited);
-  }
-
-  void Cook(const std::string& hand, const std::string& board) {
-    model.txtMyHand.text = hand;
-    model.txtBoard.text = board;
-    model.cmdCheckPossibleHands_Click();
   }
 
   int Count(int entry) const { return model.categories.nodes[entry].count; }

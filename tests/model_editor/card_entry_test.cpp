@@ -5,15 +5,7 @@
 namespace quillet {
 namespace {
 
-constexpr Colour kGreen = 0x00C000;
-constexpr Colour kBlue = 0xFF0000;
-constexpr Colour kRed = 0x0000FF;
 constexpr Colour kYellow = 0x00FFFF;
-
-// Picker cell of a card: suit x 13 + (14 - rank).
-int Cell(int rank, int suit) {
-  return suit * 13 + (14 - rank);
-}
 
 using CardEntry = EditorTest;
 
@@ -51,7 +43,7 @@ TEST_F(CardEntry, AnyKeyInMyHandClearsTheEquityModifiersIncluded) {
     form.lblMyEquity.caption = "57.3%";
     form.lblMyEquity.opaque = true;
     form.lbloppEquity.caption = "42.7%";
-    form.txtMyHand_KeyDown(key, 0);
+    form.txtMyHand_KeyDown(key);
     EXPECT_EQ(form.lblMyEquity.caption, "") << key;
     EXPECT_FALSE(form.lblMyEquity.opaque) << key;
     EXPECT_EQ(form.lbloppEquity.caption, "") << key;
@@ -61,10 +53,10 @@ TEST_F(CardEntry, AnyKeyInMyHandClearsTheEquityModifiersIncluded) {
 TEST_F(CardEntry, AModifierAloneInTheBoardKeepsTheEquityShown) {
   for (int key : {kKeyShift, kKeyControl, kKeyAlt}) {
     form.lblMyEquity.caption = "57.3%";
-    form.txtBoard_KeyDown(key, 0);
+    form.txtBoard_KeyDown(key);
     EXPECT_EQ(form.lblMyEquity.caption, "57.3%") << key;
   }
-  form.txtBoard_KeyDown(int{'T'}, kShiftMask);
+  form.txtBoard_KeyDown(int{'T'});
   EXPECT_EQ(form.lblMyEquity.caption, "");
 }
 
@@ -134,9 +126,9 @@ TEST_F(CardEntry, ThePickerTicksItsBoxesFromTheApplicationWideChoices) {
 TEST_F(CardEntry, WithAutoOkTheSecondClickInTheMyHandPickerClosesItAndWritesTheHand) {
   form.selCardsAutoOK = true;
   form.txtMyHand_Click();
-  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton);
   EXPECT_TRUE(form.frmSelCards.visible);
-  form.frmSelCards.Card_MouseUp(Cell(14, 3), kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(14, 3), kLeftButton);
   EXPECT_FALSE(form.frmSelCards.visible);
   EXPECT_EQ(form.txtMyHand.text, "AhAs");
   EXPECT_EQ(form.txtMyHand.charColours, (std::vector<Colour>{kRed, kRed, 0x80000008, 0x80000008}));
@@ -147,19 +139,19 @@ TEST_F(CardEntry, WithAutoOkTheFifthClickInTheBoardPickerClosesIt) {
   form.txtBoard_Click();
   const int cells[] = {Cell(10, 0), Cell(8, 2), Cell(3, 3), Cell(2, 1), Cell(13, 0)};
   for (int n = 0; n < 4; ++n) {
-    form.frmSelCards.Card_MouseUp(cells[n], kLeftButton, 0);
+    form.frmSelCards.Card_MouseUp(cells[n], kLeftButton);
     EXPECT_TRUE(form.frmSelCards.visible) << n;
   }
   EXPECT_EQ(form.txtBoard.text, "");
-  form.frmSelCards.Card_MouseUp(cells[4], kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(cells[4], kLeftButton);
   EXPECT_FALSE(form.frmSelCards.visible);
   EXPECT_EQ(form.txtBoard.text, "KcTc2d8h3s");
 }
 
 TEST_F(CardEntry, WithoutAutoOkTheFinalClickOnlyChoosesTheCard) {
   form.txtMyHand_Click();
-  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton, 0);
-  form.frmSelCards.Card_MouseUp(Cell(14, 3), kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton);
+  form.frmSelCards.Card_MouseUp(Cell(14, 3), kLeftButton);
   EXPECT_TRUE(form.frmSelCards.visible);
   EXPECT_EQ(form.txtMyHand.text, "");
 }
@@ -167,7 +159,7 @@ TEST_F(CardEntry, WithoutAutoOkTheFinalClickOnlyChoosesTheCard) {
 TEST_F(CardEntry, ChoosingFourBoardCardsAndOkWritesFourCards) {
   form.txtBoard_Click();
   for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3), Cell(2, 1)})
-    form.frmSelCards.Card_MouseUp(cell, kLeftButton, 0);
+    form.frmSelCards.Card_MouseUp(cell, kLeftButton);
   form.frmSelCards.cmdOK_Click();
   EXPECT_FALSE(form.frmSelCards.visible);
   EXPECT_EQ(form.txtBoard.text, "Tc2d8h3s");
@@ -177,53 +169,53 @@ TEST_F(CardEntry, ChoosingFourBoardCardsAndOkWritesFourCards) {
 TEST_F(CardEntry, ARightClickAnywhereOnTheCellsClearsTheChoice) {
   form.txtBoard.text = "Tc8h3s";
   form.txtBoard_Click();
-  form.frmSelCards.Card_MouseUp(Cell(2, 0), kRightButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(2, 0), kRightButton);
   for (int i = 0; i < 52; ++i) EXPECT_EQ(form.frmSelCards.cellColour[i], PickerCellColour(i)) << i;
   EXPECT_TRUE(form.frmSelCards.visible);
 }
 
 TEST_F(CardEntry, TheWrittenHandIsInCellOrderWhicheverOrderTheCardsWereClicked) {
   form.txtMyHand_Click();
-  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton, 0);  // Ah
-  form.frmSelCards.Card_MouseUp(Cell(13, 1), kLeftButton, 0);  // Kd
+  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton);  // Ah
+  form.frmSelCards.Card_MouseUp(Cell(13, 1), kLeftButton);  // Kd
   form.frmSelCards.cmdOK_Click();
   EXPECT_EQ(form.txtMyHand.text, "KdAh");  // diamonds come before hearts
 
   form.txtMyHand.text.clear();
   form.txtMyHand_Click();
-  form.frmSelCards.Card_MouseUp(Cell(13, 1), kLeftButton, 0);
-  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(13, 1), kLeftButton);
+  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton);
   form.frmSelCards.cmdOK_Click();
   EXPECT_EQ(form.txtMyHand.text, "KdAh");
 }
 
 TEST_F(CardEntry, AChosenCellClickedAgainIsUnchosen) {
   form.txtMyHand_Click();
-  form.frmSelCards.Card_MouseUp(5, kLeftButton, 0);
-  form.frmSelCards.Card_MouseUp(5, kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(5, kLeftButton);
+  form.frmSelCards.Card_MouseUp(5, kLeftButton);
   EXPECT_EQ(form.frmSelCards.cellColour[5], PickerCellColour(5));
 }
 
 TEST_F(CardEntry, AClickBeyondTheMaximumDoesNothing) {
   form.txtMyHand.text = "AhKd";
   form.txtMyHand_Click();
-  form.frmSelCards.Card_MouseUp(Cell(2, 0), kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(2, 0), kLeftButton);
   EXPECT_EQ(form.frmSelCards.cellColour[Cell(2, 0)], PickerCellColour(Cell(2, 0)));
   EXPECT_EQ(form.frmSelCards.ChosenCount(false), 2);
 }
 
 TEST_F(CardEntry, TheMiddleButtonAndCellsOutsideThePickerDoNothing) {
   form.txtMyHand_Click();
-  form.frmSelCards.Card_MouseUp(3, kMiddleButton, 0);
-  form.frmSelCards.Card_MouseUp(-1, kLeftButton, 0);
-  form.frmSelCards.Card_MouseUp(52, kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(3, kMiddleButton);
+  form.frmSelCards.Card_MouseUp(-1, kLeftButton);
+  form.frmSelCards.Card_MouseUp(52, kLeftButton);
   EXPECT_EQ(form.frmSelCards.ChosenCount(false), 0);
 }
 
 TEST_F(CardEntry, OkWithTooFewCardsShowsTheMessageAndStaysOpen) {
   form.txtBoard.text = "Ah";
   form.txtBoard_Click();
-  form.frmSelCards.Card_MouseUp(Cell(5, 3), kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(5, 3), kLeftButton);
   form.frmSelCards.cmdOK_Click();
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(services.messages[0].text, "You have not selected enough cards");
@@ -247,8 +239,8 @@ TEST_F(CardEntry, OkKeepsTheCheckBoxesApplicationWide) {
   form.txtMyHand_Click();
   form.frmSelCards.chkAutoOK = true;
   form.frmSelCards.chkAutoCook = true;
-  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton, 0);
-  form.frmSelCards.Card_MouseUp(Cell(14, 3), kLeftButton, 0);  // auto-OK
+  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton);
+  form.frmSelCards.Card_MouseUp(Cell(14, 3), kLeftButton);  // auto-OK
   EXPECT_TRUE(form.selCardsAutoOK);
   EXPECT_TRUE(form.selCardsAutoCook);
   form.txtBoard_Click();
@@ -260,7 +252,7 @@ TEST_F(CardEntry, CancelClosesThePickerAndWritesNothing) {
   form.txtMyHand.text = "AhKd";
   form.txtMyHand_Click();
   form.frmSelCards.chkAutoOK = true;
-  form.frmSelCards.Card_MouseUp(Cell(13, 1), kLeftButton, 0);
+  form.frmSelCards.Card_MouseUp(Cell(13, 1), kLeftButton);
   form.frmSelCards.cmdCancel_Click();
   EXPECT_FALSE(form.frmSelCards.visible);
   EXPECT_EQ(form.txtMyHand.text, "AhKd");

@@ -5,14 +5,6 @@
 namespace quillet {
 namespace {
 
-constexpr Colour kBlue = 0xFF0000;
-constexpr Colour kRed = 0x0000FF;
-constexpr Colour kGreen = 0x00C000;
-
-int Cell(int rank, int suit) {
-  return suit * 13 + (14 - rank);
-}
-
 class CookLink : public EditorTest {
  protected:
   // The number of holdings the cook takes from the grid (no cards, so every holding is live).
@@ -29,7 +21,7 @@ TEST_F(CookLink, EnterInMyHandRunsTheCook) {
   form.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
   form.txtMyHand.text = "AhAd";
   form.txtBoard.text = "Tc8h3s";
-  form.txtMyHand_KeyDown(kKeyEnter, 0);
+  form.txtMyHand_KeyDown(kKeyEnter);
   EXPECT_EQ(form.cookRangeCount, 4);
   EXPECT_EQ(form.cookLiveCount, 2);  // AhKh and AdKd share a card with My Hand
   EXPECT_EQ(form.lblCheckPossibleHands.substr(0, 27), "4 Hands in Opponent's Range");
@@ -39,10 +31,10 @@ TEST_F(CookLink, EnterInTheBoardRunsTheCookAndOtherKeysDoNot) {
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
   form.txtMyHand.text = "KhKd";
   form.txtBoard.text = "Tc8h3s";
-  form.txtBoard_KeyDown(int{'S'}, 0);
-  form.txtBoard_KeyDown(kKeyShift, 0);
+  form.txtBoard_KeyDown(int{'S'});
+  form.txtBoard_KeyDown(kKeyShift);
   EXPECT_EQ(form.lblCheckPossibleHands, "");
-  form.txtBoard_KeyDown(kKeyEnter, 0);
+  form.txtBoard_KeyDown(kKeyEnter);
   EXPECT_EQ(form.cookRangeCount, 6);
 }
 
@@ -61,7 +53,7 @@ TEST_F(CookLink, WithAutoCookTheOkOfThePickerRunsTheCook) {
   form.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
   form.txtBoard_Click();
   form.frmSelCards.chkAutoCook = true;
-  for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3)}) form.frmSelCards.Card_MouseUp(cell, kLeftButton, 0);
+  for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3)}) form.frmSelCards.Card_MouseUp(cell, kLeftButton);
   form.frmSelCards.cmdOK_Click();
   EXPECT_EQ(form.txtBoard.text, "Tc8h3s");
   EXPECT_EQ(form.cookRangeCount, 4);
@@ -70,7 +62,7 @@ TEST_F(CookLink, WithAutoCookTheOkOfThePickerRunsTheCook) {
 
 TEST_F(CookLink, WithoutAutoCookTheOkOnlyWritesTheCards) {
   form.txtBoard_Click();
-  for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3)}) form.frmSelCards.Card_MouseUp(cell, kLeftButton, 0);
+  for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3)}) form.frmSelCards.Card_MouseUp(cell, kLeftButton);
   form.frmSelCards.cmdOK_Click();
   EXPECT_EQ(form.lblCheckPossibleHands, "");
 }
@@ -92,7 +84,7 @@ TEST_F(CookLink, TheCookSeesEveryChangeOfTheRange) {
   EXPECT_EQ(CookedRange(), 0);
 
   form.Slider1.value = 0;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(CookedRange(), 6);
   TypeRange("10");  // 7 pairs, 10 suited and 4 offsuit classes
   EXPECT_EQ(CookedRange(), 130);

@@ -14,6 +14,16 @@
 
 namespace quillet {
 
+// The card boxes' text colours (0x00BBGGRR): clubs green, diamonds blue, hearts red.
+inline constexpr Colour kGreen = 0x00C000;
+inline constexpr Colour kBlue = 0xFF0000;
+inline constexpr Colour kRed = 0x0000FF;
+
+// Picker cell of a card: suit x 13 + (14 - rank).
+inline int Cell(int rank, int suit) {
+  return suit * 13 + (14 - rank);
+}
+
 inline int Block(const char* name) {
   const int index = FindClassByName(name);
   EXPECT_GE(index, 0) << name;
@@ -77,7 +87,7 @@ class EditorTest : public ::testing::Test {
   }
   void TypeRange(const std::string& text) {
     form.SetRangeText(text);
-    form.txtRange_KeyUp(kKeyEnter, 0);
+    form.txtRange_KeyUp(kKeyEnter);
   }
 
   RecordingServices services;

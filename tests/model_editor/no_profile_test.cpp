@@ -87,10 +87,10 @@ TEST_F(NoProfile, ATypedPercentMovesTheSliderButNotTheGrid) {
 
 TEST_F(NoProfile, TheSliderChangesNoLayer) {
   form.Slider1.value = 30;
-  form.Slider1_MouseMove(kLeftButton, 0);
-  form.Slider1_KeyDown(kKeyRight, 0);
+  form.Slider1_MouseMove(kLeftButton);
+  form.Slider1_KeyDown();
   form.tmrSliderMoving_Timer();
-  form.Slider1_KeyUp(kKeyRight, 0);
+  form.Slider1_KeyUp();
   ExpectNothingChanged("slider");
 }
 

@@ -13,7 +13,7 @@ class RangeNotationBox : public EditorTest {
   void TypeNotation(const std::string& text) {
     form.txtNotation.text = text;
     form.txtNotation_Change();
-    form.txtNotation_KeyDown(kKeyEnter, 0);
+    form.txtNotation_KeyDown(kKeyEnter);
   }
   HoldingSet OnHoldings() { return HoldingsOfLayer(onLayer()); }
   static HoldingSet Read(const std::string& text) {
@@ -34,7 +34,7 @@ TEST_F(RangeNotationBox, TheSlidersFirstFiveStepsShowTextsThatReadBackAsTheOnLay
   const char* const expected[] = {"AA", "QQ+", "JJ+", "TT+, AKs", "99+, AKs"};
   for (int step = 0; step < 5; ++step) {
     form.Slider1.value = step;
-    form.Slider1_MouseMove(kLeftButton, 0);
+    form.Slider1_MouseMove(kLeftButton);
     EXPECT_EQ(form.txtNotation.text, expected[step]);
     EXPECT_EQ(Read(form.txtNotation.text), OnHoldings()) << "step " << step;
   }
@@ -108,10 +108,10 @@ TEST_F(RangeNotationBox, TypingTurnsTheTextRedUntilEnterAcceptsIt) {
   form.txtNotation.text = "QQ";
   form.txtNotation_Change();
   EXPECT_EQ(form.txtNotation.foreColour, kRejectedTextColour);
-  form.txtNotation_KeyDown('Q', 0);
+  form.txtNotation_KeyDown('Q');
   EXPECT_EQ(form.txtNotation.foreColour, kRejectedTextColour);
   EXPECT_TRUE(OnHoldings().empty());
-  form.txtNotation_KeyDown(kKeyEnter, 0);
+  form.txtNotation_KeyDown(kKeyEnter);
   EXPECT_EQ(form.txtNotation.foreColour, kWindowTextColour);
   EXPECT_EQ(OnHoldings(), Read("QQ"));
 }
@@ -128,7 +128,7 @@ TEST_F(RangeNotationBox, ABadTextTurnsRedShowsItsErrorOnceAndChangesNothing) {
   EXPECT_EQ(form.profiles[0], before);
   EXPECT_EQ(form.grid.blockColour, colours);
   EXPECT_EQ(form.grid.selectedOn, selected);
-  form.txtNotation_KeyDown(kKeyEnter, 0);  // Enter again on the same text
+  form.txtNotation_KeyDown(kKeyEnter);  // Enter again on the same text
   EXPECT_EQ(services.messages.size(), 1u);
   TypeNotation("AKs:0.5");
   ASSERT_EQ(services.messages.size(), 2u);

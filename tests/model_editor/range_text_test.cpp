@@ -88,7 +88,7 @@ TEST_F(RangeText, EveryKeyReleaseOtherThanEnterTurnsTheTextRedEvenWhenUnchanged)
   ASSERT_EQ(form.txtRange.foreColour, kWindowTextColour);
   for (int key : {kKeyLeft, kKeyRight, kKeyUp, kKeyDown, kKeyShift, int{'5'}}) {
     form.txtRange.foreColour = kWindowTextColour;
-    form.txtRange_KeyUp(key, 0);
+    form.txtRange_KeyUp(key);
     EXPECT_EQ(form.txtRange.foreColour, kRejectedTextColour) << key;
     EXPECT_EQ(form.txtRange.text, "9.8");
   }

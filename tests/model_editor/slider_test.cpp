@@ -8,7 +8,7 @@ using Slider = EditorTest;
 
 TEST_F(Slider, PositionZeroGivesAcesOnlyAndTheTextZeroPointFive) {
   form.Slider1.value = 0;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(form.txtRange.text, "0.5");
   EXPECT_EQ(BlocksIn(onLayer()), Blocks({"AA"}));
   EXPECT_EQ(SelectedOn(), Blocks({"AA"}));
@@ -17,7 +17,7 @@ TEST_F(Slider, PositionZeroGivesAcesOnlyAndTheTextZeroPointFive) {
 
 TEST_F(Slider, ADragPutsTheTopOfTheOrderUpToThePositionIntoTheOnLayer) {
   form.Slider1.value = 3;  // AA; KK, QQ; JJ; TT, AKs
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(form.txtRange.text, "2.6");
   EXPECT_EQ(BlocksIn(onLayer()), Blocks({"AA", "KK", "QQ", "JJ", "TT", "AKs"}));
   EXPECT_EQ(onLayer()[Block("AKs")].suited, kTrue16);
@@ -26,7 +26,7 @@ TEST_F(Slider, ADragPutsTheTopOfTheOrderUpToThePositionIntoTheOnLayer) {
 
 TEST_F(Slider, TheLastPositionTakesEveryClass) {
   form.Slider1.value = 146;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(form.txtRange.text, "100");
   EXPECT_EQ(BlocksIn(onLayer()).size(), 169u);
   EXPECT_EQ(onLayer()[Block("32")].count, 12);
@@ -35,9 +35,9 @@ TEST_F(Slider, TheLastPositionTakesEveryClass) {
 TEST_F(Slider, MovingDownTakesOutWhatTheHigherPositionAdded) {
   form.PFHand_MouseUp(Block("72"), kLeftButton, 0);
   form.Slider1.value = 10;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   form.Slider1.value = 1;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(BlocksIn(onLayer()), Blocks({"AA", "KK", "QQ"}));
 }
 
@@ -46,7 +46,7 @@ TEST_F(Slider, MovingKeepsEverySeenRecordAndTheSelectionColourWinsOnBlocksInBoth
   form.PFHand_MouseUp(Block("72"), kRightButton, kShiftMask);
   const RangeLayer seenBefore = seenLayer();
   form.Slider1.value = 1;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(seenLayer(), seenBefore);
   EXPECT_TRUE(SelectedSeen().empty());
   EXPECT_EQ(form.grid.blockColour[Block("KK")], 0xFF80FFu);  // On selection, though also in the Seen layer
@@ -60,7 +60,7 @@ TEST_F(Slider, WithNoProfileCurrentDraggingChangesTheTextButNotTheGrid) {
   const PlayerProfile before = form.profiles[0];
   form.currentProfileIndex = -1;
   form.Slider1.value = 5;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(form.txtRange.text, "3.3");
   EXPECT_EQ(form.grid.blockColour, colours);
   EXPECT_EQ(form.grid.selectedOn, selected);
@@ -69,14 +69,14 @@ TEST_F(Slider, WithNoProfileCurrentDraggingChangesTheTextButNotTheGrid) {
 
 TEST_F(Slider, AMoveWithoutTheLeftButtonDoesNothing) {
   form.Slider1.value = 5;
-  form.Slider1_MouseMove(0, 0);
-  form.Slider1_MouseMove(kRightButton, 0);
+  form.Slider1_MouseMove(0);
+  form.Slider1_MouseMove(kRightButton);
   EXPECT_TRUE(form.txtRange.text.empty());
   EXPECT_TRUE(BlocksIn(onLayer()).empty());
 }
 
 TEST_F(Slider, AHeldKeyRunsTheTimerThatReappliesThePosition) {
-  form.Slider1_KeyDown(kKeyRight, 0);
+  form.Slider1_KeyDown();
   EXPECT_TRUE(form.tmrSliderMoving.enabled);
   EXPECT_EQ(form.tmrSliderMoving.intervalMs, 10);
   form.Slider1.value = 2;
@@ -86,16 +86,16 @@ TEST_F(Slider, AHeldKeyRunsTheTimerThatReappliesThePosition) {
   form.Slider1.value = 4;
   form.tmrSliderMoving_Timer();
   EXPECT_EQ(form.txtRange.text, "3");
-  form.Slider1_KeyUp(kKeyRight, 0);
+  form.Slider1_KeyUp();
   EXPECT_FALSE(form.tmrSliderMoving.enabled);
 }
 
 TEST_F(Slider, APositionOutsideTheOrderIsHeldToItsEnds) {
   form.Slider1.value = 500;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(form.txtRange.text, "100");
   form.Slider1.value = -3;
-  form.Slider1_MouseMove(kLeftButton, 0);
+  form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(form.txtRange.text, "0.5");
 }
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/model/form1_model.h"
+#include "tests/support/generic_profile_window.h"
 #include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "range/block_record.h"
@@ -29,34 +30,8 @@ class WatchingServices : public RecordingServices {
   }
 };
 
-// A window model with one selected profile, "Generic", whose layers start empty.
-struct EquityWindow {
-  WatchingServices services;
-  Form1Model model{services};
-
-  EquityWindow() {
-    services.model = &model;
-    PlayerProfile& p = model.profiles.emplace_back();
-    InitProfile(p);
-    p.name = "Generic";
-    model.currentProfileIndex = 0;
-  }
-
-  PlayerProfile& profile() { return *model.currentProfile(); }
-
-  // Puts a class whole into a layer, as a left click on its block does.
-  void Click(const std::string& className, bool seenLayer = false) {
-    const int c = FindClassByName(className);
-    ASSERT_GE(c, 0) << className;
-    RangeLayer& layer = seenLayer ? profile().seenLayer : profile().rangeLayer;
-    SetBlockWhole(layer[c], HandClasses()[c].kind == kKindSuited);
-  }
-
-  void Calc(const std::string& hand, const std::string& board) {
-    model.txtMyHand.text = hand;
-    model.txtBoard.text = board;
-    model.cmdCalcEquity_Click();
-  }
+struct EquityWindow : testing::GenericProfileWindow<WatchingServices> {
+  EquityWindow() { services.model = &model; }
 
   // A previous result on show, to see what a run clears.
   void ShowOldResult() {
@@ -66,8 +41,6 @@ struct EquityWindow {
     model.lbloppEquity.caption = "87.7%";
   }
 
-  const std::string& my() const { return model.lblMyEquity.caption; }
-  const std::string& opp() const { return model.lbloppEquity.caption; }
   Colour commandColour() const { return model.label(CommandLabel::cmdCalcEquity).backColour; }
 };
 

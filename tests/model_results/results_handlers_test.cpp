@@ -6,21 +6,13 @@
 #include "quillet/version.h"
 #include "results/build_results_tree.h"
 #include "tests/model_results/results_window.h"
+#include "tests/results/results_table.h"
 
 namespace quillet {
 namespace {
 
+using testing::ExportFromNodes;
 using testing::ResultsWindow;
-
-std::string FromNodes(const ResultsTree& tree) {
-  std::string out;
-  for (const ResultNode& node : tree.nodes) {
-    if (!node.exportLine) continue;
-    if (node.parent >= 0) out += std::string(2 * node.level, ' ');
-    out += node.text + "\r\n";
-  }
-  return out;
-}
 
 TEST(ResultsHandlers, TheCookRebuildsTheTreeAndTheExportTextTogether) {
   ResultsWindow w;
@@ -30,7 +22,7 @@ TEST(ResultsHandlers, TheCookRebuildsTheTreeAndTheExportTextTogether) {
   // No board: AKs goes to "A high", QQ to "One pair"; ten holdings, all categorised.
   ASSERT_FALSE(w.model.TV.empty());
   EXPECT_EQ(w.model.TV.nodes[0].text, "High cards (4) 40%");
-  EXPECT_EQ(w.model.exportText, ExportHeader("", "") + FromNodes(w.model.TV));
+  EXPECT_EQ(w.model.exportText, ExportHeader("", "") + ExportFromNodes(w.model.TV));
   EXPECT_NE(w.model.exportText.find("One pair (6) 60%\r\n"), std::string::npos);
   EXPECT_EQ(w.model.TV.selected, -1);  // nothing selected after a build
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/model/form1_model.h"
+#include "tests/support/generic_profile_window.h"
 #include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "range/block_record.h"
@@ -13,19 +14,7 @@
 
 namespace quillet::testing {
 
-struct ResultsWindow {
-  RecordingServices services;
-  Form1Model model{services};
-
-  ResultsWindow() {
-    PlayerProfile& p = model.profiles.emplace_back();
-    InitProfile(p);
-    p.name = "Generic";
-    model.currentProfileIndex = 0;
-  }
-
-  PlayerProfile& profile() { return *model.currentProfile(); }
-
+struct ResultsWindow : GenericProfileWindow<> {
   static int Block(const std::string& className) {
     const int c = FindClassByName(className);
     EXPECT_GE(c, 0) << className;
@@ -39,12 +28,6 @@ struct ResultsWindow {
   }
   void PutSeen(const std::string& className) {
     SetBlockWhole(profile().seenLayer[Block(className)], HandClasses()[Block(className)].kind == kKindSuited);
-  }
-
-  void Cook(const std::string& hand, const std::string& board) {
-    model.txtMyHand.text = hand;
-    model.txtBoard.text = board;
-    model.cmdCheckPossibleHands_Click();
   }
 
   // Flat index of the first node with this text, -1 when there is none.

@@ -295,7 +295,7 @@ TEST(MyHandRange, AClickInTheBoxLeavesThePickerShutWhileTheLabelOpensItEmpty) {
   // Two cards picked and OK: they take the range's place.
   SelCardsModel& picker = w.model.frmSelCards;
   for (int cell = 0; cell < 52; ++cell) {
-    if (picker.captions[cell] == "Ah" || picker.captions[cell] == "Kd") picker.Card_MouseUp(cell, 1, 0);
+    if (picker.captions[cell] == "Ah" || picker.captions[cell] == "Kd") picker.Card_MouseUp(cell, 1);
   }
   picker.cmdOK_Click();
   EXPECT_FALSE(w.model.MyHandIsRange());

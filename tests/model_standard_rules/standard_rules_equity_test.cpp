@@ -11,43 +11,21 @@
 #include "equity/tally_text.h"
 #include "range/block_record.h"
 #include "range/player_profile.h"
+#include "tests/support/generic_profile_window.h"
 #include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {
 
-// A window model with one selected profile, "Generic", whose layers start empty.
-struct RulesWindow {
-  RecordingServices services;
-  Form1Model model{services};
+// The Generic profile's window, with the standard rules ticked unless told otherwise.
+struct RulesWindow : testing::GenericProfileWindow<> {
+  explicit RulesWindow(bool standard = true) { model.options.standardShowdownRules = standard; }
 
-  explicit RulesWindow(bool standard = true) {
-    PlayerProfile& p = model.profiles.emplace_back();
-    InitProfile(p);
-    p.name = "Generic";
-    model.currentProfileIndex = 0;
-    model.options.standardShowdownRules = standard;
-  }
-
-  // Puts a class whole into the range, as a left click on its block does.
-  void Click(const std::string& className) {
-    const int c = FindClassByName(className);
-    ASSERT_GE(c, 0) << className;
-    SetBlockWhole(model.currentProfile()->rangeLayer[c], HandClasses()[c].kind == kKindSuited);
-  }
   // The range box's percentage, typed and entered.
   void TopPercent(const std::string& percent) {
     model.SetRangeText(percent);
-    model.txtRange_KeyUp(kKeyEnter, 0);
+    model.txtRange_KeyUp(kKeyEnter);
   }
-  void Calc(const std::string& hand, const std::string& board) {
-    model.txtMyHand.text = hand;
-    model.txtBoard.text = board;
-    model.cmdCalcEquity_Click();
-  }
-
-  const std::string& my() const { return model.lblMyEquity.caption; }
-  const std::string& opp() const { return model.lbloppEquity.caption; }
 };
 
 TEST(StandardRulesEquity, AcesAgainstEveryHoldingOnTheFlopShowTheExactEquityAndTheSplitInTheTooltips) {

@@ -4,14 +4,13 @@
 
 #include "app/model/form1_model.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/model_in_folder.h"
 #include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ReadBytes;
-using testing::TempFolder;
 using testing::WriteBytes;
 
 constexpr std::string_view kTwelveDefaultRecords =
@@ -28,15 +27,7 @@ constexpr std::string_view kTwelveDefaultRecords =
     "SelCardsAutoOK|False\r\n"
     "SelCardsAutoCook|False\r\n";
 
-class StandardRulesPreferences : public ::testing::Test {
- protected:
-  StandardRulesPreferences() : model(services) { model.ProfilePaths(dir.path()); }
-  fs::path PrefsFile() const { return dir / "MyPrefs.ini"; }
-
-  TempFolder dir;
-  RecordingServices services;
-  Form1Model model;
-};
+using StandardRulesPreferences = testing::ModelInFolderTest;
 
 TEST_F(StandardRulesPreferences, AreUntickedAtFirstStart) {
   EXPECT_FALSE(model.options.standardShowdownRules);

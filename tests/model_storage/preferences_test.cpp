@@ -5,13 +5,13 @@
 #include "tests/support/recording_services.h"
 #include "storage/preferences_file.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/model_in_folder.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
 using testing::ReadBytes;
-using testing::TempFolder;
 using testing::WriteBytes;
 
 bool SameOptions(const MenuOptions& a, const MenuOptions& b) {
@@ -21,18 +21,12 @@ bool SameOptions(const MenuOptions& a, const MenuOptions& b) {
          a.autoPFEquityCalc == b.autoPFEquityCalc;
 }
 
-class PreferencesModel : public ::testing::Test {
+class PreferencesModel : public testing::ModelInFolderTest {
  protected:
-  PreferencesModel() : model(services) { model.ProfilePaths(dir.path()); }
-  fs::path PrefsFile() const { return dir / "MyPrefs.ini"; }
   void LoadFrom(const std::string& text) {
     WriteBytes(PrefsFile(), text);
     model.LoadPreferences();
   }
-
-  TempFolder dir;
-  RecordingServices services;
-  Form1Model model;
 };
 
 TEST_F(PreferencesModel, SavingWritesTheTwelveRecordsInOrderEachWithOneCrLf) {

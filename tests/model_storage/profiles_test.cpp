@@ -6,24 +6,15 @@
 #include "storage/profile_file.h"
 #include "tests/storage/file_size_limit.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/model_in_folder.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Profile;
 using testing::ReadBytes;
-using testing::TempFolder;
 using testing::WriteBytes;
-
-PlayerProfile Profile(const std::string& name, const std::string& cls = "AA") {
-  PlayerProfile p;
-  InitProfile(p);
-  p.name = name;
-  p.rangeText = "0.5";
-  const int c = FindClassByName(cls);
-  SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
-  return p;
-}
 
 std::string Le32(int32_t v) {
   std::string out;
@@ -31,15 +22,7 @@ std::string Le32(int32_t v) {
   return out;
 }
 
-class ProfilesModel : public ::testing::Test {
- protected:
-  ProfilesModel() : model(services) { model.ProfilePaths(dir.path()); }
-  fs::path ProfileFile() const { return dir / "Player_Profiles.ini"; }
-
-  TempFolder dir;
-  RecordingServices services;
-  Form1Model model;
-};
+using ProfilesModel = testing::ModelInFolderTest;
 
 TEST_F(ProfilesModel, BothFilesLiveInAWritableProgramFolder) {
   EXPECT_EQ(model.profilePath, dir / "Player_Profiles.ini");

@@ -11,25 +11,15 @@
 #include "storage/file_lock.h"
 #include "storage/profile_file.h"
 #include "tests/storage/temp_folder.h"
-#include "tests/support/recording_services.h"
+#include "tests/support/model_in_folder.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Profile;
 using testing::ReadBytes;
-using testing::TempFolder;
 using testing::WriteBytes;
-
-PlayerProfile Profile(const std::string& name, const std::string& cls = "AA") {
-  PlayerProfile p;
-  InitProfile(p);
-  p.name = name;
-  p.rangeText = "0.5";
-  const int c = FindClassByName(cls);
-  SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
-  return p;
-}
 
 std::vector<std::string> NamesInFile(const fs::path& file) {
   const ProfileFileContents read = ReadProfileFile(file);
@@ -39,10 +29,8 @@ std::vector<std::string> NamesInFile(const fs::path& file) {
   return names;
 }
 
-class SharedProfileFile : public ::testing::Test {
+class SharedProfileFile : public testing::ModelInFolderTest {
  protected:
-  SharedProfileFile() : model(services) { model.ProfilePaths(dir.path()); }
-  fs::path ProfileFile() const { return dir / "Player_Profiles.ini"; }
   // The window as it starts: the file loaded, the first profile chosen.
   void Start() {
     ASSERT_TRUE(model.LoadProfiles());
@@ -52,10 +40,6 @@ class SharedProfileFile : public ::testing::Test {
   void OtherWriterSaves(const std::vector<PlayerProfile>& profiles) {
     ASSERT_FALSE(WriteProfileFile(ProfileFile(), profiles).has_value());
   }
-
-  TempFolder dir;
-  RecordingServices services;
-  Form1Model model;
 };
 
 TEST_F(SharedProfileFile, AProfileAddedByAnotherProgramWhileTheWindowIsOpenSurvivesTheWindowsSave) {

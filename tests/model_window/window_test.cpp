@@ -215,7 +215,7 @@ TEST_F(ProfileBox, WithNoProfileCurrentTheGridTheSliderAndTheCommandsChangeNothi
   model.cmdAll_Click();
   model.cmdClearAllBlocks_Click();
   model.Slider1.value = 10;
-  model.Slider1_MouseMove(kLeftButton, 0);
+  model.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(model.grid.blockColour, before);
   EXPECT_EQ(model.profiles[0].rangeLayer[FindClassByName("AA")].count, 6);
   EXPECT_EQ(model.profiles[0].rangeLayer[FindClassByName("KK")].count, 0);

@@ -11,30 +11,12 @@
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/model_in_folder.h"
 
 namespace quillet::testing {
 
-// A profile with the named classes whole in its On layer and the given range text.
-inline PlayerProfile MakeProfile(const std::string& name, const std::vector<std::string>& onClasses,
-                                 const std::string& rangeText) {
-  PlayerProfile p;
-  InitProfile(p);
-  p.name = name;
-  p.rangeText = rangeText;
-  for (const std::string& cls : onClasses) {
-    const int c = FindClassByName(cls);
-    SetBlockWhole(p.rangeLayer[c], HandClasses()[c].kind == kKindSuited);
-  }
-  return p;
-}
-
-class WindowModelTest : public ::testing::Test {
+class WindowModelTest : public ModelInFolderTest {
  protected:
-  WindowModelTest() : model(services) {}
-
-  std::filesystem::path ProfileFile() const { return dir / "Player_Profiles.ini"; }
-  std::filesystem::path PrefsFile() const { return dir / "MyPrefs.ini"; }
-
   void WriteProfiles(const std::vector<PlayerProfile>& profiles) {
     WriteBytes(ProfileFile(), EncodeProfileFile(profiles));
   }
@@ -49,7 +31,7 @@ class WindowModelTest : public ::testing::Test {
   // Types `text` into the player box and releases the last key.
   void TypePlayer(const std::string& text, int keyCode = 'A') {
     model.cmbPlayer.text = text;
-    model.cmbPlayer_KeyUp(keyCode, 0);
+    model.cmbPlayer_KeyUp(keyCode);
   }
 
   // Picks list entry `index` of the player box.
@@ -61,10 +43,6 @@ class WindowModelTest : public ::testing::Test {
 
   bool SaveVisible() const { return model.label(CommandLabel::lblSave).visible; }
   bool DeleteVisible() const { return model.label(CommandLabel::lblDelete).visible; }
-
-  TempFolder dir;
-  RecordingServices services;
-  Form1Model model;
 };
 
 }  // namespace quillet::testing

@@ -9,9 +9,12 @@
 
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
+
+using testing::C;
 
 HoldingSet Read(std::string_view text) {
   const ParsedRange parsed = ParseRangeNotation(text);
@@ -40,10 +43,6 @@ bool HoldsClass(const HoldingSet& set, std::string_view className) {
     if (!set.contains(own.holdings[i].number)) return false;
   }
   return true;
-}
-
-Card C(std::string_view text) {
-  return {RankFromChar(text.substr(0, 1)), SuitFromChar(text.substr(1, 1))};
 }
 
 // ---- The counts players know ----
@@ -368,11 +367,14 @@ TEST(RangeNotationRoundTrip, ReadingThePrintedTextGivesTheSameHoldings) {
 }
 
 TEST(RangeNotationRoundTrip, EveryPreflopStepPrintsToATextThatReadsBack) {
-  for (const auto& list : PreflopRangeLists()) {
-    HoldingSet set;
-    for (const HandCombo& h : list) set.insert(h.card1(), h.card2());
-    EXPECT_EQ(Read(PrintRangeNotation(set)), set);
+  HoldingSet set;  // the classes of the order's rows 0..k
+  for (const PreflopRow& row : PreflopOrder()) {
+    for (const std::string& name : SplitClassList(row.classes)) {
+      for (const HandCombo& h : ExpandClassName(name)) set.insert(h.card1(), h.card2());
+    }
+    EXPECT_EQ(Read(PrintRangeNotation(set)), set) << row.classes;
   }
+  EXPECT_EQ(set, HoldingSet::All());
 }
 
 TEST(HoldingSharePercentText, IsTheShareToOneDecimal) {

@@ -5,7 +5,7 @@
 
 #include "equity/range_equity.h"
 #include "range/range_notation.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {

@@ -15,14 +15,14 @@
 #include "equity/preflop_classes.h"
 #include "equity/standard_equity.h"
 #include "equity/standard_evaluator.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
 using testing::Board;
 using testing::C;
-using testing::Combo;
+using testing::Holding;
 
 int32_t StreetOf(const std::string& board) {
   return board.empty() ? kNoBoard : static_cast<int32_t>(board.size() / 2 - 2);
@@ -79,7 +79,7 @@ ShowdownTally ReferenceTally(const std::vector<HandCombo>& mine, const std::vect
 
 std::vector<HandCombo> Combos(std::initializer_list<const char*> texts) {
   std::vector<HandCombo> combos;
-  for (const char* text : texts) combos.push_back(Combo(text));
+  for (const char* text : texts) combos.push_back(Holding(text));
   return combos;
 }
 
@@ -229,7 +229,7 @@ TEST(RangeEquity, AcesAgainstAcesMeetOnlyWhereTheyShareNoAce) {
 
   // Each of the six pairs of aces meets exactly one other.
   std::vector<HandCombo> aces;
-  for (const char* text : {"AcAd", "AcAh", "AcAs", "AdAh", "AdAs", "AhAs"}) aces.push_back(Combo(text));
+  for (const char* text : {"AcAd", "AcAh", "AcAs", "AdAh", "AdAs", "AhAs"}) aces.push_back(Holding(text));
   const RangeEquityResult all = Equity(aces, aces, "");
   EXPECT_EQ(all.matchups, 6u);
   EXPECT_EQ(all.tally.Showdowns(), 6u * kPreflopBoardCount);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/results/cards_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {

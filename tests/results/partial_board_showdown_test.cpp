@@ -3,26 +3,26 @@
 #include <string>
 
 #include "cards/showdown_key.h"
-#include "tests/results/cards_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
-using testing::Board;
 using testing::Hand;
 using testing::Holding;
+using testing::WindowBoard;
 
 constexpr ShowdownResult kWin{true, false};
 constexpr ShowdownResult kLose{false, true};
 constexpr ShowdownResult kTie{false, false};
 
 ShowdownResult Showdown(const std::string& mine, const std::string& theirs, const std::string& board) {
-  const testing::TestBoard b = Board(board);
+  const testing::TestBoard b = WindowBoard(board);
   return ComparePartialBoardShowdown(Hand(mine), Holding(theirs), b.cards, b.street);
 }
 
 int32_t CategoryOf(const std::string& holding, const std::string& board) {
-  const testing::TestBoard b = Board(board);
+  const testing::TestBoard b = WindowBoard(board);
   return KeyCategory(StreetShowdownKey(Holding(holding), b.cards, b.street));
 }
 

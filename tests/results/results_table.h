@@ -10,7 +10,7 @@
 
 #include "categorise/categories.h"
 #include "results/build_results_tree.h"
-#include "tests/results/cards_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet::testing {
 
@@ -61,7 +61,7 @@ inline ResultsCards Cards(const std::string& hand, const std::string& board) {
   c.boardText = board;
   if (!hand.empty()) c.hand = Hand(hand);
   if (!board.empty()) {
-    const TestBoard b = Board(board);
+    const TestBoard b = WindowBoard(board);
     c.board = b.cards;
     c.street = b.street;
   }

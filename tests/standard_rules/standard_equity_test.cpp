@@ -8,14 +8,15 @@
 
 #include "equity/deck.h"
 #include "equity/hand_evaluator.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
 using testing::Board;
-using testing::Combo;
 using testing::Hand;
+using testing::Holding;
+using testing::LiveHoldings;
 
 int32_t StreetOf(const std::string& board) {
   return board.empty() ? kNoBoard : static_cast<int32_t>(board.size() / 2 - 2);
@@ -64,27 +65,10 @@ ShowdownTally ReferenceTally(const HandCards& hand, const BoardCards& board, int
   return tally;
 }
 
-// Every holding of the deck less those that share a card with My Hand or the board.
-std::vector<HandCombo> FullRange(const HandCards& hand, const BoardCards& board, int32_t street) {
-  const int known = BoardCardCount(street);
-  std::vector<HandCombo> combos;
-  for (int i = 0; i < 52; ++i) {
-    for (int j = i + 1; j < 52; ++j) {
-      const Card a = DeckCard(j);
-      const Card b = DeckCard(i);
-      bool dead = false;
-      for (Card card : {hand.card1(), hand.card2()}) dead = dead || a == card || b == card;
-      for (int k = 0; k < known; ++k) dead = dead || a == board[k] || b == board[k];
-      if (!dead) combos.push_back(HandCombo{true, a.rank, a.suit, b.rank, b.suit});
-    }
-  }
-  return combos;
-}
-
 // `count` different random holdings of the deck (some of them dead for the hand and board).
 std::vector<HandCombo> RandomRange(std::mt19937_64& rng, int count) {
-  std::vector<HandCombo> all = FullRange(Hand("2c3c"), Board(""), kNoBoard);
-  all.push_back(Combo("3c2c"));
+  std::vector<HandCombo> all = LiveHoldings(Hand("2c3c"), Board(""), kNoBoard);
+  all.push_back(Holding("3c2c"));
   std::shuffle(all.begin(), all.end(), rng);
   all.resize(count);
   return all;
@@ -95,14 +79,14 @@ ShowdownTally Tally(const std::string& hand, const std::string& board, const std
 }
 
 TEST(StandardEquity, AcesAgainstTheFullRangeOnATenEightThreeFlopHaveTheirExactEquity) {
-  const std::vector<HandCombo> range = FullRange(Hand("AhAd"), Board("Tc8h3s"), kFlop);
+  const std::vector<HandCombo> range = LiveHoldings(Hand("AhAd"), Board("Tc8h3s"), kFlop);
   const ShowdownTally tally = Tally("AhAd", "Tc8h3s", range);
   EXPECT_EQ(tally.Showdowns(), range.size() * 990);
   EXPECT_NEAR(tally.EquityPercent(), 85.371289, 1e-6);
 }
 
 TEST(StandardEquity, AcesAgainstTheFullRangeOnATenEightThreeDeuceTurnHaveTheirExactEquity) {
-  const std::vector<HandCombo> range = FullRange(Hand("AhAd"), Board("Tc8h3s2d"), kTurn);
+  const std::vector<HandCombo> range = LiveHoldings(Hand("AhAd"), Board("Tc8h3s2d"), kTurn);
   const ShowdownTally tally = Tally("AhAd", "Tc8h3s2d", range);
   EXPECT_EQ(tally.Showdowns(), range.size() * 44);
   EXPECT_NEAR(tally.EquityPercent(), 88.146684, 1e-6);
@@ -111,7 +95,7 @@ TEST(StandardEquity, AcesAgainstTheFullRangeOnATenEightThreeDeuceTurnHaveTheirEx
 TEST(StandardEquity, TheFlopAgainstTheFullRangeCountsExactlyWhatTheReferenceCounts) {
   for (const std::string board : {"Tc8h3s", "Qs7s2s", "9h9d4h"}) {
     SCOPED_TRACE(board);
-    const std::vector<HandCombo> range = FullRange(Hand("AsKs"), Board(board), kFlop);
+    const std::vector<HandCombo> range = LiveHoldings(Hand("AsKs"), Board(board), kFlop);
     EXPECT_EQ(Tally("AsKs", board, range), ReferenceTally(Hand("AsKs"), Board(board), kFlop, range));
   }
 }
@@ -153,37 +137,37 @@ TEST(StandardEquity, BoardsWithFourAndFiveCardsOfOneSuitCountExactlyWhatTheRefer
 }
 
 TEST(StandardEquity, TheRiverGivesTheRealResultOfEachShowdown) {
-  const std::vector<HandCombo> range = {Combo("QcQd"), Combo("AcKd"), Combo("AdKc"), Combo("7c7d")};
+  const std::vector<HandCombo> range = {Holding("QcQd"), Holding("AcKd"), Holding("AdKc"), Holding("7c7d")};
   const ShowdownTally tally = Tally("AhKh", "Ks7s2d5c9h", range);
   EXPECT_EQ(tally, (ShowdownTally{1, 2, 1}));
   EXPECT_DOUBLE_EQ(tally.EquityPercent(), 50.0);
 }
 
 TEST(StandardEquity, HoldingsThatAreDeadFlaggedOffOrMalformedTakeNoPart) {
-  const std::vector<HandCombo> live = {Combo("QcQd")};
-  HandCombo flaggedOff = Combo("JcJd");
+  const std::vector<HandCombo> live = {Holding("QcQd")};
+  HandCombo flaggedOff = Holding("JcJd");
   flaggedOff.flag = false;
-  const std::vector<HandCombo> range = {Combo("QcQd"), Combo("AhQh"), Combo("KsQs"),
-                                        flaggedOff,    Combo("2c2c"), HandCombo{}};
+  const std::vector<HandCombo> range = {Holding("QcQd"), Holding("AhQh"), Holding("KsQs"),
+                                        flaggedOff,      Holding("2c2c"), HandCombo{}};
   EXPECT_EQ(Tally("AhKh", "Ks7s2d", range), Tally("AhKh", "Ks7s2d", live));
 }
 
 TEST(StandardEquity, AHoldingListedTwiceCountsTwice) {
-  const ShowdownTally once = Tally("AhKh", "Ks7s2d", {Combo("QcQd")});
+  const ShowdownTally once = Tally("AhKh", "Ks7s2d", {Holding("QcQd")});
   ShowdownTally twice = once;
   twice += once;
-  EXPECT_EQ(Tally("AhKh", "Ks7s2d", {Combo("QcQd"), Combo("QdQc")}), twice);
+  EXPECT_EQ(Tally("AhKh", "Ks7s2d", {Holding("QcQd"), Holding("QdQc")}), twice);
 }
 
 TEST(StandardEquity, NothingIsCountedWithoutALiveHoldingOrWithACardGivenTwice) {
   EXPECT_EQ(Tally("AhKh", "Ks7s2d", {}), ShowdownTally{});
-  EXPECT_EQ(Tally("AhKh", "Ks7s2d", {Combo("AhQd")}), ShowdownTally{});
-  EXPECT_EQ(Tally("AhKh", "Ks7sKh", {Combo("QcQd")}), ShowdownTally{});
-  EXPECT_EQ(StandardShowdownTally(Hand("AhKh"), Board(""), kNoBoard, {{Combo("QcQd")}}), ShowdownTally{});
+  EXPECT_EQ(Tally("AhKh", "Ks7s2d", {Holding("AhQd")}), ShowdownTally{});
+  EXPECT_EQ(Tally("AhKh", "Ks7sKh", {Holding("QcQd")}), ShowdownTally{});
+  EXPECT_EQ(StandardShowdownTally(Hand("AhKh"), Board(""), kNoBoard, {{Holding("QcQd")}}), ShowdownTally{});
 }
 
 TEST(StandardEquity, TheTallyOnAnyStreetTakesTheBoardsFromTheEnumeration) {
-  const std::vector<HandCombo> range = {Combo("QcQd"), Combo("7c7d")};
+  const std::vector<HandCombo> range = {Holding("QcQd"), Holding("7c7d")};
   const auto onFlop = StandardEquityTally(Hand("AhKh"), Board("Ks7s2d"), kFlop, range);
   ASSERT_TRUE(onFlop.has_value());
   EXPECT_EQ(*onFlop, Tally("AhKh", "Ks7s2d", range));

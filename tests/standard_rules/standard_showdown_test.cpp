@@ -4,21 +4,21 @@
 #include <string_view>
 
 #include "equity/standard_equity.h"
-#include "tests/equity_engine/card_text.h"
+#include "tests/support/card_text.h"
 
 namespace quillet {
 namespace {
 
 using testing::Board;
-using testing::Combo;
 using testing::Hand;
+using testing::Holding;
 
 enum class Outcome { Win, Tie, Lose };
 
 // My Hand against the holding on a board of three to five cards.
 Outcome Showdown(std::string_view mine, std::string_view theirs, std::string_view board) {
   const auto street = static_cast<int32_t>(board.size() / 2 - 2);
-  const ShowdownResult result = CompareStandardShowdown(Hand(mine), Combo(theirs), Board(board), street);
+  const ShowdownResult result = CompareStandardShowdown(Hand(mine), Holding(theirs), Board(board), street);
   EXPECT_FALSE(result.myWin && result.oppWin);
   return result.myWin ? Outcome::Win : result.oppWin ? Outcome::Lose : Outcome::Tie;
 }
@@ -87,9 +87,9 @@ TEST(StandardShowdown, OnTheFlopAndTurnOnlyTheKnownCardsCount) {
 }
 
 TEST(StandardShowdown, WithoutABoardOrWithACardTwiceNothingIsDecided) {
-  EXPECT_EQ(CompareStandardShowdown(Hand("AsKs"), Combo("QcQd"), Board(""), kNoBoard), ShowdownResult{});
-  EXPECT_EQ(CompareStandardShowdown(Hand("AsKs"), Combo("AsQd"), Board("Qs7s2d"), kFlop), ShowdownResult{});
-  EXPECT_EQ(CompareStandardShowdown(Hand("AsKs"), Combo("QcQd"), Board("Qs7sAs"), kFlop), ShowdownResult{});
+  EXPECT_EQ(CompareStandardShowdown(Hand("AsKs"), Holding("QcQd"), Board(""), kNoBoard), ShowdownResult{});
+  EXPECT_EQ(CompareStandardShowdown(Hand("AsKs"), Holding("AsQd"), Board("Qs7s2d"), kFlop), ShowdownResult{});
+  EXPECT_EQ(CompareStandardShowdown(Hand("AsKs"), Holding("QcQd"), Board("Qs7sAs"), kFlop), ShowdownResult{});
 }
 
 }  // namespace

@@ -9,12 +9,14 @@
 
 #include "tests/storage/file_size_limit.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/killed_save.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
 using testing::FileSizeLimit;
+using testing::KillASaveHalfway;
 using testing::ReadBytes;
 using testing::TempFolder;
 using testing::WriteBytes;
@@ -63,24 +65,8 @@ TEST(WriteFileAtomically, ASaveKilledHalfwayLeavesTheOldFileUnchanged) {
   WriteBytes(path, old);
   const std::string fresh(1 << 20, 'n');
   const rlim_t half = fresh.size() / 2;
-  const pid_t child = fork();
-  ASSERT_GE(child, 0);
-  if (child == 0) {
-    // The kernel kills the child with SIGXFSZ as soon as the file reaches half its size: a crash mid-write.
-    rlimit noCore{0, 0};
-    setrlimit(RLIMIT_CORE, &noCore);
-    signal(SIGXFSZ, SIG_DFL);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = half;
-    setrlimit(RLIMIT_FSIZE, &limit);
-    WriteFileAtomically(path, fresh);
-    _exit(0);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  ASSERT_TRUE(WIFSIGNALED(status)) << "the save ran to its end";
-  EXPECT_EQ(WTERMSIG(status), SIGXFSZ);
+  // The kernel kills the saving child as soon as the file reaches half its size: a crash mid-write.
+  ASSERT_NO_FATAL_FAILURE(KillASaveHalfway([&] { WriteFileAtomically(path, fresh); }, half));
   EXPECT_EQ(ReadBytes(path), old);
   // The half-written temporary file is what the crash left; the old file was never touched.
   std::size_t halfWritten = 0;

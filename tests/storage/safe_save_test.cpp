@@ -16,11 +16,13 @@
 #include "storage/profile_file.h"
 #include "storage/terminal_text.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/killed_save.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::KillASaveHalfway;
 using testing::ReadBytes;
 using testing::TempFolder;
 using testing::WriteBytes;
@@ -29,26 +31,6 @@ unsigned ModeOf(const fs::path& path) {
   struct stat st {};
   EXPECT_EQ(::stat(path.c_str(), &st), 0) << path;
   return st.st_mode & 07777;
-}
-
-// Runs `save` in a child that the kernel kills (SIGXFSZ) once the file it writes reaches `bytes`.
-void KillASaveHalfway(const std::function<void()>& save, rlim_t bytes) {
-  const pid_t child = fork();
-  ASSERT_GE(child, 0);
-  if (child == 0) {
-    rlimit noCore{0, 0};
-    setrlimit(RLIMIT_CORE, &noCore);
-    signal(SIGXFSZ, SIG_DFL);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = bytes;
-    setrlimit(RLIMIT_FSIZE, &limit);
-    save();
-    _exit(0);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  ASSERT_TRUE(WIFSIGNALED(status)) << "the save ran to its end";
 }
 
 TEST(StaleTemporaryFiles, TheNextSaveRemovesTheTemporaryFileAKilledSaveLeft) {
