@@ -751,6 +751,16 @@ void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
   PressKey(tree, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   QCOMPARE(HoldingsOfLayer(s.model.currentProfile()->rangeLayer), wanted);
 
+  // A click on the grid hands the focus to the Board box; with no edit of its own to undo, the box leaves
+  // Ctrl+Z to the window.
+  const RangeLayer narrowed = s.model.currentProfile()->rangeLayer;
+  ClickBlock(form, "72", Qt::LeftButton);
+  QVERIFY(form.txtBoard()->hasFocus());
+  QVERIFY(s.model.currentProfile()->rangeLayer != narrowed);
+  PressKey(form.txtBoard(), Qt::Key_Z, Qt::ControlModifier);
+  QVERIFY(s.model.currentProfile()->rangeLayer == narrowed);
+  QCOMPARE(form.txtBoard()->toPlainText(), QStringLiteral("Tc8h3s"));
+
   // A text box with an edit of its own keeps Ctrl+Z for it: the range stays.
   Click(range, Qt::LeftButton);
   TypeInto(range, QStringLiteral("5"));
