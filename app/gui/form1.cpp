@@ -617,6 +617,13 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 
 bool Form1::SliderKey(QKeyEvent* event, bool down) {
   if (event->isAutoRepeat() && !down) return false;  // a held key: only its last release counts
+  // A modifier alone, or a key with Ctrl or Alt (the window's shortcuts, Ctrl+Z among them), moves nothing:
+  // it must not start the timer that puts the slider's place into the range again.
+  const int pressed = event->key();
+  if (pressed == Qt::Key_Control || pressed == Qt::Key_Shift || pressed == Qt::Key_Alt ||
+      pressed == Qt::Key_Meta || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+    return false;
+  }
   const int key = KeyCode(*event);
   const int shift = ShiftMask(event->modifiers());
   if (down) {

@@ -721,6 +721,59 @@ journey_notation() {
   expect_equal "the range text after the notation" "$(range_text Generic)" "~1.7"
 }
 
+# expect_grid_notation TEXT: Ctrl+C with the pointer over the grid puts exactly TEXT on the clipboard.
+clipboard_is() { [ "$(clipboard)" = "$1" ]; }
+# (The pointer comes from the next block: a move with --sync to where it already is would wait for ever.)
+grid_ctrl_c() {
+  xclip -selection clipboard -i /dev/null
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$MAIN" --sync $(block_xy 6 5)
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$MAIN" --sync $(block_xy 6 6)
+  xdotool key ctrl+c
+}
+expect_grid_notation() {
+  grid_ctrl_c
+  poll "the grid's notation to be \"$1\"" clipboard_is "$1"
+  log "ok: the range is $1"
+}
+
+journey_undo() {
+  first_start
+  aces_kings_queens
+  expect_grid_notation "QQ+"
+  # A click on the grid leaves the focus in the Board box, which has nothing of its own to undo: the keys
+  # are the window's.
+  xdotool key ctrl+z
+  expect_grid_notation "KK+"
+  xdotool key ctrl+z
+  expect_grid_notation "AA"
+  step_shot undone
+  xdotool key ctrl+shift+z
+  expect_grid_notation "KK+"
+  xdotool key ctrl+y
+  expect_grid_notation "QQ+"
+  # A drag of the slider is one step, however far it goes.
+  local y=$SLIDER_Y
+  xdotool mousemove --window "$MAIN" --sync 90 "$y" mousedown 1
+  xdotool mousemove --window "$MAIN" --sync 150 "$y"
+  xdotool mousemove --window "$MAIN" --sync 210 "$y" mouseup 1
+  step_shot dragged
+  local dragged
+  grid_ctrl_c
+  poll "the grid's notation after the drag" clipboard_has "+"
+  dragged=$(clipboard)
+  [ "$dragged" != "QQ+" ] || fail "the drag changed nothing"
+  xdotool key ctrl+z
+  expect_grid_notation "QQ+"
+  xdotool key ctrl+shift+z
+  expect_grid_notation "$dragged"
+  xdotool key ctrl+z
+  expect_grid_notation "QQ+"
+  close_quillet
+  expect_equal "the On layer saved after the steps back" "$(layer Generic On | tr '\n' ' ')" "AA KK QQ "
+}
+
 journey_bad_board() {
   first_start
   # shellcheck disable=SC2086
@@ -741,7 +794,7 @@ journey_bad_board() {
 
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
-    notation)
+    notation | undo)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end
