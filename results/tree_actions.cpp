@@ -41,7 +41,8 @@ std::optional<NodeSource> SourceOfNode(const ResultsTree& tree, int node) {
   std::string_view key = tree.nodes[node].key;
   const std::optional<int> first = TakeNumber(key);
   if (!first) return std::nullopt;
-  if (key == "k") return NodeSource{*first, -1};
+  // A spacer (a category with nothing after its "*") shows an empty line and takes no box.
+  if (key == "k") return tree.nodes[node].text.empty() ? std::nullopt : std::optional(NodeSource{*first, -1});
   if (!key.starts_with('-') || tree.nodes[node].children.empty()) return std::nullopt;
   key.remove_prefix(1);
   const std::optional<int> category = TakeNumber(key);

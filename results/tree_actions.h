@@ -24,7 +24,8 @@ std::string CleanNodeText(std::string_view text);
 std::vector<int> AddToRangeNodeRun(const ResultsTree& tree);
 
 // Whether the node can carry a check box ("Check Boxes"): a category node, or a group node (a class of
-// several holdings with its holdings under it). A holding's own node, single-holding lines included, cannot.
+// several holdings with its holdings under it). A holding's own node, single-holding lines included, and a
+// spacer's empty line cannot.
 bool IsCheckableNode(const ResultsTree& tree, int node);
 
 // The holdings under the given nodes, each holding once however many of the nodes hold it: a category node

@@ -96,6 +96,18 @@ TEST(IsCheckableNode, InAPlainListingOnlyTheCategoriesAreCheckable) {
   EXPECT_FALSE(IsCheckableNode(tree, 3));
 }
 
+TEST(IsCheckableNode, ASpacerLineTakesNoBox) {
+  ResultsTable table;
+  table.Add(kEntryTopPair, {"KcQd"}).Add(kEntryTwoPair, {"Kc4c"}).Finish(2);
+  const ResultsTree tree =
+      BuildResultsTree(table.categories, testing::Options(true, true), ResultsCards{}, nullptr).tree;
+  const int spacer = tree.find("14k");  // the blank line between "One pair" and "Two pair"
+  ASSERT_GE(spacer, 0);
+  ASSERT_EQ(tree.nodes[spacer].text, "");
+  EXPECT_FALSE(IsCheckableNode(tree, spacer));
+  EXPECT_TRUE(IsCheckableNode(tree, tree.find("15k")));
+}
+
 HoldingSet Set(std::initializer_list<const char*> holdings) {
   HoldingSet set;
   for (const char* h : holdings) {
