@@ -2,11 +2,13 @@
 // nodes the command takes, and the card search over the category table.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "categorise/category_node.h"
+#include "range/holding_set.h"
 #include "results/results_tree.h"
 
 namespace quillet {
@@ -20,6 +22,17 @@ std::string CleanNodeText(std::string_view text);
 // grandchildren and misses later children, and is kept so); without children, the node itself. Empty
 // when no node is selected.
 std::vector<int> AddToRangeNodeRun(const ResultsTree& tree);
+
+// Whether the node can carry a check box ("Check Boxes"): a category node, or a group node (a class of
+// several holdings with its holdings under it). A holding's own node, single-holding lines included, and a
+// spacer's empty line cannot.
+bool IsCheckableNode(const ResultsTree& tree, int node);
+
+// The holdings under the given nodes, each holding once however many of the nodes hold it: a category node
+// gives its own holdings and those of its sub-categories (the deeper categories that follow it), a group
+// node the holdings of its class in its category. Nodes that cannot carry a check box add nothing.
+HoldingSet HoldingsUnderNodes(const ResultsTree& tree, const Categories& categories,
+                              std::span<const int> nodes);
 
 inline constexpr std::string_view kCardSearchPrompt = "Enter Card you are looking for. E.G. Tc";
 

@@ -27,6 +27,7 @@ CardTextBox::CardTextBox(QWidget* parent) : QTextEdit(parent) {
     shownColours_ = CharColours();
     emit edited();
   });
+  document()->clearUndoRedoStacks();  // setting the box up is no step the user can undo
 }
 
 void CardTextBox::ShowState(const RichTextState& state) {

@@ -72,6 +72,8 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   BuildNotationBox();
   BuildMenus();
   ConnectEvents();
+  BuildRangeHistoryKeys();
+  BuildTreeCheckBoxes();
   services_.Attach(this);
 
   model_.geometry.treeTop = kTreeTop * kTwipsPerPixel;
@@ -231,6 +233,7 @@ void Form1::BuildMenus() {
        &Form1Model::mnuSimplifyFurther_Click);
   tick(display, "mnuHideEmptyCats", "Hide Empty Categories", &MenuOptions::hideEmptyCats,
        &Form1Model::mnuHideEmptyCats_Click);
+  tick(display, "mnuCheckBoxes", "Check Boxes", &MenuOptions::checkBoxes, &Form1Model::mnuCheckBoxes_Click);
   QMenu* appearance = optionsMenu_->addMenu(QStringLiteral("Appearance"));
   appearance->setObjectName(QStringLiteral("mnuAppearance"));
   tick(appearance, "mnuCategoryIcons", "Category Icons", &MenuOptions::categoryIcons,
@@ -255,6 +258,11 @@ void Form1::BuildMenus() {
   QAction* add = treeMenu_->addAction(QStringLiteral("Add to Range"));
   add->setObjectName(QStringLiteral("mnuAdd2Range"));
   connect(add, &QAction::triggered, this, [this] { Act([this] { model_.mnuAdd2Range_Click(); }); });
+  // In the menu only while "Check Boxes" is ticked (ShowTreeChecks puts it in and takes it out).
+  keepOnlyChecked_ = new QAction(QStringLiteral("Keep Only Checked"), treeMenu_);
+  keepOnlyChecked_->setObjectName(QStringLiteral("mnuKeepOnlyChecked"));
+  connect(keepOnlyChecked_, &QAction::triggered, this,
+          [this] { Act([this] { model_.mnuKeepOnlyChecked_Click(); }); });
   QAction* copy = treeMenu_->addAction(QStringLiteral("Copy Results to Clipboard"));
   copy->setObjectName(QStringLiteral("mnuCopyToClipboard"));
   connect(copy, &QAction::triggered, this, [this] { Act([this] { model_.mnuCopyToClipboard_Click(); }); });
@@ -522,6 +530,7 @@ void Form1::ShowTree() {
     tree_->setCurrentItem(wanted);
   }
   showingTree_ = false;
+  ShowTreeChecks();
   if (shownPointer_ != model_.tvMousePointer) {
     shownPointer_ = model_.tvMousePointer;
     if (shownPointer_ == 99) {
@@ -611,6 +620,13 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 
 bool Form1::SliderKey(QKeyEvent* event, bool down) {
   if (event->isAutoRepeat() && !down) return false;  // a held key: only its last release counts
+  // A modifier alone, or a key with Ctrl or Alt (the window's shortcuts, Ctrl+Z among them), moves nothing:
+  // it must not start the timer that puts the slider's place into the range again.
+  const int pressed = event->key();
+  if (pressed == Qt::Key_Control || pressed == Qt::Key_Shift || pressed == Qt::Key_Alt ||
+      pressed == Qt::Key_Meta || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+    return false;
+  }
   if (down) {
     sliderKeyHeld_ = true;
     Act([this] { model_.Slider1_KeyDown(); });
@@ -663,6 +679,12 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
   } else if (watched == slider_) {
     if (type == QEvent::KeyPress) return SliderKey(static_cast<QKeyEvent*>(event), true);
     if (type == QEvent::KeyRelease) return SliderKey(static_cast<QKeyEvent*>(event), false);
+    if (type == QEvent::MouseButtonRelease) {
+      auto* mouse = static_cast<QMouseEvent*>(event);
+      const int button = ButtonNumber(mouse->button());
+      const int shift = ShiftMask(mouse->modifiers());
+      Act([this, button, shift] { model_.Slider1_MouseUp(button, shift); });
+    }
   } else if (watched == tree_->viewport()) {
     if (type == QEvent::MouseButtonRelease) {
       const int button = ButtonNumber(static_cast<QMouseEvent*>(event)->button());

@@ -89,6 +89,10 @@ class Form1 : public QWidget {
   // The range notation box under the grid and the grid's Ctrl+C / Ctrl+V.
   void BuildNotationBox();
   void ShowNotationBox();
+  // Ctrl+Z, Ctrl+Shift+Z, Ctrl+Y for the range, and the tree's check boxes (form1_range_history.cpp).
+  void BuildRangeHistoryKeys();
+  void BuildTreeCheckBoxes();
+  void ShowTreeChecks();
 
   Form1Model& model_;
   QtWindowServices& services_;
@@ -118,11 +122,13 @@ class Form1 : public QWidget {
   QTreeWidget* tree_ = nullptr;
   std::vector<ResultNode> shownNodes_;
   bool showingTree_ = false;
+  bool showingChecks_ = false;  // whether any node may show a check box now
   int shownPointer_ = 0;
 
   QMenu* optionsMenu_ = nullptr;
   QMenu* treeMenu_ = nullptr;
   QAction* switchScheme_ = nullptr;
+  QAction* keepOnlyChecked_ = nullptr;
   struct TickAction {
     QAction* action;
     bool MenuOptions::*tick;

@@ -111,6 +111,7 @@ void Form1Model::WritePickedCards(bool targetMyHand, const std::string& text) {
 }
 
 void Form1Model::picSuit_Click(int index) {
+  const RangeStep rangeStep(*this);
   PlayerProfile* profile = currentProfile();
   if (profile == nullptr || index < 0 || index >= kSuitMatrixCells) return;
   const bool shown = !grid.comboShown[index];

@@ -56,6 +56,7 @@ void Form1Model::SetBlockColours() {
 }
 
 void Form1Model::PFHand_MouseUp(int index, int button, int shift) {
+  const RangeStep rangeStep(*this);
   PlayerProfile* profile = currentProfile();
   if (profile == nullptr || !IsBlockIndex(index)) return;
   const bool wasOn = grid.selectedOn[index];
@@ -125,6 +126,7 @@ void Form1Model::PFHand_MouseUp(int index, int button, int shift) {
 }
 
 void Form1Model::SelectCross(int index) {
+  const RangeStep rangeStep(*this);
   PlayerProfile* profile = currentProfile();
   if (profile == nullptr || !IsBlockIndex(index)) return;
   DeselectAllBlocks();
@@ -138,6 +140,7 @@ void Form1Model::SelectCross(int index) {
 }
 
 void Form1Model::SelectUpward(int index) {
+  const RangeStep rangeStep(*this);
   PlayerProfile* profile = currentProfile();
   if (profile == nullptr || !IsBlockIndex(index)) return;
   DeselectAllBlocks();

@@ -68,6 +68,7 @@ bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
   tmrSliderMoving.Disable();
   tmrCalcEquity.Disable();
   tmrTVError.Disable();
+  StartRangeHistory();
   return true;
 }
 

@@ -10,7 +10,7 @@
 // The handlers are implemented by subsystem, one file each: form1_model.cpp (start-up, shutdown, shared
 // helpers), form1_cook.cpp, form1_equity.cpp, form1_grid.cpp, form1_range_text.cpp, form1_slider.cpp,
 // form1_range_notation.cpp, form1_quick_select.cpp, form1_card_entry.cpp, form1_results.cpp,
-// form1_profiles.cpp, form1_preferences.cpp, form1_window.cpp, form1_tooltips.cpp.
+// form1_profiles.cpp, form1_preferences.cpp, form1_window.cpp, form1_tooltips.cpp, form1_undo.cpp.
 #pragma once
 
 #include <array>
@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "app/model/range_history.h"
 #include "app/model/sel_cards_model.h"
 #include "app/model/window_services.h"
 #include "cards/card.h"
@@ -57,6 +58,8 @@ inline constexpr int kKeyDown = 40;
 inline constexpr int kKeyF3 = 114;
 inline constexpr int kKeyC = 'C';
 inline constexpr int kKeyV = 'V';
+inline constexpr int kKeyY = 'Y';
+inline constexpr int kKeyZ = 'Z';
 
 // The resting background of the command labels (and of cmdCalcEquity between calculations).
 inline constexpr Colour kOptionsBackColour = Rgb(0xD8, 0xE4, 0xF0);
@@ -148,6 +151,9 @@ struct MenuOptions {
   // mnuStandardShowdownRules, "Standard Showdown Rules": equity and the win/tie/lose icons by the standard
   // rules instead of the program's own.
   bool standardShowdownRules = false;
+  // mnuCheckBoxes, "Check Boxes" (in "Display Options"): check boxes on the results tree's category and
+  // group nodes, and "Keep Only Checked" in the tree's pop-up menu.
+  bool checkBoxes = false;
 };
 
 // The hand grid's display and selection state (the layers themselves live in the current profile).
@@ -314,7 +320,62 @@ class Form1Model {
   void mnuAdd2Range_Click();
   void FlashTreeError();
   void tmrTVError_Timer();
+  // "Check Boxes": toggles the tick; every check goes with it.
+  void mnuCheckBoxes_Click();
+  // Whether the node shows a check box: "Check Boxes" ticked, and a category or group node.
+  bool TVNodeCheckable(int node) const;
+  // The user checked or unchecked a node's box (nothing for a node without one).
+  void TV_NodeCheck(int node, bool checked);
+  // "Keep Only Checked": the On layer becomes exactly the holdings under the checked nodes (a checked
+  // category takes its sub-categories' holdings too, and a holding under two checked nodes counts once);
+  // the Seen layer stays. The grid is refreshed as "Add to Range" refreshes it, and the cook runs again.
+  // With nothing checked it says so and changes nothing.
+  void mnuKeepOnlyChecked_Click();
 
+  // ---- undo and redo of the range (form1_undo.cpp) ----
+  // Every change of the On or Seen layer, and every change of the current profile, is a step that Ctrl+Z
+  // takes back and Ctrl+Shift+Z (or Ctrl+Y) makes again, up to kRangeHistoryDepth steps back. Taking a step
+  // back restores both layers record for record, with the range text and the slider of that moment, drops
+  // the selection and runs the grid's refresh chain; a step back over a profile selection selects the
+  // profile that was current before, with its layers as they were. A new change drops the steps that could
+  // be made again. Deleting a profile starts the history anew.
+  // The window's keys: Ctrl+Z undoes, Ctrl+Shift+Z and Ctrl+Y redo; other keys do nothing here.
+  void Form_KeyDown(int keyCode, int shift);
+  // False when there was nothing to take back (or make again).
+  bool UndoRangeChange();
+  bool RedoRangeChange();
+  // The mouse let go of the slider: a drag is one step, the next move starts another.
+  void Slider1_MouseUp(int button, int shift);
+  // No steps, and the range as it is now is where the next change starts from (its range text and slider
+  // place are what a step back to it restores): after start-up and after a profile is deleted.
+  void StartRangeHistory();
+
+  // Opened at the start of every handler that can change a layer or the current profile. When the
+  // outermost one closes and the range is not what it was when it opened, the range as it was becomes an
+  // undo step. A slider move (`sliderMove`) adds to the step of the drag it belongs to.
+  class RangeStep {
+   public:
+    explicit RangeStep(Form1Model& form, bool sliderMove = false);
+    ~RangeStep();
+    RangeStep(const RangeStep&) = delete;
+    RangeStep& operator=(const RangeStep&) = delete;
+
+   private:
+    Form1Model& form_;
+    bool outermost_;
+    bool sliderMove_;
+    std::optional<RangeSnapshot> before_;
+  };
+
+ private:
+  // The range now: the current profile's layers, or the last state with one while none is current. With
+  // `asLastChangeLeftIt`, the range text and slider place are those the last change left while the layers
+  // are still its own (not a percentage typed since but not entered).
+  std::optional<RangeSnapshot> CurrentRangeSnapshot(bool asLastChangeLeftIt) const;
+  // Puts a step's range back and refreshes the grid; false when its profile is no longer there.
+  bool RestoreRangeSnapshot(const RangeSnapshot& snapshot);
+
+ public:
   // ---- profiles (form1_profiles.cpp) ----
   void ProfilePaths(const std::filesystem::path& programFolder);
   // False when the version question was answered No (end the program at once).
@@ -407,6 +468,9 @@ class Form1Model {
   int32_t cookRangeCount = 0;  // holdings taken from the grid
   int32_t cookLiveCount = 0;   // of those, the ones that use no card of My Hand or the Board
   ResultsTree TV;
+  // Which nodes of TV are checked (by flat index), while "Check Boxes" is ticked; every rebuild of the
+  // tree clears them.
+  std::vector<bool> tvChecked;
   int tvMousePointer = 0;  // 0 default, 99 the custom "error" pointer
   std::string exportText;
 
@@ -419,6 +483,8 @@ class Form1Model {
   bool selCardsAutoCook = false;  // application-wide "Auto: Cook on OK"
 
   WindowGeometry geometry;
+
+  RangeHistory rangeHistory;
 
   std::filesystem::path profilePath;
   std::filesystem::path preferencesPath;

@@ -11,6 +11,7 @@ enum class Layers { On, Seen, Both };
 // deselected first: the group joins what the On layer already holds.
 template <typename Group>
 void AddGroup(Form1Model& form, Group inGroup) {
+  const Form1Model::RangeStep rangeStep(form);
   PlayerProfile* profile = form.currentProfile();
   if (profile == nullptr) return;
   const auto& classes = HandClasses();
@@ -25,6 +26,7 @@ void AddGroup(Form1Model& form, Group inGroup) {
 }
 
 void ClearLayers(Form1Model& form, Layers layers) {
+  const Form1Model::RangeStep rangeStep(form);
   PlayerProfile* profile = form.currentProfile();
   if (profile == nullptr) return;
   // Only the count: every reader tests it first, so the stale flags and list do no harm.

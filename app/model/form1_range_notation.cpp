@@ -11,11 +11,13 @@ void Form1Model::txtNotation_Change() {
 }
 
 void Form1Model::txtNotation_KeyDown(int keyCode) {
+  const RangeStep rangeStep(*this);
   if (keyCode == kKeyEnter) ApplyRangeNotation();
 }
 
 void Form1Model::PFHand_KeyDown(int keyCode, int shift) {
   if (shift != kCtrlMask) return;
+  const RangeStep rangeStep(*this);
   if (keyCode == kKeyC) {
     const PlayerProfile* profile = currentProfile();
     services.SetClipboardText(profile ? PrintRangeNotation(HoldingsOfLayer(profile->rangeLayer)) : "");
@@ -34,6 +36,7 @@ void Form1Model::WriteRangeNotation() {
 }
 
 bool Form1Model::ApplyRangeNotation() {
+  const RangeStep rangeStep(*this);
   const ParsedRange parsed = ParseRangeNotation(txtNotation.text);
   if (!parsed.ok()) {
     txtNotation.foreColour = kRejectedTextColour;

@@ -9,6 +9,7 @@
 namespace quillet {
 
 void Form1Model::txtRange_KeyUp(int keyCode) {
+  const RangeStep rangeStep(*this);
   // Input stays red until Enter accepts it.
   const std::optional<PreflopStep> step = keyCode == kKeyEnter ? TopOfOrderStep(txtRange.text) : std::nullopt;
   if (!step) {

@@ -1,8 +1,10 @@
 // The results tree after a cook, the export text and its copy to the clipboard, and the tree's actions:
-// the pop-up menu, "Add to Range", the tree's error signal and the F3 card search.
+// the pop-up menu, "Add to Range", the tree's error signal and the F3 card search; the check boxes of
+// "Check Boxes" and "Keep Only Checked".
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
+#include "range/holding_set.h"
 #include "results/build_results_tree.h"
 #include "results/tree_actions.h"
 
@@ -11,6 +13,9 @@ namespace {
 
 constexpr int kDefaultPointer = 0;
 constexpr int kErrorPointer = 99;
+
+constexpr std::string_view kNothingChecked =
+    "Nothing is checked. Check the categories or groups to keep, then choose Keep Only Checked again.";
 
 // Switches one holding on in the On layer: the suit pair of its two suits in its class's record, the
 // card of the record's first rank first.
@@ -69,6 +74,7 @@ void Form1Model::BuildResultsTree() {
   ResultsBuild built = quillet::BuildResultsTree(categories, resultsOptions, cards, showMessage);
   TV = std::move(built.tree);
   exportText = std::move(built.exportText);
+  tvChecked.assign(TV.nodes.size(), false);  // checks belong to the nodes of one build
 }
 
 void Form1Model::mnuCopyToClipboard_Click() {
@@ -90,6 +96,7 @@ void Form1Model::mnuAdd2Range_Click() {
   if (TV.empty() || profile == nullptr) return;
   const std::vector<int> run = AddToRangeNodeRun(TV);
   if (run.empty()) return;  // no node selected
+  const RangeStep rangeStep(*this);
 
   // The command replaces the range: the On layer is emptied first, the Seen layer stays.
   DeselectAllBlocks();
@@ -108,6 +115,41 @@ void Form1Model::mnuAdd2Range_Click() {
   SetBlockColours();
   RefreshSuitMatrix(true);
   WriteRangePercent();
+}
+
+void Form1Model::mnuCheckBoxes_Click() {
+  ToggleMenuCheck(options.checkBoxes);
+  tvChecked.assign(TV.nodes.size(), false);
+}
+
+bool Form1Model::TVNodeCheckable(int node) const {
+  return options.checkBoxes && IsCheckableNode(TV, node);
+}
+
+void Form1Model::TV_NodeCheck(int node, bool checked) {
+  if (!TVNodeCheckable(node)) return;
+  tvChecked.resize(TV.nodes.size(), false);
+  tvChecked[static_cast<std::size_t>(node)] = checked;
+}
+
+void Form1Model::mnuKeepOnlyChecked_Click() {
+  PlayerProfile* profile = currentProfile();
+  if (!options.checkBoxes || TV.empty() || profile == nullptr) return;
+  std::vector<int> checked;
+  for (std::size_t i = 0; i < tvChecked.size() && i < TV.nodes.size(); ++i) {
+    if (tvChecked[i] && TVNodeCheckable(static_cast<int>(i))) checked.push_back(static_cast<int>(i));
+  }
+  if (checked.empty()) {
+    services.MsgBox(kNothingChecked);
+    return;
+  }
+  const RangeStep rangeStep(*this);
+  PutHoldingsInLayer(HoldingsUnderNodes(TV, categories, checked), profile->rangeLayer);
+  DeselectAllBlocks();
+  SetBlockColours();
+  RefreshSuitMatrix(true);
+  WriteRangePercent();
+  cmdCheckPossibleHands_Click();
 }
 
 void Form1Model::FlashTreeError() {

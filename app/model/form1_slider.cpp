@@ -18,6 +18,7 @@ int SliderEntry(const SliderState& slider) {
 
 void Form1Model::Slider1_MouseMove(int button) {
   if (button != kLeftButton) return;  // only while dragging
+  const RangeStep rangeStep(*this, true);
   SetRangeText(PercentText(PreflopOrder()[SliderEntry(Slider1)].percent));
   ApplySliderRange();
 }
@@ -28,6 +29,7 @@ void Form1Model::Slider1_KeyDown() {
 
 void Form1Model::Slider1_KeyUp() {
   tmrSliderMoving.Disable();
+  rangeHistory.sliderStepOpen = false;  // the key's moves were one step
 }
 
 void Form1Model::tmrSliderMoving_Timer() {
@@ -35,6 +37,7 @@ void Form1Model::tmrSliderMoving_Timer() {
 }
 
 void Form1Model::ApplySliderRange() {
+  const RangeStep rangeStep(*this);
   PlayerProfile* profile = currentProfile();
   if (profile == nullptr) return;
   grid.selectedSeen.fill(false);

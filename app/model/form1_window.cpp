@@ -25,6 +25,7 @@ std::string Trim(const std::string& text) {
 }  // namespace
 
 bool Form1Model::SelectProfileByName() {
+  const RangeStep rangeStep(*this);
   LabelState& save = label(CommandLabel::lblSave);
   LabelState& remove = label(CommandLabel::lblDelete);
   const std::string& name = cmbPlayer.text;
@@ -55,6 +56,7 @@ bool Form1Model::SelectProfileByName() {
 }
 
 void Form1Model::cmbPlayer_Click() {
+  const RangeStep rangeStep(*this);
   DeselectAllBlocks();
   if (!SelectProfileByName()) {
     cmbPlayer.listIndex = -1;
@@ -63,6 +65,7 @@ void Form1Model::cmbPlayer_Click() {
 }
 
 void Form1Model::cmbPlayer_KeyUp(int keyCode) {
+  const RangeStep rangeStep(*this);
   const bool exists = SelectProfileByName();
   cmbPlayer.foreColour = exists ? kWindowTextColour : kRejectedTextColour;
   if (keyCode == kKeyEnter && label(CommandLabel::lblSave).visible) lblSave_Click();
@@ -71,6 +74,7 @@ void Form1Model::cmbPlayer_KeyUp(int keyCode) {
 void Form1Model::lblSave_Click() {
   const std::string name = Trim(cmbPlayer.text);
   if (name.empty() || Utf8Length(name) > kLongestProfileName) return;
+  const RangeStep rangeStep(*this);
   DeselectAllBlocks();
   // Trimming can turn a new name into an existing one: that profile is selected rather than doubled.
   const int existing = FindProfileByName(profiles, name);
@@ -85,6 +89,8 @@ void Form1Model::lblDelete_Click() {
   DeselectAllBlocks();
   currentProfileIndex = FirstProfileIndex();
   ShowCurrentProfile();
+  // The steps may name the deleted profile; a deletion cannot be taken back, so the history starts anew.
+  StartRangeHistory();
 }
 
 void Form1Model::lblOptions_Click() {

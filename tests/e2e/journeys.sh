@@ -795,6 +795,58 @@ journey_range_hand() {
   close_quillet
   expect_equal "the option in the preferences" "$(pref mnuStandardShowdownRules)" "True"
   expect_equal "My Hand kept as typed" "$(pref txtMyHand)" "QQ+, AKx"
+
+# expect_grid_notation TEXT: Ctrl+C with the pointer over the grid puts exactly TEXT on the clipboard.
+clipboard_is() { [ "$(clipboard)" = "$1" ]; }
+# (The pointer comes from the next block: a move with --sync to where it already is would wait for ever.)
+grid_ctrl_c() {
+  xclip -selection clipboard -i /dev/null
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$MAIN" --sync $(block_xy 6 5)
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$MAIN" --sync $(block_xy 6 6)
+  xdotool key ctrl+c
+}
+expect_grid_notation() {
+  grid_ctrl_c
+  poll "the grid's notation to be \"$1\"" clipboard_is "$1"
+  log "ok: the range is $1"
+}
+
+journey_undo() {
+  first_start
+  aces_kings_queens
+  expect_grid_notation "QQ+"
+  # A click on the grid leaves the focus in the Board box, which has nothing of its own to undo: the keys
+  # are the window's.
+  xdotool key ctrl+z
+  expect_grid_notation "KK+"
+  xdotool key ctrl+z
+  expect_grid_notation "AA"
+  step_shot undone
+  xdotool key ctrl+shift+z
+  expect_grid_notation "KK+"
+  xdotool key ctrl+y
+  expect_grid_notation "QQ+"
+  # A drag of the slider is one step, however far it goes.
+  local y=$SLIDER_Y
+  xdotool mousemove --window "$MAIN" --sync 90 "$y" mousedown 1
+  xdotool mousemove --window "$MAIN" --sync 150 "$y"
+  xdotool mousemove --window "$MAIN" --sync 210 "$y" mouseup 1
+  step_shot dragged
+  local dragged
+  grid_ctrl_c
+  poll "the grid's notation after the drag" clipboard_has "+"
+  dragged=$(clipboard)
+  [ "$dragged" != "QQ+" ] || fail "the drag changed nothing"
+  xdotool key ctrl+z
+  expect_grid_notation "QQ+"
+  xdotool key ctrl+shift+z
+  expect_grid_notation "$dragged"
+  xdotool key ctrl+z
+  expect_grid_notation "QQ+"
+  close_quillet
+  expect_equal "the On layer saved after the steps back" "$(layer Generic On | tr '\n' ' ')" "AA KK QQ "
 }
 
 journey_bad_board() {
@@ -817,7 +869,7 @@ journey_bad_board() {
 
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
-    notation | range_hand)
+    notation | range_hand | undo)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end

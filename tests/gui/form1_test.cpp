@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QHelpEvent>
 #include <QSignalSpy>
+#include <QStyleOptionViewItem>
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
@@ -19,6 +20,9 @@
 #include "app/model/form1_model.h"
 #include "cards/hand_class.h"
 #include "categorise/categories.h"
+#include "range/holding_set.h"
+#include "results/tree_actions.h"
+#include "tests/storage/temp_folder.h"
 #include "tests/support/window_session.h"
 
 namespace quillet::gui {
@@ -100,6 +104,7 @@ class Form1Test : public QObject {
   void helpAndVisitWebsiteOpenTheTwoPages();
   void ctrlCInAMessageBoxCopiesItsText();
   void toolTipsNameTheBlocksCellsLabelsReadOutsAndCategories();
+  void checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow();
 };
 
 void Form1Test::aLeftClickAShiftClickAndARightClickChangeTheBlockColoursAndTheRangeText() {
@@ -613,6 +618,112 @@ void Form1Test::toolTipsNameTheBlocksCellsLabelsReadOutsAndCategories() {
   QVERIFY(topPair->text(0).startsWith(QStringLiteral("T pair")));
   QCOMPARE(topPair->toolTip(0), QStringLiteral("<p>Top pair: a pair with the highest board rank.</p>"));
   QCOMPARE(topPair->child(0)->toolTip(0), QString());  // a holding's caption says all
+}
+
+// The node's check box, where the tree's style draws it.
+QPoint CheckBoxOf(QTreeWidget* tree, QTreeWidgetItem* item) {
+  QStyleOptionViewItem option;
+  option.initFrom(tree->viewport());
+  option.rect = tree->visualItemRect(item);
+  option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+  option.text = item->text(0);
+  option.font = tree->font();
+  option.fontMetrics = QFontMetrics(tree->font());
+  return tree->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, tree).center();
+}
+
+QTreeWidgetItem* TopLevelStartingWith(QTreeWidget* tree, const QString& text) {
+  for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+    if (tree->topLevelItem(i)->text(0).startsWith(text)) return tree->topLevelItem(i);
+  }
+  return nullptr;
+}
+
+void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QLineEdit* range = form.txtRange();
+  Click(range, Qt::LeftButton);
+  TypeInto(range, QStringLiteral("20"));
+  PressKey(range, Qt::Key_Return);
+  TypeInto(form.txtMyHand(), QStringLiteral("AhKd"));
+  TypeInto(form.txtBoard(), QStringLiteral("Tc8h3s"));
+  PressKey(form.txtBoard(), Qt::Key_Return);
+  QTreeWidget* tree = form.TV();
+  QTreeWidgetItem* onePair = TopLevelStartingWith(tree, QStringLiteral("One pair ("));
+  QTreeWidgetItem* draws = TopLevelStartingWith(tree, QStringLiteral("Gutshot and backdoor draws ("));
+  QVERIFY(onePair != nullptr && draws != nullptr);
+  QVERIFY(!onePair->data(0, Qt::CheckStateRole).isValid());  // no boxes while the option is unticked
+
+  form.menuAction("mnuCheckBoxes")->trigger();
+  QVERIFY(form.menuAction("mnuCheckBoxes")->isChecked());
+  QCOMPARE(form.menuAction("mnuCheckBoxes")->text(), QStringLiteral("Check Boxes"));
+  tree->expandAll();
+  // Categories and groups carry a box, holdings do not.
+  QCOMPARE(onePair->checkState(0), Qt::Unchecked);
+  QTreeWidgetItem* group = onePair->child(0)->child(0);
+  QVERIFY(group->childCount() > 0);
+  QVERIFY(group->data(0, Qt::CheckStateRole).isValid());
+  QVERIFY(!group->child(0)->data(0, Qt::CheckStateRole).isValid());
+
+  const RangeLayer before = s.model.currentProfile()->rangeLayer;
+  const QString notationBefore = form.txtNotation()->text();
+  tree->collapseAll();
+  Click(tree->viewport(), Qt::LeftButton, Qt::NoModifier, CheckBoxOf(tree, onePair));
+  Click(tree->viewport(), Qt::LeftButton, Qt::NoModifier, CheckBoxOf(tree, draws));
+  QCOMPARE(onePair->checkState(0), Qt::Checked);
+  QCOMPARE(draws->checkState(0), Qt::Checked);
+  const int pairNode = onePair->data(0, Qt::UserRole).toInt();
+  const int drawNode = draws->data(0, Qt::UserRole).toInt();
+  QVERIFY(s.model.tvChecked[pairNode] && s.model.tvChecked[drawNode]);
+  const HoldingSet wanted =
+      HoldingsUnderNodes(s.model.TV, s.model.categories, std::vector<int>{pairNode, drawNode});
+
+  RightClickItem(tree, onePair);
+  QTRY_VERIFY(form.mnuTV()->isVisible());
+  QStringList titles;
+  for (QAction* action : form.mnuTV()->actions()) titles << action->text();
+  QCOMPARE(titles, (QStringList{"Add to Range", "Keep Only Checked", "Copy Results to Clipboard"}));
+  form.mnuTV()->hide();
+  form.menuAction("mnuKeepOnlyChecked")->trigger();
+  QVERIFY(s.services.messages.empty());
+  QCOMPARE(HoldingsOfLayer(s.model.currentProfile()->rangeLayer), wanted);
+  QCOMPARE(form.lblCheckPossibleHands()->text().section('\n', 0, 0),
+           QStringLiteral("%1 Hands in Opponent's Range").arg(wanted.size()));
+  QVERIFY(form.txtNotation()->text() != notationBefore);
+  // The rebuilt tree starts unchecked.
+  QCOMPARE(TopLevelStartingWith(tree, QStringLiteral("One pair ("))->checkState(0), Qt::Unchecked);
+
+  // Ctrl+Z on the window takes the whole step back; Ctrl+Shift+Z makes it again.
+  tree->setFocus();
+  PressKey(tree, Qt::Key_Z, Qt::ControlModifier);
+  QVERIFY(s.model.currentProfile()->rangeLayer == before);
+  QCOMPARE(form.txtNotation()->text(), notationBefore);
+  PressKey(tree, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  QCOMPARE(HoldingsOfLayer(s.model.currentProfile()->rangeLayer), wanted);
+
+  // A click on the grid hands the focus to the Board box; with no edit of its own to undo, the box leaves
+  // Ctrl+Z to the window.
+  const RangeLayer narrowed = s.model.currentProfile()->rangeLayer;
+  ClickBlock(form, "72", Qt::LeftButton);
+  QVERIFY(form.txtBoard()->hasFocus());
+  QVERIFY(s.model.currentProfile()->rangeLayer != narrowed);
+  PressKey(form.txtBoard(), Qt::Key_Z, Qt::ControlModifier);
+  QVERIFY(s.model.currentProfile()->rangeLayer == narrowed);
+  QCOMPARE(form.txtBoard()->toPlainText(), QStringLiteral("Tc8h3s"));
+
+  // A text box with an edit of its own keeps Ctrl+Z for it: the range stays.
+  Click(range, Qt::LeftButton);
+  TypeInto(range, QStringLiteral("5"));
+  const QString typed = range->text();
+  PressKey(range, Qt::Key_Z, Qt::ControlModifier);
+  QVERIFY(range->text() != typed);
+  QCOMPARE(HoldingsOfLayer(s.model.currentProfile()->rangeLayer), wanted);
+  // Unticked, the boxes and the menu item go.
+  form.menuAction("mnuCheckBoxes")->trigger();
+  QVERIFY(!TopLevelStartingWith(tree, QStringLiteral("One pair ("))->data(0, Qt::CheckStateRole).isValid());
+  QVERIFY(!form.mnuTV()->actions().contains(form.menuAction("mnuKeepOnlyChecked")));
 }
 
 }  // namespace quillet::gui

@@ -71,6 +71,96 @@ TEST(AddToRangeNodeRun, TakesAsManyNodesAfterTheSelectedOneAsItHasDirectChildren
   EXPECT_EQ(AddToRangeNodeRun(tree), (std::vector<int>{2, 3, 4}));
 }
 
+TEST(IsCheckableNode, TakesCategoryAndGroupNodesButNoHoldingsOwnNode) {
+  const ResultsTree tree = TreeWithGroups();
+  ASSERT_EQ(tree.nodes.size(), 9u);
+  std::vector<int> checkable;
+  for (int i = 0; i < 9; ++i) {
+    if (IsCheckableNode(tree, i)) checkable.push_back(i);
+  }
+  // "High cards", "A high", the AKs group and the AQ group; not the holdings, not the single line "  Ah Jh".
+  EXPECT_EQ(checkable, (std::vector<int>{0, 1, 2, 5}));
+  EXPECT_FALSE(IsCheckableNode(tree, -1));
+  EXPECT_FALSE(IsCheckableNode(tree, 9));
+}
+
+TEST(IsCheckableNode, InAPlainListingOnlyTheCategoriesAreCheckable) {
+  ResultsTable table;
+  table.Add(kEntryAceHigh, {"AcKc", "AdKd"}).Finish(2);
+  const ResultsTree tree =
+      BuildResultsTree(table.categories, testing::Options(true, false), ResultsCards{}, nullptr).tree;
+  ASSERT_EQ(tree.nodes.size(), 4u);  // High cards, A high, two holdings
+  EXPECT_TRUE(IsCheckableNode(tree, 0));
+  EXPECT_TRUE(IsCheckableNode(tree, 1));
+  EXPECT_FALSE(IsCheckableNode(tree, 2));
+  EXPECT_FALSE(IsCheckableNode(tree, 3));
+}
+
+TEST(IsCheckableNode, ASpacerLineTakesNoBox) {
+  ResultsTable table;
+  table.Add(kEntryTopPair, {"KcQd"}).Add(kEntryTwoPair, {"Kc4c"}).Finish(2);
+  const ResultsTree tree =
+      BuildResultsTree(table.categories, testing::Options(true, true), ResultsCards{}, nullptr).tree;
+  const int spacer = tree.find("14k");  // the blank line between "One pair" and "Two pair"
+  ASSERT_GE(spacer, 0);
+  ASSERT_EQ(tree.nodes[spacer].text, "");
+  EXPECT_FALSE(IsCheckableNode(tree, spacer));
+  EXPECT_TRUE(IsCheckableNode(tree, tree.find("15k")));
+}
+
+HoldingSet Set(std::initializer_list<const char*> holdings) {
+  HoldingSet set;
+  for (const char* h : holdings) {
+    const HandCombo combo = testing::Holding(h);
+    set.insert(combo.card1(), combo.card2());
+  }
+  return set;
+}
+
+TEST(HoldingsUnderNodes, AGroupGivesItsClassInItsCategory) {
+  ResultsTable table;
+  table.Add(kEntryAceHigh, {"AcKc", "AdKd", "AcQd", "AdQc", "AhJh"}).Finish(5);
+  const ResultsTree tree = TreeWithGroups();
+  EXPECT_EQ(HoldingsUnderNodes(tree, table.categories, std::vector<int>{2}), Set({"AcKc", "AdKd"}));
+  EXPECT_EQ(HoldingsUnderNodes(tree, table.categories, std::vector<int>{5}), Set({"AcQd", "AdQc"}));
+}
+
+TEST(HoldingsUnderNodes, ACategoryGivesItsOwnHoldingsAndItsSubCategoriesAndAHoldingCountsOnce) {
+  ResultsTable table;
+  table.Add(kEntryOnePair, {"9c9d"})
+      .Add(kEntryTopPair, {"KcQd", "KdQc"})
+      .Add(kEntryBottomPair, {"4c5c"})
+      .Add(kEntryTwoPair, {"Kc4c"})
+      .Add(kEntryGutshotWithPair, {"KcQd"})
+      .Add(kEntryBackdoorFlush, {"2h3h"})
+      .Finish(7);
+  const ResultsTree tree =
+      BuildResultsTree(table.categories, testing::Options(true, true), ResultsCards{}, nullptr).tree;
+  const int onePair = tree.find("6k");
+  const int topPair = tree.find("8k");
+  const int draws = tree.find("29k");
+  ASSERT_GE(onePair, 0);
+  ASSERT_GE(topPair, 0);
+  ASSERT_GE(draws, 0);
+  // "One pair" stops before the spacer and "Two pair" that follow it.
+  EXPECT_EQ(HoldingsUnderNodes(tree, table.categories, std::vector<int>{onePair}),
+            Set({"9c9d", "KcQd", "KdQc", "4c5c"}));
+  const HoldingSet both = HoldingsUnderNodes(tree, table.categories, std::vector<int>{onePair, draws});
+  EXPECT_EQ(both, Set({"9c9d", "KcQd", "KdQc", "4c5c", "2h3h"}));
+  EXPECT_EQ(both.size(), 5);  // KcQd stands in both, counted once
+  // A node inside another checked one adds nothing new.
+  EXPECT_EQ(HoldingsUnderNodes(tree, table.categories, std::vector<int>{topPair, onePair}),
+            HoldingsUnderNodes(tree, table.categories, std::vector<int>{onePair}));
+}
+
+TEST(HoldingsUnderNodes, HoldingsNodesAndNodesOutsideTheTreeAddNothing) {
+  ResultsTable table;
+  table.Add(kEntryAceHigh, {"AcKc", "AdKd", "AcQd", "AdQc", "AhJh"}).Finish(5);
+  const ResultsTree tree = TreeWithGroups();
+  EXPECT_TRUE(HoldingsUnderNodes(tree, table.categories, std::vector<int>{3, 8, -1, 40}).empty());
+  EXPECT_TRUE(HoldingsUnderNodes(tree, table.categories, std::vector<int>{}).empty());
+}
+
 TEST(CardSearchMessage, WantsExactlyTwoCharactersAfterTrimming) {
   Categories categories;
   InitCategories(categories);
