@@ -58,16 +58,34 @@ struct Tally {
   int64_t oppWins = 0;
 };
 
+// Per key-path holding, parallel to FastHoldings: the showdowns counted for it alone.
+struct HoldingTallies {
+  std::vector<int32_t> live;
+  std::vector<int32_t> myWins;
+  std::vector<int32_t> oppWins;
+
+  void Resize(std::size_t count) {
+    live.assign(count, 0);
+    myWins.assign(count, 0);
+    oppWins.assign(count, 0);
+  }
+};
+
 // One completion against every key-path holding. Holdings that use a card of the completion are left
-// out without a branch; `rankKeys` is the completion's table of rank-part keys by hole ranks.
-template <bool kBoardHasFlushSuit>
+// out without a branch; `rankKeys` is the completion's table of rank-part keys by hole ranks. With
+// kByHolding each holding's showdown goes to its own entry of `byHolding`, else to `tally`.
+template <bool kBoardHasFlushSuit, bool kByHolding>
 void CountCompletion(const FastHoldings& holdings, const ShowdownKey* rankKeys, ShowdownKey myKey,
-                     uint64_t comingBits, int32_t flushSuit, uint32_t boardSuitRanks, Tally& tally) {
+                     uint64_t comingBits, int32_t flushSuit, uint32_t boardSuitRanks, Tally& tally,
+                     HoldingTallies* byHolding) {
   const std::size_t count = holdings.size();
   const uint64_t* cardBits = holdings.cardBits.data();
   const uint16_t* rankPair = holdings.rankPair.data();
   const uint16_t* suitRanks = kBoardHasFlushSuit ? holdings.suitRanks[flushSuit].data() : nullptr;
   const uint16_t* flushField = kBoardHasFlushSuit ? holdings.flushRankField[flushSuit].data() : nullptr;
+  int32_t* holdingLive = kByHolding ? byHolding->live.data() : nullptr;
+  int32_t* holdingMyWins = kByHolding ? byHolding->myWins.data() : nullptr;
+  int32_t* holdingOppWins = kByHolding ? byHolding->oppWins.data() : nullptr;
   int32_t live = 0;
   int32_t myWins = 0;
   int32_t oppWins = 0;
@@ -80,9 +98,15 @@ void CountCompletion(const FastHoldings& holdings, const ShowdownKey* rankKeys, 
       key = std::max(key, flushKey);
     }
     const int32_t isLive = (cardBits[i] & comingBits) == 0;
-    live += isLive;
-    myWins += isLive & static_cast<int32_t>(myKey > key);
-    oppWins += isLive & static_cast<int32_t>(myKey < key);
+    if constexpr (kByHolding) {
+      holdingLive[i] += isLive;
+      holdingMyWins[i] += isLive & static_cast<int32_t>(myKey > key);
+      holdingOppWins[i] += isLive & static_cast<int32_t>(myKey < key);
+    } else {
+      live += isLive;
+      myWins += isLive & static_cast<int32_t>(myKey > key);
+      oppWins += isLive & static_cast<int32_t>(myKey < key);
+    }
   }
   tally.live += live;
   tally.myWins += myWins;
@@ -159,17 +183,18 @@ bool KnownCardsAreDistinct(const HandCards& myHand, const BoardCards& board, int
   return true;
 }
 
-}  // namespace
-
-ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
-                              std::span<const HandCombo> combos, ShowdownPath path) {
-  ShowdownCounts counts;
-  if (street != kFlop && street != kTurn) return counts;
+// Every showdown of the flop or the turn, counted in `tally`, or with kByHolding per holding into
+// `byHolding` (one entry per entry of `combos`, zero for those that take no part).
+template <bool kByHolding>
+void Enumerate(const HandCards& myHand, const BoardCards& board, int32_t street,
+               std::span<const HandCombo> combos, ShowdownPath path, Tally& tally,
+               std::span<ShowdownCounts> byHolding) {
+  if (street != kFlop && street != kTurn) return;
   const int known = BoardCardCount(street);
   const int comingCount = 5 - known;
-  if (!IsDeckCard(myHand.card1()) || !IsDeckCard(myHand.card2())) return counts;
+  if (!IsDeckCard(myHand.card1()) || !IsDeckCard(myHand.card2())) return;
   for (int i = 0; i < known; ++i) {
-    if (!IsDeckCard(board[i])) return counts;
+    if (!IsDeckCard(board[i])) return;
   }
 
   // A My Hand or board with a card given twice is left to the reference comparator, as is any holding
@@ -178,14 +203,22 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   FastHoldings fast;
   if (keyPath) fast.Reserve(combos.size());
   std::vector<HandCombo> reference;
-  for (const HandCombo& combo : combos) {
+  // Per holding: where each key-path and reference holding stands in `combos`.
+  std::vector<uint32_t> fastOrigin;
+  std::vector<uint32_t> referenceOrigin;
+  for (std::size_t k = 0; k < combos.size(); ++k) {
+    const HandCombo& combo = combos[k];
     if (!combo.flag || !IsDeckCard(combo.card1()) || !IsDeckCard(combo.card2())) continue;
     if (keyPath && IsCleanHolding(combo, myHand, board, known)) {
       fast.Add(combo);
+      if constexpr (kByHolding) fastOrigin.push_back(static_cast<uint32_t>(k));
     } else {
       reference.push_back(combo);
+      if constexpr (kByHolding) referenceOrigin.push_back(static_cast<uint32_t>(k));
     }
   }
+  HoldingTallies fastTallies;
+  if constexpr (kByHolding) fastTallies.Resize(fast.size());
 
   std::array<int, 4> knownSuitCounts{};
   std::array<uint32_t, 4> knownSuitRanks{};
@@ -201,7 +234,6 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
     mySuitRanks[myHand.suit2] |= RankMaskBit(myHand.rank2);
   }
 
-  Tally tally;
   const RemainingCardList remaining = RemainingCards(myHand, board, street);
   std::array<Card, 2> coming{};
 
@@ -224,9 +256,10 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
       if (flushSuit >= 0) {
         const uint32_t mine = mySuitRanks[flushSuit];
         myKey = std::max(myKey, FlushPartKey(suitRanks[flushSuit] | mine, mine));
-        CountCompletion<true>(fast, keys, myKey, comingBits, flushSuit, suitRanks[flushSuit], tally);
+        CountCompletion<true, kByHolding>(fast, keys, myKey, comingBits, flushSuit, suitRanks[flushSuit],
+                                          tally, &fastTallies);
       } else {
-        CountCompletion<false>(fast, keys, myKey, comingBits, -1, 0, tally);
+        CountCompletion<false, kByHolding>(fast, keys, myKey, comingBits, -1, 0, tally, &fastTallies);
       }
     }
     if (!reference.empty()) {
@@ -234,14 +267,23 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
       for (int i = 0; i < known; ++i) cards[i] = board[i];
       for (int i = 0; i < comingCount; ++i) cards[known + i] = coming[i];
       const BoardRecord record = MakeBoardRecord(cards);
-      for (const HandCombo& combo : reference) {
+      for (std::size_t r = 0; r < reference.size(); ++r) {
+        const HandCombo& combo = reference[r];
         bool uses = false;
         for (int i = 0; i < comingCount; ++i) uses = uses || SharesCard(combo, coming[i]);
         if (uses) continue;
         const ShowdownResult result = CompareShowdown(myHand, combo, record, kRiver);
-        ++tally.live;
-        tally.myWins += result.myWin ? 1 : 0;
-        tally.oppWins += result.oppWin ? 1 : 0;
+        if constexpr (kByHolding) {
+          ShowdownCounts& counts = byHolding[referenceOrigin[r]];
+          ++counts.total;
+          counts.myWins += result.myWin ? 1 : 0;
+          counts.oppWins += result.oppWin ? 1 : 0;
+          counts.ties += result.myWin || result.oppWin ? 0 : 1;
+        } else {
+          ++tally.live;
+          tally.myWins += result.myWin ? 1 : 0;
+          tally.oppWins += result.oppWin ? 1 : 0;
+        }
       }
     }
   };
@@ -260,11 +302,38 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
     }
   }
 
+  if constexpr (kByHolding) {
+    for (std::size_t i = 0; i < fast.size(); ++i) {
+      ShowdownCounts& counts = byHolding[fastOrigin[i]];
+      counts.total = fastTallies.live[i];
+      counts.myWins = fastTallies.myWins[i];
+      counts.oppWins = fastTallies.oppWins[i];
+      counts.ties = counts.total - counts.myWins - counts.oppWins;
+    }
+  }
+}
+
+}  // namespace
+
+ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
+                              std::span<const HandCombo> combos, ShowdownPath path) {
+  Tally tally;
+  Enumerate<false>(myHand, board, street, combos, path, tally, {});
+  ShowdownCounts counts;
   counts.total = tally.live;
   counts.myWins = tally.myWins;
   counts.oppWins = tally.oppWins;
   counts.ties = tally.live - tally.myWins - tally.oppWins;
   return counts;
+}
+
+void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+                             std::span<const HandCombo> combos, std::span<ShowdownCounts> counts,
+                             ShowdownPath path) {
+  std::fill(counts.begin(), counts.end(), ShowdownCounts{});
+  if (counts.size() < combos.size()) return;
+  Tally unused;
+  Enumerate<true>(myHand, board, street, combos, path, unused, counts);
 }
 
 namespace {

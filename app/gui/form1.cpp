@@ -228,6 +228,8 @@ void Form1::BuildMenus() {
        &Form1Model::mnuSimplifyFurther_Click);
   tick(display, "mnuHideEmptyCats", "Hide Empty Categories", &MenuOptions::hideEmptyCats,
        &Form1Model::mnuHideEmptyCats_Click);
+  tick(display, "mnuEquityPerCategory", "Equity per Category", &MenuOptions::equityPerCategory,
+       &Form1Model::mnuEquityPerCategory_Click);
   QMenu* appearance = optionsMenu_->addMenu(QStringLiteral("Appearance"));
   appearance->setObjectName(QStringLiteral("mnuAppearance"));
   tick(appearance, "mnuCategoryIcons", "Category Icons", &MenuOptions::categoryIcons,

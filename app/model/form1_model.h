@@ -147,6 +147,9 @@ struct MenuOptions {
   // mnuStandardShowdownRules, "Standard Showdown Rules": equity and the win/tie/lose icons by the standard
   // rules instead of the program's own.
   bool standardShowdownRules = false;
+  // mnuEquityPerCategory, "Equity per Category": every category and group node of the results tree ends
+  // with My Hand's equity against the holdings under it.
+  bool equityPerCategory = false;
 };
 
 // The hand grid's display and selection state (the layers themselves live in the current profile).
@@ -324,6 +327,7 @@ class Form1Model {
   void mnuSimplifyOutput_Click();
   void mnuSimplifyFurther_Click();
   void mnuHideEmptyCats_Click();
+  void mnuEquityPerCategory_Click();
   void mnuCategoryIcons_Click();
   void mnuWinLoseIcons_Click();
 

@@ -34,6 +34,7 @@ constexpr MenuKey kMenuKeys[] = {
 // first-start value, so that the file of a user who never changes them stays as it always was.
 constexpr MenuKey kLaterMenuKeys[] = {
     {"mnuStandardShowdownRules", &MenuOptions::standardShowdownRules},
+    {"mnuEquityPerCategory", &MenuOptions::equityPerCategory},
 };
 
 void SetBoxText(RichTextState& box, const std::string& text) {

@@ -48,9 +48,10 @@ void Form1Model::BuildResultsTree() {
   resultsOptions.simplifyFurther = options.simplifyFurther;
   resultsOptions.showdownRules =
       options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  resultsOptions.categoryEquity = options.equityPerCategory;
 
   ResultsCards cards;
-  if (options.winLoseIcons) {
+  if (options.winLoseIcons || options.equityPerCategory) {
     HandCards hand{};
     BoardCards board{};
     int32_t street = kNoBoard;
