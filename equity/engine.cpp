@@ -58,18 +58,14 @@ struct Tally {
   int64_t oppWins = 0;
 };
 
-// Per key-path holding, parallel to FastHoldings: the showdowns counted for it alone.
+// Per key-path holding, parallel to FastHoldings: My Hand's wins against it in the low 16 bits and its
+// wins in the high 16 bits (a holding meets at most 990 completions). Its showdowns need no count: a
+// key-path holding shares no card with My Hand or the board, so it meets every completion that leaves
+// out its two cards.
 struct HoldingTallies {
-  std::vector<int32_t> live;
-  std::vector<int32_t> myWins;
-  std::vector<int32_t> oppWins;
-
-  void Resize(std::size_t count) {
-    live.assign(count, 0);
-    myWins.assign(count, 0);
-    oppWins.assign(count, 0);
-  }
+  std::vector<uint32_t> wins;
 };
+constexpr int kOppWinShift = 16;
 
 // One completion against every key-path holding. Holdings that use a card of the completion are left
 // out without a branch; `rankKeys` is the completion's table of rank-part keys by hole ranks. With
@@ -83,9 +79,7 @@ void CountCompletion(const FastHoldings& holdings, const ShowdownKey* rankKeys, 
   const uint16_t* rankPair = holdings.rankPair.data();
   const uint16_t* suitRanks = kBoardHasFlushSuit ? holdings.suitRanks[flushSuit].data() : nullptr;
   const uint16_t* flushField = kBoardHasFlushSuit ? holdings.flushRankField[flushSuit].data() : nullptr;
-  int32_t* holdingLive = kByHolding ? byHolding->live.data() : nullptr;
-  int32_t* holdingMyWins = kByHolding ? byHolding->myWins.data() : nullptr;
-  int32_t* holdingOppWins = kByHolding ? byHolding->oppWins.data() : nullptr;
+  uint32_t* holdingWins = kByHolding ? byHolding->wins.data() : nullptr;
   int32_t live = 0;
   int32_t myWins = 0;
   int32_t oppWins = 0;
@@ -99,9 +93,8 @@ void CountCompletion(const FastHoldings& holdings, const ShowdownKey* rankKeys, 
     }
     const int32_t isLive = (cardBits[i] & comingBits) == 0;
     if constexpr (kByHolding) {
-      holdingLive[i] += isLive;
-      holdingMyWins[i] += isLive & static_cast<int32_t>(myKey > key);
-      holdingOppWins[i] += isLive & static_cast<int32_t>(myKey < key);
+      holdingWins[i] += static_cast<uint32_t>(isLive & static_cast<int32_t>(myKey > key)) |
+                        static_cast<uint32_t>(isLive & static_cast<int32_t>(myKey < key)) << kOppWinShift;
     } else {
       live += isLive;
       myWins += isLive & static_cast<int32_t>(myKey > key);
@@ -218,7 +211,7 @@ void Enumerate(const HandCards& myHand, const BoardCards& board, int32_t street,
     }
   }
   HoldingTallies fastTallies;
-  if constexpr (kByHolding) fastTallies.Resize(fast.size());
+  if constexpr (kByHolding) fastTallies.wins.assign(fast.size(), 0);
 
   std::array<int, 4> knownSuitCounts{};
   std::array<uint32_t, 4> knownSuitRanks{};
@@ -303,11 +296,14 @@ void Enumerate(const HandCards& myHand, const BoardCards& board, int32_t street,
   }
 
   if constexpr (kByHolding) {
+    // The completions that leave out both cards of a key-path holding (both are among the remaining cards).
+    const int64_t rest = remaining.count - 2;
+    const int64_t meets = comingCount == 2 ? rest * (rest - 1) / 2 : rest;
     for (std::size_t i = 0; i < fast.size(); ++i) {
       ShowdownCounts& counts = byHolding[fastOrigin[i]];
-      counts.total = fastTallies.live[i];
-      counts.myWins = fastTallies.myWins[i];
-      counts.oppWins = fastTallies.oppWins[i];
+      counts.total = meets;
+      counts.myWins = fastTallies.wins[i] & 0xFFFF;
+      counts.oppWins = fastTallies.wins[i] >> kOppWinShift;
       counts.ties = counts.total - counts.myWins - counts.oppWins;
     }
   }

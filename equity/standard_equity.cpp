@@ -338,10 +338,11 @@ struct HoldingsApart {
   std::vector<uint16_t> rankPair;
   // Per suit: the hole cards' ranks in that suit.
   std::array<std::vector<uint16_t>, 4> suitRanks;
-  std::vector<int32_t> wins;
-  std::vector<int32_t> ties;
-  std::vector<int32_t> losses;
+  // Per holding: My Hand's wins in the low 16 bits and ties in the high 16 bits (a holding meets at most
+  // 990 boards); the losses follow from the boards it meets.
+  std::vector<uint32_t> winsAndTies;
 };
+constexpr int kTieShift = 16;
 
 // One board against every holding of `holdings`; kFlushSuit: the board has three or more cards of one
 // suit, whose ranks are `boardSuitRanks` and whose hole ranks `holeSuitRanks` holds.
@@ -352,17 +353,14 @@ void CountHoldingsApart(const StandardEvaluator& evaluator, HandValue mine, cons
   const std::size_t count = holdings.cards.size();
   const uint64_t* cards = holdings.cards.data();
   const uint16_t* rankPair = holdings.rankPair.data();
-  int32_t* wins = holdings.wins.data();
-  int32_t* ties = holdings.ties.data();
-  int32_t* losses = holdings.losses.data();
+  uint32_t* winsAndTies = holdings.winsAndTies.data();
   for (std::size_t i = 0; i < count; ++i) {
     HandValue theirs = values[rankPair[i]];
     if constexpr (kFlushSuit)
       theirs = std::max(theirs, evaluator.FlushValue(boardSuitRanks | holeSuitRanks[i]));
     const int32_t live = (cards[i] & comingCards) == 0;
-    wins[i] += live & static_cast<int32_t>(mine > theirs);
-    ties[i] += live & static_cast<int32_t>(mine == theirs);
-    losses[i] += live & static_cast<int32_t>(mine < theirs);
+    winsAndTies[i] += static_cast<uint32_t>(live & static_cast<int32_t>(mine > theirs)) |
+                      static_cast<uint32_t>(live & static_cast<int32_t>(mine == theirs)) << kTieShift;
   }
 }
 
@@ -431,9 +429,7 @@ void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& b
   }
   const std::size_t count = holdings.cards.size();
   if (count == 0) return;
-  holdings.wins.assign(count, 0);
-  holdings.ties.assign(count, 0);
-  holdings.losses.assign(count, 0);
+  holdings.winsAndTies.assign(count, 0);
 
   const StandardEvaluator& evaluator = StandardEvaluator::Get();
   RankValueTables rankValues(board, known, comingCount);
@@ -492,11 +488,14 @@ void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& b
     countBoard({});
   }
 
+  // Every live holding meets each board that leaves out its two cards, which are among the remaining ones.
+  const uint64_t rest = static_cast<uint64_t>(remainingCount - 2);
+  const uint64_t meets = street == kFlop ? rest * (rest - 1) / 2 : street == kTurn ? rest : 1;
   for (std::size_t i = 0; i < count; ++i) {
     ShowdownTally& tally = tallies[holdings.origin[i]];
-    tally.wins = static_cast<uint64_t>(holdings.wins[i]);
-    tally.ties = static_cast<uint64_t>(holdings.ties[i]);
-    tally.losses = static_cast<uint64_t>(holdings.losses[i]);
+    tally.wins = holdings.winsAndTies[i] & 0xFFFF;
+    tally.ties = holdings.winsAndTies[i] >> kTieShift;
+    tally.losses = meets - tally.wins - tally.ties;
   }
 }
 
