@@ -6,6 +6,8 @@
 
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
+#include "cards/hand_class.h"
+#include "range/block_record.h"
 #include "range/player_profile.h"
 #include "results/category_equity.h"
 #include "tests/storage/temp_folder.h"
@@ -127,6 +129,28 @@ TEST_F(EquityPerCategory, WithoutABoardOrMyHandNothingIsAdded) {
   CookTwentyPercent("", "Tc8h3s");
   EXPECT_EQ(model.exportText.find(" eq "), std::string::npos);
   EXPECT_FALSE(model.TV.empty());
+}
+
+TEST_F(EquityPerCategory, AddToRangeOnAGroupWithItsEquityTakesTheGroupsHoldings) {
+  // Queens and jacks on a king-high board: the jacks' group ends with its equity, and "Add to Range" on it
+  // still reads its six holdings.
+  PlayerProfile& profile = *model.currentProfile();
+  SetBlockWhole(profile.rangeLayer[static_cast<std::size_t>(FindClassByName("QQ"))], false);
+  SetBlockWhole(profile.rangeLayer[static_cast<std::size_t>(FindClassByName("JJ"))], false);
+  model.options.equityPerCategory = true;
+  model.txtMyHand.text = "AhKd";
+  model.txtBoard.text = "Kc8h3s";
+  model.cmdCheckPossibleHands_Click();
+  int group = -1;
+  for (std::size_t k = 0; k < model.TV.nodes.size(); ++k) {
+    if (model.TV.nodes[k].text.starts_with("\xE2\x80\xA2JJ  (6) eq ")) group = static_cast<int>(k);
+  }
+  ASSERT_GE(group, 0);
+  model.TV.selected = group;
+  model.mnuAdd2Range_Click();
+  EXPECT_EQ(profile.rangeLayer[static_cast<std::size_t>(FindClassByName("JJ"))].count, 6);
+  EXPECT_EQ(profile.rangeLayer[static_cast<std::size_t>(FindClassByName("QQ"))].count, 0);
+  EXPECT_EQ(model.tvMousePointer, 0);  // no error signalled
 }
 
 TEST_F(EquityPerCategory, UntickedItAddsNothingToThePreferencesFile) {
