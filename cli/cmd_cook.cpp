@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kCookUsage =
     "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--no-simplify] [--simplify-further] "
-    "[--show-empty] [--win-lose-icons] [--standard-rules] [--category-icons] [--json]";
+    "[--show-empty] [--win-lose-icons] [--category-equity] [--standard-rules] [--category-icons] [--json]";
 constexpr const char* kCookSummary =
     "sort every live holding of the range into its made-hand and draw categories on the board and print the "
     "results as \"Copy Results to Clipboard\" gives them (CR LF line ends; --win-lose-icons adds \" [win]\", "
@@ -60,8 +60,10 @@ Json TreeJson(const ResultsTree& tree) {
   return nodes;
 }
 
+// With --category-equity each category carries "equity": My Hand's equity against the holdings under it,
+// null for a spacer, an empty category and one without a showdown.
 void WriteJson(const CookResult& cooked, const ResultsBuild& built, const HandBoardRange& input,
-               std::ostream& out) {
+               bool categoryEquity, std::ostream& out) {
   Json categories = Json::array();
   const auto& nodes = cooked.categories.nodes;
   for (std::size_t i = 0; i < nodes.size(); ++i) {
@@ -71,8 +73,12 @@ void WriteJson(const CookResult& cooked, const ResultsBuild& built, const HandBo
       const HandCombo& combo = node.combos[k];
       combos.push_back(ComboToText(combo) + (combo.flag ? "" : "*"));
     }
-    categories.push_back(
-        Json{{"index", i}, {"label", node.label}, {"count", node.count}, {"combos", combos}});
+    Json category{{"index", i}, {"label", node.label}, {"count", node.count}, {"combos", combos}};
+    if (categoryEquity) {
+      const bool known = i < built.categoryEquities.size() && built.categoryEquities[i].has_value();
+      category["equity"] = known ? Json(*built.categoryEquities[i]) : Json(nullptr);
+    }
+    categories.push_back(std::move(category));
   }
   Json json{{"range", cooked.rangeCount},
             {"possible", cooked.liveCount},
@@ -98,9 +104,14 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   app.add_flag("--show-empty", showEmpty, "list empty categories too (\"Hide Empty Categories\" off)");
   bool winLoseIcons = false;
   app.add_flag("--win-lose-icons", winLoseIcons, "mark each holding [win], [tie] or [lose]");
+  bool categoryEquity = false;
+  app.add_flag("--category-equity", categoryEquity,
+               "end every category and group line with My Hand's equity against its holdings, \" eq 63.2%\" "
+               "(\"Equity per Category\"; needs My Hand and a board)");
   bool standardRules = false;
   app.add_flag("--standard-rules", standardRules,
-               "the win/tie/lose icons by the standard showdown rules (\"Standard Showdown Rules\")");
+               "the win/tie/lose icons and the equities per category by the standard showdown rules "
+               "(\"Standard Showdown Rules\")");
   bool categoryIcons = false;
   app.add_flag("--category-icons", categoryIcons, "\"Category Icons\"");
   bool json = false;
@@ -128,10 +139,11 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   resultsOptions.winLoseIcons = winLoseIcons;
   resultsOptions.categoryIcons = categoryIcons;
   resultsOptions.showdownRules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  resultsOptions.categoryEquity = categoryEquity;
   ResultsCards resultsCards;
   resultsCards.myHandText = cards.myHandText;
   resultsCards.boardText = cards.boardText;
-  if (resultsOptions.winLoseIcons) {
+  if (resultsOptions.winLoseIcons || resultsOptions.categoryEquity) {
     resultsCards.hand = cards.hand;
     resultsCards.board = cards.board;
     resultsCards.street = cards.street;
@@ -145,7 +157,7 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   }
 
   if (json) {
-    WriteJson(cooked, built, *input, out);
+    WriteJson(cooked, built, *input, categoryEquity, out);
   } else {
     WriteText(cards, built.tree, out);
   }

@@ -52,16 +52,28 @@ struct Tally {
   int64_t oppWins = 0;
 };
 
+// Per key-path holding, parallel to FastHoldings: My Hand's wins against it in the low 16 bits and its
+// wins in the high 16 bits (a holding meets at most 990 completions). Its showdowns need no count: a
+// key-path holding shares no card with My Hand or the board, so it meets every completion that leaves
+// out its two cards.
+struct HoldingTallies {
+  std::vector<uint32_t> wins;
+};
+constexpr int kOppWinShift = 16;
+
 // One completion against every key-path holding. Holdings that use a card of the completion are left
-// out without a branch; `rankKeys` is the completion's table of rank-part keys by hole ranks.
-template <bool kBoardHasFlushSuit>
+// out without a branch; `rankKeys` is the completion's table of rank-part keys by hole ranks. With
+// kByHolding each holding's showdown goes to its own entry of `byHolding`, else to `tally`.
+template <bool kBoardHasFlushSuit, bool kByHolding>
 void CountCompletion(const FastHoldings& holdings, const ShowdownKey* rankKeys, ShowdownKey myKey,
-                     uint64_t comingBits, int32_t flushSuit, uint32_t boardSuitRanks, Tally& tally) {
+                     uint64_t comingBits, int32_t flushSuit, uint32_t boardSuitRanks, Tally& tally,
+                     HoldingTallies* byHolding) {
   const std::size_t count = holdings.size();
   const uint64_t* cardBits = holdings.cardBits.data();
   const uint16_t* rankPair = holdings.rankPair.data();
   const uint16_t* suitRanks = kBoardHasFlushSuit ? holdings.suitRanks[flushSuit].data() : nullptr;
   const uint16_t* flushField = kBoardHasFlushSuit ? holdings.flushRankField[flushSuit].data() : nullptr;
+  uint32_t* holdingWins = kByHolding ? byHolding->wins.data() : nullptr;
   int32_t live = 0;
   int32_t myWins = 0;
   int32_t oppWins = 0;
@@ -74,9 +86,14 @@ void CountCompletion(const FastHoldings& holdings, const ShowdownKey* rankKeys, 
       key = std::max(key, flushKey);
     }
     const int32_t isLive = (cardBits[i] & comingBits) == 0;
-    live += isLive;
-    myWins += isLive & static_cast<int32_t>(myKey > key);
-    oppWins += isLive & static_cast<int32_t>(myKey < key);
+    if constexpr (kByHolding) {
+      holdingWins[i] += static_cast<uint32_t>(isLive & static_cast<int32_t>(myKey > key)) |
+                        static_cast<uint32_t>(isLive & static_cast<int32_t>(myKey < key)) << kOppWinShift;
+    } else {
+      live += isLive;
+      myWins += isLive & static_cast<int32_t>(myKey > key);
+      oppWins += isLive & static_cast<int32_t>(myKey < key);
+    }
   }
   tally.live += live;
   tally.myWins += myWins;
@@ -153,17 +170,18 @@ bool KnownCardsAreDistinct(const HandCards& myHand, const BoardCards& board, int
   return true;
 }
 
-}  // namespace
-
-ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
-                              std::span<const HandCombo> combos) {
-  ShowdownCounts counts;
-  if (street != kFlop && street != kTurn) return counts;
+// Every showdown of the flop or the turn, counted in `tally`, or with kByHolding per holding into
+// `byHolding` (one entry per entry of `combos`, zero for those that take no part).
+template <bool kByHolding>
+void Enumerate(const HandCards& myHand, const BoardCards& board, int32_t street,
+               std::span<const HandCombo> combos, Tally& tally,
+               std::span<ShowdownCounts> byHolding) {
+  if (street != kFlop && street != kTurn) return;
   const int known = BoardCardCount(street);
   const int comingCount = 5 - known;
-  if (!IsDeckCard(myHand.card1()) || !IsDeckCard(myHand.card2())) return counts;
+  if (!IsDeckCard(myHand.card1()) || !IsDeckCard(myHand.card2())) return;
   for (int i = 0; i < known; ++i) {
-    if (!IsDeckCard(board[i])) return counts;
+    if (!IsDeckCard(board[i])) return;
   }
 
   // A My Hand or board with a card given twice is left to the hand reader, card by card, as is any
@@ -172,14 +190,22 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   FastHoldings fast;
   if (keyPath) fast.Reserve(combos.size());
   std::vector<HandCombo> byReader;
-  for (const HandCombo& combo : combos) {
+  // Per holding: where each key-path and card-by-card holding stands in `combos`.
+  std::vector<uint32_t> fastOrigin;
+  std::vector<uint32_t> readerOrigin;
+  for (std::size_t k = 0; k < combos.size(); ++k) {
+    const HandCombo& combo = combos[k];
     if (!combo.flag || !IsDeckCard(combo.card1()) || !IsDeckCard(combo.card2())) continue;
     if (keyPath && IsCleanHolding(combo, myHand, board, known)) {
       fast.Add(combo);
+      if constexpr (kByHolding) fastOrigin.push_back(static_cast<uint32_t>(k));
     } else {
       byReader.push_back(combo);
+      if constexpr (kByHolding) readerOrigin.push_back(static_cast<uint32_t>(k));
     }
   }
+  HoldingTallies fastTallies;
+  if constexpr (kByHolding) fastTallies.wins.assign(fast.size(), 0);
 
   std::array<int, 4> knownSuitCounts{};
   std::array<uint32_t, 4> knownSuitRanks{};
@@ -195,7 +221,6 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
     mySuitRanks[myHand.suit2] |= RankMaskBit(myHand.rank2);
   }
 
-  Tally tally;
   const RemainingCardList remaining = RemainingCards(myHand, board, street);
   std::array<Card, 2> coming{};
 
@@ -218,9 +243,10 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
       if (flushSuit >= 0) {
         const uint32_t mine = mySuitRanks[flushSuit];
         myKey = std::max(myKey, FlushPartKey(suitRanks[flushSuit] | mine, mine));
-        CountCompletion<true>(fast, keys, myKey, comingBits, flushSuit, suitRanks[flushSuit], tally);
+        CountCompletion<true, kByHolding>(fast, keys, myKey, comingBits, flushSuit, suitRanks[flushSuit],
+                                          tally, &fastTallies);
       } else {
-        CountCompletion<false>(fast, keys, myKey, comingBits, -1, 0, tally);
+        CountCompletion<false, kByHolding>(fast, keys, myKey, comingBits, -1, 0, tally, &fastTallies);
       }
     }
     if (!byReader.empty()) {
@@ -228,14 +254,23 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
       for (int i = 0; i < comingCount; ++i) cards[known + i] = coming[i];
       const HandCombo mine{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2};
       const ShowdownKey myKey = StreetShowdownKey(mine, cards, kRiver);
-      for (const HandCombo& combo : byReader) {
+      for (std::size_t r = 0; r < byReader.size(); ++r) {
+        const HandCombo& combo = byReader[r];
         bool uses = false;
         for (int i = 0; i < comingCount; ++i) uses = uses || SharesCard(combo, coming[i]);
         if (uses) continue;
         const ShowdownKey key = StreetShowdownKey(combo, cards, kRiver);
-        ++tally.live;
-        tally.myWins += myKey > key ? 1 : 0;
-        tally.oppWins += myKey < key ? 1 : 0;
+        if constexpr (kByHolding) {
+          ShowdownCounts& counts = byHolding[readerOrigin[r]];
+          ++counts.total;
+          counts.myWins += myKey > key ? 1 : 0;
+          counts.oppWins += myKey < key ? 1 : 0;
+          counts.ties += myKey == key ? 1 : 0;
+        } else {
+          ++tally.live;
+          tally.myWins += myKey > key ? 1 : 0;
+          tally.oppWins += myKey < key ? 1 : 0;
+        }
       }
     }
   };
@@ -254,11 +289,40 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
     }
   }
 
+  if constexpr (kByHolding) {
+    // The completions that leave out both cards of a key-path holding (both are among the remaining cards).
+    const int64_t rest = remaining.count - 2;
+    const int64_t meets = comingCount == 2 ? rest * (rest - 1) / 2 : rest;
+    for (std::size_t i = 0; i < fast.size(); ++i) {
+      ShowdownCounts& counts = byHolding[fastOrigin[i]];
+      counts.total = meets;
+      counts.myWins = fastTallies.wins[i] & 0xFFFF;
+      counts.oppWins = fastTallies.wins[i] >> kOppWinShift;
+      counts.ties = counts.total - counts.myWins - counts.oppWins;
+    }
+  }
+}
+
+}  // namespace
+
+ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
+                              std::span<const HandCombo> combos) {
+  Tally tally;
+  Enumerate<false>(myHand, board, street, combos, tally, {});
+  ShowdownCounts counts;
   counts.total = tally.live;
   counts.myWins = tally.myWins;
   counts.oppWins = tally.oppWins;
   counts.ties = tally.live - tally.myWins - tally.oppWins;
   return counts;
+}
+
+void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+                             std::span<const HandCombo> combos, std::span<ShowdownCounts> counts) {
+  std::fill(counts.begin(), counts.end(), ShowdownCounts{});
+  if (counts.size() < combos.size()) return;
+  Tally unused;
+  Enumerate<true>(myHand, board, street, combos, unused, counts);
 }
 
 namespace {

@@ -39,6 +39,13 @@ using CaptionSink = std::function<void(std::string_view caption)>;
 ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
                               std::span<const HandCombo> combos);
 
+// The same showdowns as CountShowdowns, in the same one enumeration, but counted for each holding apart:
+// `counts[k]` gets the showdowns of My Hand against `combos[k]` (all zero for a holding that takes no
+// part). Summed over the holdings they are CountShowdowns's counts. `counts` must have an entry for every
+// holding (else it is only cleared).
+void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+                             std::span<const HandCombo> combos, std::span<ShowdownCounts> counts);
+
 // Result R: ties are left out of the denominator, so the two shares add up to 100 before rounding; each
 // is rounded half to even to two decimals from the exact fraction. 50 and 50 when every showdown tied,
 // -1 and -1 when there was none.

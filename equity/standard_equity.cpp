@@ -321,6 +321,39 @@ ShowdownTally CountRiver(const HandCards& myHand, const BoardCards& board, uint6
   return tally;
 }
 
+// The live holdings counted one by one, as parallel arrays for the loop over them.
+struct HoldingsApart {
+  std::vector<uint32_t> origin;  // index in the caller's list
+  std::vector<uint64_t> cards;
+  std::vector<uint16_t> rankPair;
+  // Per suit: the hole cards' ranks in that suit.
+  std::array<std::vector<uint16_t>, 4> suitRanks;
+  // Per holding: My Hand's wins in the low 16 bits and ties in the high 16 bits (a holding meets at most
+  // 990 boards); the losses follow from the boards it meets.
+  std::vector<uint32_t> winsAndTies;
+};
+constexpr int kTieShift = 16;
+
+// One board against every holding of `holdings`; kFlushSuit: the board has three or more cards of one
+// suit, whose ranks are `boardSuitRanks` and whose hole ranks `holeSuitRanks` holds.
+template <bool kFlushSuit>
+void CountHoldingsApart(const StandardEvaluator& evaluator, HandValue mine, const HandValue* values,
+                        uint64_t comingCards, uint32_t boardSuitRanks, const uint16_t* holeSuitRanks,
+                        HoldingsApart& holdings) {
+  const std::size_t count = holdings.cards.size();
+  const uint64_t* cards = holdings.cards.data();
+  const uint16_t* rankPair = holdings.rankPair.data();
+  uint32_t* winsAndTies = holdings.winsAndTies.data();
+  for (std::size_t i = 0; i < count; ++i) {
+    HandValue theirs = values[rankPair[i]];
+    if constexpr (kFlushSuit)
+      theirs = std::max(theirs, evaluator.FlushValue(boardSuitRanks | holeSuitRanks[i]));
+    const int32_t live = (cards[i] & comingCards) == 0;
+    winsAndTies[i] += static_cast<uint32_t>(live & static_cast<int32_t>(mine > theirs)) |
+                      static_cast<uint32_t>(live & static_cast<int32_t>(mine == theirs)) << kTieShift;
+  }
+}
+
 }  // namespace
 
 ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
@@ -355,6 +388,105 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
     for (int i = 0; i < remainingCount; ++i) counter.CountBoard(std::span(&remaining[i], 1), tally);
   }
   return tally;
+}
+
+void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+                                    std::span<const HandCombo> combos, std::span<ShowdownTally> tallies) {
+  std::fill(tallies.begin(), tallies.end(), ShowdownTally{});
+  if (tallies.size() < combos.size()) return;
+  if (street != kFlop && street != kTurn && street != kRiver) return;
+  const int known = BoardCardCount(street);
+  const int comingCount = 5 - known;
+  uint64_t deadCards = 0;
+  if (!KnownCardsAreValid(myHand, board, known, deadCards)) return;
+
+  HoldingsApart holdings;
+  for (std::size_t k = 0; k < combos.size(); ++k) {
+    const HandCombo& combo = combos[k];
+    const Card a = combo.card1();
+    const Card b = combo.card2();
+    if (!combo.flag || !IsDeckCard(a) || !IsDeckCard(b) || a == b) continue;
+    const uint64_t cards = DeckBit(a) | DeckBit(b);
+    if ((cards & deadCards) != 0) continue;
+    holdings.origin.push_back(static_cast<uint32_t>(k));
+    holdings.cards.push_back(cards);
+    holdings.rankPair.push_back(static_cast<uint16_t>(RankPairIndex(a.rank, b.rank)));
+    for (int32_t suit = 0; suit < 4; ++suit) {
+      const uint32_t ranks =
+          (a.suit == suit ? RankMaskBit(a.rank) : 0u) | (b.suit == suit ? RankMaskBit(b.rank) : 0u);
+      holdings.suitRanks[suit].push_back(static_cast<uint16_t>(ranks));
+    }
+  }
+  const std::size_t count = holdings.cards.size();
+  if (count == 0) return;
+  holdings.winsAndTies.assign(count, 0);
+
+  const StandardEvaluator& evaluator = StandardEvaluator::Get();
+  RankValueTables rankValues(board, known, comingCount);
+  std::array<int, 4> knownSuitCounts{};
+  std::array<uint32_t, 4> knownSuitRanks{};
+  for (int i = 0; i < known; ++i) {
+    ++knownSuitCounts[board[i].suit];
+    knownSuitRanks[board[i].suit] |= RankMaskBit(board[i].rank);
+  }
+  std::array<uint32_t, 4> mySuitRanks{};
+  mySuitRanks[myHand.suit1] |= RankMaskBit(myHand.rank1);
+  mySuitRanks[myHand.suit2] |= RankMaskBit(myHand.rank2);
+  const int myPair = RankPairIndex(myHand.rank1, myHand.rank2);
+
+  const auto countBoard = [&](std::span<const Card> coming) {
+    std::array<int, 4> suitCounts = knownSuitCounts;
+    std::array<uint32_t, 4> suitRanks = knownSuitRanks;
+    std::array<int32_t, 2> comingRanks{};
+    uint64_t comingCards = 0;
+    for (std::size_t i = 0; i < coming.size(); ++i) {
+      ++suitCounts[coming[i].suit];
+      suitRanks[coming[i].suit] |= RankMaskBit(coming[i].rank);
+      comingRanks[i] = coming[i].rank;
+      comingCards |= DeckBit(coming[i]);
+    }
+    const HandValue* values = rankValues.For(std::span(comingRanks.data(), coming.size()));
+    int32_t flushSuit = -1;
+    for (int32_t suit = 0; suit < 4; ++suit) {
+      if (suitCounts[suit] >= 3) flushSuit = suit;
+    }
+    HandValue mine = values[myPair];
+    if (flushSuit < 0) {
+      CountHoldingsApart<false>(evaluator, mine, values, comingCards, 0, nullptr, holdings);
+      return;
+    }
+    mine = std::max(mine, evaluator.FlushValue(suitRanks[flushSuit] | mySuitRanks[flushSuit]));
+    CountHoldingsApart<true>(evaluator, mine, values, comingCards, suitRanks[flushSuit],
+                             holdings.suitRanks[flushSuit].data(), holdings);
+  };
+
+  std::array<Card, 52> remaining{};
+  int remainingCount = 0;
+  for (int index = 0; index < kDeckSize; ++index) {
+    if ((deadCards >> index & 1) == 0) remaining[remainingCount++] = DeckCard(index);
+  }
+  if (street == kFlop) {
+    for (int i = 0; i < remainingCount; ++i) {
+      for (int j = i + 1; j < remainingCount; ++j) {
+        const std::array<Card, 2> coming = {remaining[i], remaining[j]};
+        countBoard(coming);
+      }
+    }
+  } else if (street == kTurn) {
+    for (int i = 0; i < remainingCount; ++i) countBoard(std::span(&remaining[i], 1));
+  } else {
+    countBoard({});
+  }
+
+  // Every live holding meets each board that leaves out its two cards, which are among the remaining ones.
+  const uint64_t rest = static_cast<uint64_t>(remainingCount - 2);
+  const uint64_t meets = street == kFlop ? rest * (rest - 1) / 2 : street == kTurn ? rest : 1;
+  for (std::size_t i = 0; i < count; ++i) {
+    ShowdownTally& tally = tallies[holdings.origin[i]];
+    tally.wins = holdings.winsAndTies[i] & 0xFFFF;
+    tally.ties = holdings.winsAndTies[i] >> kTieShift;
+    tally.losses = meets - tally.wins - tally.ties;
+  }
 }
 
 std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHand,

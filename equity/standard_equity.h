@@ -33,6 +33,13 @@ namespace quillet {
 ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
                                     std::span<const HandCombo> combos);
 
+// The same showdowns as StandardShowdownTally, in one enumeration, counted for each holding apart:
+// `tallies[k]` gets My Hand's wins, ties and losses against `combos[k]` (all zero for a holding that takes
+// no part). Summed over the holdings they are StandardShowdownTally's tally. `tallies` must have an entry
+// for every holding (else it is only cleared).
+void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+                                    std::span<const HandCombo> combos, std::span<ShowdownTally> tallies);
+
 // Every showdown preflop (every five-card board), read from the exact preflop table of matchup classes.
 // No value while the program has no such table (or it failed to load): callers then fall back to the
 // preflop path of the program's own rules. This is the one place the standard preflop tally is taken from;

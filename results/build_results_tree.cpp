@@ -8,6 +8,7 @@
 #include "categorise/categories.h"
 #include "equity/standard_equity.h"
 #include "quillet/version.h"
+#include "results/category_equity.h"
 #include "results/combo_groups.h"
 
 namespace quillet {
@@ -91,6 +92,7 @@ class TreeBuilder {
     out_.exportText.reserve(64 + 16 * most);
     out_.exportText = ExportHeader(cards_.myHandText, cards_.boardText);
     out_.tree.imageListAttached = options_.winLoseIcons || options_.categoryIcons;
+    CountCategoryEquities();
     const int n = static_cast<int>(nodes_.size());
     int i = 0;
     while (i < n) i = Visit(i);
@@ -98,6 +100,29 @@ class TreeBuilder {
   }
 
  private:
+  // One enumeration over the holdings the cook classified, read by every category and group node.
+  void CountCategoryEquities() {
+    if (!options_.categoryEquity || cards_.street == kNoBoard) return;
+    if (!IsHandCard(cards_.hand.rank1, cards_.hand.suit1) ||
+        !IsHandCard(cards_.hand.rank2, cards_.hand.suit2))
+      return;
+    showdowns_.emplace(cards_.hand, cards_.board, cards_.street, CategorisedHoldings(categories_),
+                       options_.showdownRules);
+    out_.categoryEquities = CategoryEquities(categories_, *showdowns_);
+  }
+
+  std::string CategoryEquityText(int i) const {
+    if (out_.categoryEquities.empty()) return {};
+    return EquitySuffix(out_.categoryEquities[static_cast<std::size_t>(i)]);
+  }
+
+  std::string GroupEquityText(const ComboGroup& group) const {
+    if (!showdowns_) return {};
+    ShowdownSum sum(*showdowns_);
+    sum.Add(group.combos);
+    return EquitySuffix(sum.Equity());
+  }
+
   void Report(int i, std::string_view label) {
     if (message_) message_(CategoryErrorText(i, label));
   }
@@ -126,8 +151,10 @@ class TreeBuilder {
 
     const std::string_view shown = CategoryText(node.label);
     std::string text(shown);
-    if (!shown.empty())
+    if (!shown.empty()) {
       text += CountText(OwnCount(node) + out_.descendantCounts[i], categories_.categorisedCount);
+      text += CategoryEquityText(i);
+    }
     const std::string_view image =
         options_.categoryIcons ? std::string_view(node.iconKey) : std::string_view();
     const int parent = depth > 0 ? depthStack_[depth - 1] : -1;
@@ -210,7 +237,7 @@ class TreeBuilder {
         }
       }
       AddResultNode(out_.tree, out_.exportText, depth + 1, categoryKey, kChildNode, groupKey,
-                    GroupNodeText(group), firstIcon.imageKey, true);
+                    GroupNodeText(group) + GroupEquityText(group), firstIcon.imageKey, true);
       for (int32_t m = 0; m < group.count(); ++m) {
         const HandCombo& combo = group.combos[m];
         std::string text = ComboNodeText(combo);
@@ -229,7 +256,8 @@ class TreeBuilder {
   const MessageSink& message_;
   std::vector<int> depth_;
   std::vector<bool> nonEmpty_;
-  std::vector<int> depthStack_;  // per depth, the category last met there (-1: none yet)
+  std::vector<int> depthStack_;                // per depth, the category last met there (-1: none yet)
+  std::optional<HoldingShowdowns> showdowns_;  // with "Equity per Category": the showdowns by holding
   ResultsBuild out_;
 };
 

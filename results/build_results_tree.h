@@ -31,10 +31,14 @@ struct ResultsOptions {
   bool simplifyFurther = false;  // "Simplify Further for Clipboard Export"
   // "Standard Showdown Rules": which rules the win/tie/lose icons decide by.
   ShowdownRules showdownRules = ShowdownRules::Quillet;
+  // "Equity per Category": every category and group node ends with My Hand's equity against the holdings
+  // under it (" eq 63.2%"), by `showdownRules`, when My Hand and a board of three or more cards are given.
+  bool categoryEquity = false;
 };
 
 // The card inputs as the build sees them: the two boxes' texts for the export header (after the cook has
-// normalised them) and, for the win/tie/lose icons, the parsed My Hand and board.
+// normalised them) and, for the win/tie/lose icons and the equities per category, the parsed My Hand and
+// board.
 struct ResultsCards {
   std::string myHandText;
   std::string boardText;
@@ -49,6 +53,9 @@ struct ResultsBuild {
   // Per category: the sum of the holdings of its deeper categories, worked out for the categories the
   // cook left empty (0 for the others, whose own holdings decide).
   std::vector<int32_t> descendantCounts;
+  // With "Equity per Category" on, My Hand, and a board: per category, My Hand's equity against the
+  // holdings under it (none for a spacer, an empty category or one without a showdown). Empty otherwise.
+  std::vector<std::optional<double>> categoryEquities;
 };
 
 // Node relationships of AddResultNode.

@@ -234,6 +234,8 @@ void Form1::BuildMenus() {
   tick(display, "mnuHideEmptyCats", "Hide Empty Categories", &MenuOptions::hideEmptyCats,
        &Form1Model::mnuHideEmptyCats_Click);
   tick(display, "mnuCheckBoxes", "Check Boxes", &MenuOptions::checkBoxes, &Form1Model::mnuCheckBoxes_Click);
+  tick(display, "mnuEquityPerCategory", "Equity per Category", &MenuOptions::equityPerCategory,
+       &Form1Model::mnuEquityPerCategory_Click);
   QMenu* appearance = optionsMenu_->addMenu(QStringLiteral("Appearance"));
   appearance->setObjectName(QStringLiteral("mnuAppearance"));
   tick(appearance, "mnuCategoryIcons", "Category Icons", &MenuOptions::categoryIcons,

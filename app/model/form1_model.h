@@ -154,6 +154,9 @@ struct MenuOptions {
   // mnuCheckBoxes, "Check Boxes" (in "Display Options"): check boxes on the results tree's category and
   // group nodes, and "Keep Only Checked" in the tree's pop-up menu.
   bool checkBoxes = false;
+  // mnuEquityPerCategory, "Equity per Category": every category and group node of the results tree ends
+  // with My Hand's equity against the holdings under it.
+  bool equityPerCategory = false;
 };
 
 // The hand grid's display and selection state (the layers themselves live in the current profile).
@@ -409,6 +412,7 @@ class Form1Model {
   void mnuSimplifyOutput_Click();
   void mnuSimplifyFurther_Click();
   void mnuHideEmptyCats_Click();
+  void mnuEquityPerCategory_Click();
   void mnuCategoryIcons_Click();
   void mnuWinLoseIcons_Click();
 

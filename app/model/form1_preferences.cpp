@@ -35,6 +35,7 @@ constexpr MenuKey kMenuKeys[] = {
 constexpr MenuKey kLaterMenuKeys[] = {
     {"mnuStandardShowdownRules", &MenuOptions::standardShowdownRules},
     {"mnuCheckBoxes", &MenuOptions::checkBoxes},
+    {"mnuEquityPerCategory", &MenuOptions::equityPerCategory},
 };
 
 void SetBoxText(RichTextState& box, const std::string& text) {

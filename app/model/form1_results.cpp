@@ -53,10 +53,11 @@ void Form1Model::BuildResultsTree() {
   resultsOptions.simplifyFurther = options.simplifyFurther;
   resultsOptions.showdownRules =
       options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  resultsOptions.categoryEquity = options.equityPerCategory;
 
   ResultsCards cards;
-  // A range in My Hand is no hand to compare with: no win/tie/lose icons.
-  if (options.winLoseIcons && !MyHandIsRange()) {
+  // A range in My Hand is no hand to compare with: no win/tie/lose icons and no equity per category.
+  if ((options.winLoseIcons || options.equityPerCategory) && !MyHandIsRange()) {
     HandCards hand{};
     BoardCards board{};
     int32_t street = kNoBoard;

@@ -126,6 +126,12 @@ void Form1Model::mnuHideEmptyCats_Click() {
   ToggleMenuCheck(options.hideEmptyCats);
 }
 
+void Form1Model::mnuEquityPerCategory_Click() {
+  ToggleMenuCheck(options.equityPerCategory);
+  // The equities are counted on the cook's holdings when the tree is built, so the cook runs again.
+  cmdCheckPossibleHands_Click();
+}
+
 void Form1Model::mnuCategoryIcons_Click() {
   ToggleMenuCheck(options.categoryIcons);
 }

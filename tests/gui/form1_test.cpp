@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHelpEvent>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStyleOptionViewItem>
 #include <QTest>
@@ -93,6 +94,7 @@ class Form1Test : public QObject {
   void theWindowKeepsItsWidthAndMinimumHeightAndTheTreeFillsItDownwards();
   void theHoverHighlightMovesBetweenLabelsAndLeavesOnTheBareWindow();
   void theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme();
+  void equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEquity();
   void theSliderAppliesTheRangeWhenDraggedAndWhenAnArrowKeyIsHeld();
   void typingAPercentageAndEnterSnapsItToAStep();
   void theTreePopUpMenuOpensOnARightClickOnlyWhenTheTreeHasNodes();
@@ -376,6 +378,95 @@ void Form1Test::theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme() {
   QCOMPARE(BlockOnScreen(form, "AA"), ModelColour(0xC0C0C0));
   QCOMPARE(BlockOnScreen(form, "AKs"), ModelColour(0xA2A2A2));
   QCOMPARE(BlockOnScreen(form, "AK"), ModelColour(0x808080));
+}
+
+// Opens the options menu with a click on its label, then "Display Options", and clicks the item `name`.
+void ClickDisplayOption(Form1& form, const char* name) {
+  ClickLabel(form, CommandLabel::lblOptions);
+  QMenu* options = form.mnuOptions();
+  QTRY_VERIFY(options->isVisible());
+  QMenu* display = options->findChild<QMenu*>(QStringLiteral("mnuDisplayOptions"));
+  QVERIFY(display != nullptr);
+  Click(options, Qt::LeftButton, Qt::NoModifier, options->actionGeometry(display->menuAction()).center());
+  QTRY_VERIFY(display->isVisible());
+  Click(display, Qt::LeftButton, Qt::NoModifier, display->actionGeometry(form.menuAction(name)).center());
+  QTRY_VERIFY(!options->isVisible());
+}
+
+// Every item of the tree, depth first.
+std::vector<QTreeWidgetItem*> AllItems(QTreeWidget* tree) {
+  std::vector<QTreeWidgetItem*> items;
+  std::vector<QTreeWidgetItem*> stack;
+  for (int i = tree->topLevelItemCount() - 1; i >= 0; --i) stack.push_back(tree->topLevelItem(i));
+  while (!stack.empty()) {
+    QTreeWidgetItem* item = stack.back();
+    stack.pop_back();
+    items.push_back(item);
+    for (int i = item->childCount() - 1; i >= 0; --i) stack.push_back(item->child(i));
+  }
+  return items;
+}
+
+void Form1Test::equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEquity() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  QLineEdit* range = form.txtRange();
+  Click(range, Qt::LeftButton);
+  TypeInto(range, QStringLiteral("20"));
+  PressKey(range, Qt::Key_Return);
+  TypeInto(form.txtMyHand(), QStringLiteral("AhKd"));
+  TypeInto(form.txtBoard(), QStringLiteral("Tc8h3s"));
+  PressKey(form.txtBoard(), Qt::Key_Return);
+  QTreeWidget* tree = form.TV();
+  QVERIFY(tree->topLevelItemCount() > 0);
+  std::vector<QString> before;
+  for (QTreeWidgetItem* item : AllItems(tree)) before.push_back(item->text(0));
+  QAction* option = form.menuAction("mnuEquityPerCategory");
+  QCOMPARE(option->text(), QStringLiteral("Equity per Category"));
+  QVERIFY(!option->isChecked());
+
+  ClickDisplayOption(form, "mnuEquityPerCategory");
+  QVERIFY(option->isChecked());
+  QVERIFY(s.model.options.equityPerCategory);
+  // The tree is cooked again: the same nodes, each category and group ending with " eq " and a share
+  // with one decimal, the holdings as they were.
+  const std::vector<QTreeWidgetItem*> items = AllItems(tree);
+  QCOMPARE(items.size(), before.size());
+  const QRegularExpression category(QStringLiteral("^.+ \\(\\d+\\) \\d+% eq \\d{1,3}\\.\\d%$"));
+  const QRegularExpression group(QStringLiteral("^(\u2022|~).+ \\(\\d+\\)( \\*)? eq \\d{1,3}\\.\\d%$"));
+  int categories = 0;
+  int groups = 0;
+  for (std::size_t k = 0; k < items.size(); ++k) {
+    const QString text = items[k]->text(0);
+    const bool isCategory = before[k].contains(QStringLiteral("%"));  // its count text
+    if (before[k].isEmpty()) {
+      QCOMPARE(text, before[k]);  // a spacer line
+    } else if (isCategory) {
+      QVERIFY2(category.match(text).hasMatch(), qPrintable(text));
+      QVERIFY(text.startsWith(before[k] + QStringLiteral(" eq ")));
+      ++categories;
+    } else if (items[k]->childCount() > 0) {
+      QVERIFY2(group.match(text).hasMatch(), qPrintable(text));
+      QVERIFY(text.startsWith(before[k] + QStringLiteral(" eq ")));
+      ++groups;
+    } else {
+      QCOMPARE(text, before[k]);
+    }
+  }
+  QVERIFY(categories >= 10);
+  QVERIFY(groups >= 5);
+  // What the tree shows is what the model built, and the export text carries it.
+  for (QTreeWidgetItem* item : items) {
+    if (item->text(0).contains(QStringLiteral(" eq ")))
+      QVERIFY(QString::fromStdString(s.model.exportText).contains(item->text(0) + QStringLiteral("\r\n")));
+  }
+
+  ClickDisplayOption(form, "mnuEquityPerCategory");
+  QVERIFY(!option->isChecked());
+  std::vector<QString> after;
+  for (QTreeWidgetItem* item : AllItems(tree)) after.push_back(item->text(0));
+  QCOMPARE(after, before);
 }
 
 void Form1Test::theSliderAppliesTheRangeWhenDraggedAndWhenAnArrowKeyIsHeld() {

@@ -1,0 +1,76 @@
+// bench-libs: quillet_model
+// The cook of the full range with My Hand AhKd on the flop Tc8h3s, with and without "Equity per Category":
+// the core's cook and tree build (the one enumeration by holding is the difference), under the program's
+// rules and the standard ones, and the window's whole command.
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "app/model/form1_model.h"
+#include "cards/card_input.h"
+#include "cards/hand_class.h"
+#include "categorise/cook.h"
+#include "range/player_profile.h"
+#include "results/build_results_tree.h"
+#include "tests/support/recording_services.h"
+
+namespace quillet {
+namespace {
+
+void FillWholeGrid(RangeLayer& layer) {
+  for (int c = 0; c < kClassCount; ++c) SetBlockWhole(layer[c], HandClasses()[c].kind == kKindSuited);
+}
+
+// Argument 0: the option off (0) or on (1); argument 1: the program's rules (0) or the standard ones (1).
+void BM_CookAndTree(benchmark::State& state) {
+  RangeLayer on = MakeEmptyLayer();
+  FillWholeGrid(on);
+  const RangeLayer seen = MakeEmptyLayer();
+  const CardInputs cards = CheckCardInputs("AhKd", "Tc8h3s", CardsFor::Cook);
+  if (!cards.ok()) state.SkipWithError("bad cards");
+  ResultsOptions options;
+  options.categoryEquity = state.range(0) != 0;
+  options.showdownRules = state.range(1) != 0 ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  ResultsCards resultsCards;
+  resultsCards.myHandText = cards.myHandText;
+  resultsCards.boardText = cards.boardText;
+  resultsCards.hand = cards.hand;
+  resultsCards.board = cards.board;
+  resultsCards.street = cards.street;
+  std::size_t exportSize = 0;
+  for (auto _ : state) {
+    const CookResult cooked = Cook(cards, CollectRangeCombos(on, seen));
+    const ResultsBuild built = BuildResultsTree(cooked.categories, options, resultsCards, nullptr);
+    exportSize = built.exportText.size();
+    benchmark::DoNotOptimize(exportSize);
+  }
+  state.SetLabel(std::string(options.categoryEquity ? "equity per category" : "plain") + ", " +
+                 std::string(ShowdownRulesName(options.showdownRules)) + " rules, " +
+                 std::to_string(exportSize) + " bytes exported");
+}
+BENCHMARK(BM_CookAndTree)->ArgsProduct({{0, 1}, {0, 1}})->Unit(benchmark::kMillisecond);
+
+// The window's cook command with the option off (0) or on (1).
+void BM_CookHandlerEquityPerCategory(benchmark::State& state) {
+  RecordingServices services;
+  Form1Model model(services);
+  PlayerProfile& profile = model.profiles.emplace_back();
+  InitProfile(profile);
+  profile.name = "Generic";
+  model.currentProfileIndex = 0;
+  FillWholeGrid(profile.rangeLayer);
+  model.options.equityPerCategory = state.range(0) != 0;
+  for (auto _ : state) {
+    model.txtMyHand.text = "AhKd";
+    model.txtBoard.text = "Tc8h3s";
+    model.cmdCheckPossibleHands_Click();
+    benchmark::DoNotOptimize(model.exportText.data());
+    benchmark::ClobberMemory();
+  }
+  if (!services.messages.empty()) state.SkipWithError("the cook refused its input");
+  state.SetLabel(model.options.equityPerCategory ? "equity per category" : "plain");
+}
+BENCHMARK(BM_CookHandlerEquityPerCategory)->DenseRange(0, 1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace quillet
