@@ -795,6 +795,7 @@ journey_range_hand() {
   close_quillet
   expect_equal "the option in the preferences" "$(pref mnuStandardShowdownRules)" "True"
   expect_equal "My Hand kept as typed" "$(pref txtMyHand)" "QQ+, AKx"
+}
 
 # expect_grid_notation TEXT: Ctrl+C with the pointer over the grid puts exactly TEXT on the clipboard.
 clipboard_is() { [ "$(clipboard)" = "$1" ]; }
