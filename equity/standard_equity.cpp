@@ -354,6 +354,30 @@ void CountHoldingsApart(const StandardEvaluator& evaluator, HandValue mine, cons
   }
 }
 
+// Hands each board that can still come (two cards on the flop, one on the turn, none on the river), drawn
+// from the cards not in deadCards, to countBoard; returns how many cards are left in the deck.
+template <class CountBoard>
+int ForEachComingBoard(uint64_t deadCards, int32_t street, CountBoard&& countBoard) {
+  std::array<Card, 52> remaining{};
+  int remainingCount = 0;
+  for (int index = 0; index < kDeckSize; ++index) {
+    if ((deadCards >> index & 1) == 0) remaining[remainingCount++] = DeckCard(index);
+  }
+  if (street == kFlop) {
+    for (int i = 0; i < remainingCount; ++i) {
+      for (int j = i + 1; j < remainingCount; ++j) {
+        const std::array<Card, 2> coming = {remaining[i], remaining[j]};
+        countBoard(std::span<const Card>(coming));
+      }
+    }
+  } else if (street == kTurn) {
+    for (int i = 0; i < remainingCount; ++i) countBoard(std::span<const Card>(&remaining[i], 1));
+  } else {
+    countBoard(std::span<const Card>());
+  }
+  return remainingCount;
+}
+
 }  // namespace
 
 ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
@@ -372,21 +396,8 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   if (live.total == 0) return tally;
 
   CompletionCounter counter(myHand, board, known, live);
-  std::array<Card, 52> remaining{};
-  int remainingCount = 0;
-  for (int index = 0; index < kDeckSize; ++index) {
-    if ((deadCards >> index & 1) == 0) remaining[remainingCount++] = DeckCard(index);
-  }
-  if (street == kFlop) {
-    for (int i = 0; i < remainingCount; ++i) {
-      for (int j = i + 1; j < remainingCount; ++j) {
-        const std::array<Card, 2> coming = {remaining[i], remaining[j]};
-        counter.CountBoard(coming, tally);
-      }
-    }
-  } else {
-    for (int i = 0; i < remainingCount; ++i) counter.CountBoard(std::span(&remaining[i], 1), tally);
-  }
+  ForEachComingBoard(deadCards, street,
+                     [&](std::span<const Card> coming) { counter.CountBoard(coming, tally); });
   return tally;
 }
 
@@ -460,23 +471,7 @@ void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& b
                              holdings.suitRanks[flushSuit].data(), holdings);
   };
 
-  std::array<Card, 52> remaining{};
-  int remainingCount = 0;
-  for (int index = 0; index < kDeckSize; ++index) {
-    if ((deadCards >> index & 1) == 0) remaining[remainingCount++] = DeckCard(index);
-  }
-  if (street == kFlop) {
-    for (int i = 0; i < remainingCount; ++i) {
-      for (int j = i + 1; j < remainingCount; ++j) {
-        const std::array<Card, 2> coming = {remaining[i], remaining[j]};
-        countBoard(coming);
-      }
-    }
-  } else if (street == kTurn) {
-    for (int i = 0; i < remainingCount; ++i) countBoard(std::span(&remaining[i], 1));
-  } else {
-    countBoard({});
-  }
+  const int remainingCount = ForEachComingBoard(deadCards, street, countBoard);
 
   // Every live holding meets each board that leaves out its two cards, which are among the remaining ones.
   const uint64_t rest = static_cast<uint64_t>(remainingCount - 2);
