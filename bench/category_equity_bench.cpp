@@ -7,19 +7,17 @@
 #include <string>
 
 #include "app/model/form1_model.h"
+#include "bench/bench_support.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
 #include "categorise/cook.h"
 #include "range/player_profile.h"
 #include "results/build_results_tree.h"
-#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {
 
-void FillWholeGrid(RangeLayer& layer) {
-  for (int c = 0; c < kClassCount; ++c) SetBlockWhole(layer[c], HandClasses()[c].kind == kKindSuited);
-}
+using bench::FillWholeGrid;
 
 // Argument 0: the option off (0) or on (1); argument 1: the program's rules (0) or the standard ones (1).
 void BM_CookAndTree(benchmark::State& state) {
@@ -52,13 +50,9 @@ BENCHMARK(BM_CookAndTree)->ArgsProduct({{0, 1}, {0, 1}})->Unit(benchmark::kMilli
 
 // The window's cook command with the option off (0) or on (1).
 void BM_CookHandlerEquityPerCategory(benchmark::State& state) {
-  RecordingServices services;
-  Form1Model model(services);
-  PlayerProfile& profile = model.profiles.emplace_back();
-  InitProfile(profile);
-  profile.name = "Generic";
-  model.currentProfileIndex = 0;
-  FillWholeGrid(profile.rangeLayer);
+  bench::GenericWindow window;
+  Form1Model& model = window.model;
+  FillWholeGrid(window.profile().rangeLayer);
   model.options.equityPerCategory = state.range(0) != 0;
   for (auto _ : state) {
     model.txtMyHand.text = "AhKd";
@@ -67,7 +61,7 @@ void BM_CookHandlerEquityPerCategory(benchmark::State& state) {
     benchmark::DoNotOptimize(model.exportText.data());
     benchmark::ClobberMemory();
   }
-  if (!services.messages.empty()) state.SkipWithError("the cook refused its input");
+  if (!window.services.messages.empty()) state.SkipWithError("the cook refused its input");
   state.SetLabel(model.options.equityPerCategory ? "equity per category" : "plain");
 }
 BENCHMARK(BM_CookHandlerEquityPerCategory)->DenseRange(0, 1)->Unit(benchmark::kMillisecond);

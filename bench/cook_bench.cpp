@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
+#include "bench/bench_support.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
 #include "categorise/categories.h"
@@ -19,9 +19,7 @@ namespace {
 
 const char* const kBoards[] = {"Tc8h3s", "Tc8h3s9h", "Tc8h3s9h2d"};
 
-void FillWholeGrid(RangeLayer& layer) {
-  for (int c = 0; c < kClassCount; ++c) SetBlockWhole(layer[c], HandClasses()[c].kind == kKindSuited);
-}
+using bench::FillWholeGrid;
 
 void BM_CookFullRange(benchmark::State& state) {
   PlayerProfile profile;
@@ -49,13 +47,9 @@ void BM_CookFullRange(benchmark::State& state) {
 BENCHMARK(BM_CookFullRange)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 
 void BM_CookHandler(benchmark::State& state) {
-  RecordingServices services;
-  Form1Model model(services);
-  PlayerProfile& profile = model.profiles.emplace_back();
-  InitProfile(profile);
-  profile.name = "Generic";
-  model.currentProfileIndex = 0;
-  FillWholeGrid(profile.rangeLayer);
+  bench::GenericWindow window;
+  Form1Model& model = window.model;
+  FillWholeGrid(window.profile().rangeLayer);
   for (auto _ : state) {
     model.txtMyHand.text = "AhAd";
     model.txtBoard.text = kBoards[state.range(0)];
@@ -63,7 +57,7 @@ void BM_CookHandler(benchmark::State& state) {
     benchmark::DoNotOptimize(model.lblCheckPossibleHands.data());
     benchmark::ClobberMemory();
   }
-  if (!services.messages.empty()) state.SkipWithError("the cook refused its input");
+  if (!window.services.messages.empty()) state.SkipWithError("the cook refused its input");
   state.SetLabel(kBoards[state.range(0)]);
 }
 BENCHMARK(BM_CookHandler)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);

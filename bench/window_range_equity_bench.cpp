@@ -11,8 +11,7 @@
 #include <string>
 
 #include "app/model/form1_model.h"
-#include "range/player_profile.h"
-#include "tests/support/recording_services.h"
+#include "bench/bench_support.h"
 
 namespace quillet {
 namespace {
@@ -20,12 +19,9 @@ namespace {
 const char* const kBoards[] = {"", "Tc8h3s", "9s6s2s", "Ks9s9d", "Tc8h3s2d", "9s6s2s4s", "Tc8h3s2d7c"};
 
 void BM_RandomAgainstRandomThroughTheWindow(benchmark::State& state) {
-  RecordingServices services;
-  Form1Model model(services);
-  PlayerProfile& profile = model.profiles.emplace_back();
-  InitProfile(profile);
-  profile.name = "Generic";
-  model.currentProfileIndex = 0;
+  bench::GenericWindow window;
+  Form1Model& model = window.model;
+  const RecordingServices& services = window.services;
   model.options.standardShowdownRules = true;
   model.cmdAll_Click();
   const std::string board = kBoards[state.range(0)];

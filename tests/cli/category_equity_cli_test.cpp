@@ -14,19 +14,15 @@
 #include "range/top_of_order.h"
 #include "results/category_equity.h"
 #include "tests/cli/cli_run.h"
-#include "tests/support/recording_services.h"
+#include "tests/support/generic_profile_window.h"
 
 namespace quillet::cli {
 namespace {
 
 // The window with a 20 % range typed into the range box, cooked on AhKd and Tc8h3s with the options given.
 std::string WindowExport(bool standardRules, bool winLoseIcons = false) {
-  RecordingServices services;
-  Form1Model model(services);
-  PlayerProfile& profile = model.profiles.emplace_back();
-  InitProfile(profile);
-  profile.name = "Generic";
-  model.currentProfileIndex = 0;
+  quillet::testing::GenericProfileWindow window;
+  Form1Model& model = window.model;
   model.txtRange.text = "20";
   model.txtRange_KeyUp(kKeyEnter);
   model.txtMyHand.text = "AhKd";
@@ -34,7 +30,7 @@ std::string WindowExport(bool standardRules, bool winLoseIcons = false) {
   model.options.standardShowdownRules = standardRules;
   model.options.winLoseIcons = winLoseIcons;
   model.mnuEquityPerCategory_Click();
-  EXPECT_TRUE(services.messages.empty());
+  EXPECT_TRUE(window.services.messages.empty());
   return model.exportText;
 }
 

@@ -548,8 +548,9 @@ journey_profiles() {
 }
 quillet_windows_are() { [ "$(quillet_windows)" = "$1" ]; }
 
-# Opens the options menu's Appearance submenu and clicks item INDEX of it.
-tick_appearance() {
+# tick_submenu ROW NAME SHOT INDEX: opens the options menu's submenu on row ROW (NAME, for the messages),
+# takes the screenshot SHOT of it and clicks its item INDEX.
+tick_submenu() {
   local before menu sub
   before=$(quillet_windows)
   # shellcheck disable=SC2086
@@ -557,13 +558,16 @@ tick_appearance() {
   wait_new_window "$before" "the options menu"
   menu=$WIN
   before="$before $menu"
-  click_item "$menu" 1 3
-  wait_new_window "$before" "the Appearance submenu"
+  click_item "$menu" "$1" 3
+  wait_new_window "$before" "the $2 submenu"
   sub=$WIN
-  step_shot appearance-menu
-  click_item "$sub" "$1" 3
+  step_shot "$3"
+  click_item "$sub" "$4" 3
   poll "the options menu to close" no_window_id "$menu"
 }
+
+# Opens the options menu's Appearance submenu and clicks item INDEX of it.
+tick_appearance() { tick_submenu 1 Appearance appearance-menu "$1"; }
 no_window_id() { ! xdotool search --onlyvisible --class quillet 2>/dev/null | grep -qx "$1"; }
 
 journey_options() {
@@ -722,21 +726,7 @@ journey_notation() {
 }
 
 # Opens the options menu's Operation submenu and clicks item INDEX of it.
-tick_operation() {
-  local before menu sub
-  before=$(quillet_windows)
-  # shellcheck disable=SC2086
-  click $LBL_OPTIONS
-  wait_new_window "$before" "the options menu"
-  menu=$WIN
-  before="$before $menu"
-  click_item "$menu" 2 3
-  wait_new_window "$before" "the Operation submenu"
-  sub=$WIN
-  step_shot operation-menu
-  click_item "$sub" "$1" 3
-  poll "the options menu to close" no_window_id "$menu"
-}
+tick_operation() { tick_submenu 2 Operation operation-menu "$1"; }
 
 # read_out X Y: the text of an equity read-out, selected with a drag across it and copied with Ctrl+C.
 READ_OUT=""

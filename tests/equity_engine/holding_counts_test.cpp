@@ -14,18 +14,11 @@
 namespace quillet {
 namespace {
 
+using testing::AllHoldings;
 using testing::Board;
 using testing::Hand;
 using testing::Holding;
-
-std::vector<HandCombo> AllHoldings() {
-  std::vector<HandCombo> combos;
-  for (int32_t n = 0; n < kHoldingCount; ++n) {
-    const auto cards = CardsOfHolding(n);
-    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
-  }
-  return combos;
-}
+using testing::Spot;
 
 ShowdownCounts Sum(const std::vector<ShowdownCounts>& counts) {
   ShowdownCounts sum;
@@ -44,12 +37,6 @@ std::vector<ShowdownCounts> ByHolding(const HandCards& hand, const BoardCards& b
   CountShowdownsByHolding(hand, board, street, combos, counts);
   return counts;
 }
-
-struct Spot {
-  std::string hand;
-  std::string board;
-  int32_t street;
-};
 
 // The flop and turn spots: a rainbow flop, a two-suited and a monotone one, a paired turn, a four-flush turn.
 const Spot kSpots[] = {{"AhKd", "Tc8h3s", kFlop},

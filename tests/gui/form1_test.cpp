@@ -407,10 +407,9 @@ std::vector<QTreeWidgetItem*> AllItems(QTreeWidget* tree) {
   return items;
 }
 
-void Form1Test::equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEquity() {
-  Session s;
-  QVERIFY(s.Start());
-  Form1& form = *s.form;
+// Types 20 into the range box and Enter, then AhKd into My Hand and Tc8h3s into the Board box and Enter:
+// the tree is cooked.
+void CookTwentyPercentOnTheFlop(Form1& form) {
   QLineEdit* range = form.txtRange();
   Click(range, Qt::LeftButton);
   TypeInto(range, QStringLiteral("20"));
@@ -418,6 +417,13 @@ void Form1Test::equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEqu
   TypeInto(form.txtMyHand(), QStringLiteral("AhKd"));
   TypeInto(form.txtBoard(), QStringLiteral("Tc8h3s"));
   PressKey(form.txtBoard(), Qt::Key_Return);
+}
+
+void Form1Test::equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEquity() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  CookTwentyPercentOnTheFlop(form);
   QTreeWidget* tree = form.TV();
   QVERIFY(tree->topLevelItemCount() > 0);
   std::vector<QString> before;
@@ -734,13 +740,8 @@ void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
   Session s;
   QVERIFY(s.Start());
   Form1& form = *s.form;
+  CookTwentyPercentOnTheFlop(form);
   QLineEdit* range = form.txtRange();
-  Click(range, Qt::LeftButton);
-  TypeInto(range, QStringLiteral("20"));
-  PressKey(range, Qt::Key_Return);
-  TypeInto(form.txtMyHand(), QStringLiteral("AhKd"));
-  TypeInto(form.txtBoard(), QStringLiteral("Tc8h3s"));
-  PressKey(form.txtBoard(), Qt::Key_Return);
   QTreeWidget* tree = form.TV();
   QTreeWidgetItem* onePair = TopLevelStartingWith(tree, QStringLiteral("One pair ("));
   QTreeWidgetItem* draws = TopLevelStartingWith(tree, QStringLiteral("Gutshot and backdoor draws ("));

@@ -17,33 +17,10 @@
 #include "equity/tally_text.h"
 #include "range/colour.h"
 #include "range/range_notation.h"
-#include "tests/storage/temp_folder.h"
+#include "tests/support/window_session.h"
 
 namespace quillet::gui {
 namespace {
-
-class TestServices : public QtWindowServices {
- public:
-  std::vector<std::string> messages;
-  void MsgBox(std::string_view text, MessageIcon) override { messages.emplace_back(text); }
-  bool AskYesNo(std::string_view, std::string_view, MessageIcon) override { return false; }
-  void OpenInShell(std::string_view) override {}
-};
-
-struct Session {
-  quillet::testing::TempFolder dir;
-  TestServices services;
-  Form1Model model{services};
-  std::unique_ptr<Form1> form;
-
-  bool Start() {
-    if (!model.Form_Load(dir.path())) return false;
-    form = std::make_unique<Form1>(model, services);
-    form->show();
-    form->activateWindow();
-    return QTest::qWaitForWindowActive(form.get());
-  }
-};
 
 void Click(QWidget* widget, Qt::MouseButton button = Qt::LeftButton, QPoint at = QPoint(-1, -1)) {
   if (at == QPoint(-1, -1)) at = widget->rect().center();
@@ -96,7 +73,7 @@ class MyHandRangeTest : public QObject {
 
 void MyHandRangeTest::aRangeTypedIntoMyHandGivesItsEquityAgainstTheOpponentsRange() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   TickStandardRules(form);
   OpponentRange(form, QStringLiteral("22+, A7s+, KQo"));
@@ -129,7 +106,7 @@ void MyHandRangeTest::aRangeTypedIntoMyHandGivesItsEquityAgainstTheOpponentsRang
 
 void MyHandRangeTest::aBadRangeShowsItsErrorAndTurnsItsTokenRed() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   TickStandardRules(form);
   TypeInto(form.txtMyHand(), QStringLiteral("QQ+, AKx"));
@@ -147,7 +124,7 @@ void MyHandRangeTest::aBadRangeShowsItsErrorAndTurnsItsTokenRed() {
 
 void MyHandRangeTest::untickedTheSameTextIsRefusedAsAHandAlwaysWas() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   TypeInto(form.txtMyHand(), QStringLiteral("QQ+, AKs"));
   TypeInto(form.txtBoard(), QStringLiteral("Tc8h3s"));
@@ -159,7 +136,7 @@ void MyHandRangeTest::untickedTheSameTextIsRefusedAsAHandAlwaysWas() {
 
 void MyHandRangeTest::theBoxKeepsThePickerShutForARangeAndTheLabelOpensIt() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   TickStandardRules(form);
   TypeInto(form.txtMyHand(), QStringLiteral("QQ+, AKs"));
@@ -178,7 +155,7 @@ void MyHandRangeTest::theBoxKeepsThePickerShutForARangeAndTheLabelOpensIt() {
 
 void MyHandRangeTest::aReadOutCanBeSelectedAndCopied() {
   Session s;
-  QVERIFY(s.Start());
+  QVERIFY(s.StartActive());
   Form1& form = *s.form;
   TickStandardRules(form);
   OpponentRange(form, QStringLiteral("random"));

@@ -11,33 +11,18 @@
 #include "range/player_profile.h"
 #include "results/category_equity.h"
 #include "tests/storage/temp_folder.h"
-#include "tests/support/recording_services.h"
+#include "tests/support/model_in_folder.h"
 
 namespace quillet {
 namespace {
 
+using testing::kTwelveDefaultRecords;
 using testing::ReadBytes;
-using testing::TempFolder;
 using testing::WriteBytes;
 
-constexpr std::string_view kTwelveDefaultRecords =
-    "mnuHideEmptyCats|True\r\n"
-    "mnuSimplifyOutput|True\r\n"
-    "mnuSimplifyFurther|False\r\n"
-    "mnuCategoryIcons|False\r\n"
-    "mnuWinLoseIcons|False\r\n"
-    "mnuCalcEquityOnCook|False\r\n"
-    "mnuAutoPFEquityCalc|False\r\n"
-    "txtMyHand|\r\n"
-    "txtBoard|\r\n"
-    "ColourSchemeDefault|True\r\n"
-    "SelCardsAutoOK|False\r\n"
-    "SelCardsAutoCook|False\r\n";
-
-class EquityPerCategory : public ::testing::Test {
+class EquityPerCategory : public testing::ModelInFolderTest {
  protected:
-  EquityPerCategory() : model(services) {
-    model.ProfilePaths(dir.path());
+  EquityPerCategory() {
     PlayerProfile& p = model.profiles.emplace_back();
     InitProfile(p);
     p.name = "Generic";
@@ -75,12 +60,6 @@ class EquityPerCategory : public ::testing::Test {
     }
     EXPECT_GE(withEquity, 10);
   }
-
-  std::filesystem::path PrefsFile() const { return dir / "MyPrefs.ini"; }
-
-  TempFolder dir;
-  RecordingServices services;
-  Form1Model model;
 };
 
 TEST_F(EquityPerCategory, IsUntickedAtFirstStart) {

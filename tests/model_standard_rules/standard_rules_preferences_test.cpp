@@ -10,22 +10,9 @@
 namespace quillet {
 namespace {
 
+using testing::kTwelveDefaultRecords;
 using testing::ReadBytes;
 using testing::WriteBytes;
-
-constexpr std::string_view kTwelveDefaultRecords =
-    "mnuHideEmptyCats|True\r\n"
-    "mnuSimplifyOutput|True\r\n"
-    "mnuSimplifyFurther|False\r\n"
-    "mnuCategoryIcons|False\r\n"
-    "mnuWinLoseIcons|False\r\n"
-    "mnuCalcEquityOnCook|False\r\n"
-    "mnuAutoPFEquityCalc|False\r\n"
-    "txtMyHand|\r\n"
-    "txtBoard|\r\n"
-    "ColourSchemeDefault|True\r\n"
-    "SelCardsAutoOK|False\r\n"
-    "SelCardsAutoCook|False\r\n";
 
 using StandardRulesPreferences = testing::ModelInFolderTest;
 

@@ -12,18 +12,11 @@
 namespace quillet {
 namespace {
 
+using testing::AllHoldings;
 using testing::Board;
 using testing::Hand;
 using testing::Holding;
-
-std::vector<HandCombo> AllHoldings() {
-  std::vector<HandCombo> combos;
-  for (int32_t n = 0; n < kHoldingCount; ++n) {
-    const auto cards = CardsOfHolding(n);
-    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
-  }
-  return combos;
-}
+using testing::Spot;
 
 std::vector<ShowdownTally> ByHolding(const HandCards& hand, const BoardCards& board, int32_t street,
                                      const std::vector<HandCombo>& combos) {
@@ -31,12 +24,6 @@ std::vector<ShowdownTally> ByHolding(const HandCards& hand, const BoardCards& bo
   StandardShowdownTallyByHolding(hand, board, street, combos, tallies);
   return tallies;
 }
-
-struct Spot {
-  std::string hand;
-  std::string board;
-  int32_t street;
-};
 
 // Rainbow, two-suited and monotone flops, a four-flush turn, a paired turn, a five-flush and a plain river.
 const Spot kSpots[] = {{"AhKd", "Tc8h3s", kFlop},     {"AhAd", "9h8h2c", kFlop},

@@ -91,6 +91,13 @@ inline std::vector<HandCombo> AllHoldings() {
   return combos;
 }
 
+// My Hand and a board as written, with the board's street: one spot a table of cases runs through.
+struct Spot {
+  std::string hand;
+  std::string board;
+  int32_t street;
+};
+
 // The holdings, in deck order, that share no card with My Hand or the board of the street (what the equity
 // command passes on).
 inline std::vector<HandCombo> LiveHoldings(const HandCards& hand, const BoardCards& board, int32_t street) {

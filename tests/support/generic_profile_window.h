@@ -10,23 +10,16 @@
 #include "cards/hand_class.h"
 #include "range/block_record.h"
 #include "range/player_profile.h"
+#include "tests/support/generic_window.h"
 #include "tests/support/recording_services.h"
 
 namespace quillet::testing {
 
 template <class Services = RecordingServices>
-struct GenericProfileWindow {
-  Services services;
-  Form1Model model{services};
-
-  GenericProfileWindow() {
-    PlayerProfile& p = model.profiles.emplace_back();
-    InitProfile(p);
-    p.name = "Generic";
-    model.currentProfileIndex = 0;
-  }
-
-  PlayerProfile& profile() { return *model.currentProfile(); }
+struct GenericProfileWindow : GenericWindow<Services> {
+  using GenericWindow<Services>::model;
+  using GenericWindow<Services>::services;
+  using GenericWindow<Services>::profile;
 
   // Puts a class whole into a layer, as a left click (for the Seen layer a right click) on its block does.
   void Click(const std::string& className, bool seenLayer = false) {

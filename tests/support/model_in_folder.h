@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/model/form1_model.h"
@@ -14,6 +15,21 @@
 #include "tests/support/recording_services.h"
 
 namespace quillet::testing {
+
+// MyPrefs.ini as the model writes it with every option at its default: the twelve records.
+constexpr std::string_view kTwelveDefaultRecords =
+    "mnuHideEmptyCats|True\r\n"
+    "mnuSimplifyOutput|True\r\n"
+    "mnuSimplifyFurther|False\r\n"
+    "mnuCategoryIcons|False\r\n"
+    "mnuWinLoseIcons|False\r\n"
+    "mnuCalcEquityOnCook|False\r\n"
+    "mnuAutoPFEquityCalc|False\r\n"
+    "txtMyHand|\r\n"
+    "txtBoard|\r\n"
+    "ColourSchemeDefault|True\r\n"
+    "SelCardsAutoOK|False\r\n"
+    "SelCardsAutoCook|False\r\n";
 
 // A profile with the named classes whole in its On layer and the given range text.
 inline PlayerProfile MakeProfile(const std::string& name, const std::vector<std::string>& onClasses,
