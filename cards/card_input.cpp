@@ -2,15 +2,10 @@
 
 #include <array>
 
+#include "cards/ascii_case.h"
+
 namespace quillet {
 namespace {
-
-char AsciiUpper(char c) {
-  return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-char AsciiLower(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 // Ranks at positions 1, 3, 5, ... (counted from 1) upper case, suits at 2, 4, 6, ... lower case.
 void NormaliseCardCase(std::string& text) {

@@ -1,5 +1,6 @@
 #include "range/class_list.h"
 
+#include "cards/ascii_case.h"
 #include "cards/card.h"
 #include "cards/hand_class.h"
 
@@ -12,18 +13,11 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
-char Upper(char c) {
-  return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-char Lower(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 // The class number of one written name, or -1.
 int ClassOfName(std::string_view written) {
   if (written.size() != 2 && written.size() != 3) return -1;
-  std::string name{Upper(written[0]), Upper(written[1])};
-  if (written.size() == 3) name.push_back(Lower(written[2]));
+  std::string name{AsciiUpper(written[0]), AsciiUpper(written[1])};
+  if (written.size() == 3) name.push_back(AsciiLower(written[2]));
   if (name.size() == 3 && name[2] == 'o') {
     const int offsuit = FindClassByName(name.substr(0, 2));
     return (offsuit >= 0 && HandClasses()[offsuit].kind == kKindOffsuit) ? offsuit : -1;

@@ -1,24 +1,18 @@
 #include "range/my_hand_range.h"
 
+#include "cards/ascii_case.h"
 #include "cards/card.h"
 #include "range/card_text_colour.h"
 
 namespace quillet {
 namespace {
 
-char Upper(char c) {
-  return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-char Lower(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool IsRank(char c) {
-  const char r = Upper(c);
+  const char r = AsciiUpper(c);
   return RankFromChar(std::string_view(&r, 1)) != kNoCard;
 }
 int32_t SuitOf(char c, bool eitherCase) {
-  const char s = eitherCase ? Lower(c) : c;
+  const char s = eitherCase ? AsciiLower(c) : c;
   return SuitFromChar(std::string_view(&s, 1));
 }
 

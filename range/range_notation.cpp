@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "cards/ascii_case.h"
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
 #include "range/range_text.h"
@@ -25,16 +26,9 @@ bool IsSeparator(char c) {
   return c == ',' || IsBlank(c);
 }
 
-char Upper(char c) {
-  return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-char Lower(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 std::string Lowered(std::string_view text) {
   std::string s(text);
-  for (char& c : s) c = Lower(c);
+  for (char& c : s) c = AsciiLower(c);
   return s;
 }
 
@@ -82,7 +76,7 @@ struct Term {
 };
 
 int32_t RankOf(char c) {
-  const char upper = Upper(c);
+  const char upper = AsciiUpper(c);
   return RankFromChar(std::string_view(&upper, 1));
 }
 
@@ -110,7 +104,7 @@ std::optional<Term> ReadTerm(std::string_view text) {
     return term;
   }
   if (a == b) return {};  // a pair has no suited or offsuit form
-  const char suffix = Lower(text[2]);
+  const char suffix = AsciiLower(text[2]);
   if (suffix == 's') {
     term.kind = Term::Kind::Suited;
   } else if (suffix == 'o') {

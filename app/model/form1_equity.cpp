@@ -25,6 +25,19 @@ std::string NoShowdownReason(const RangeEquityResult& result, const HoldingSet& 
   return "every holding of My Hand's range shares a card with every holding of the opponent's";
 }
 
+// The two equity read-outs (captions, my read-out's colour) and the fields behind them; the tooltips are the
+// caller's.
+void ShowEquityReadOuts(Form1Model& form, const EquityResult& values, int32_t street, bool ofMyRange) {
+  form.myEquity = values.my;
+  form.oppEquity = values.opp;
+  form.equityStreet = street;
+  form.equityOfMyRange = ofMyRange;
+  form.lblMyEquity.caption = FormatEquityReadOut(form.myEquity);
+  form.lbloppEquity.caption = FormatEquityReadOut(form.oppEquity);
+  form.lblMyEquity.opaque = true;
+  form.lblMyEquity.backColour = EquityColour(EquityToInteger(form.myEquity));
+}
+
 }  // namespace
 
 void Form1Model::ClearEquityDisplay() {
@@ -60,14 +73,7 @@ void Form1Model::cmdCalcEquity_Click() {
   for (const std::string& message : outcome.messages) services.MsgBox(message);
 
   command.backColour = label(CommandLabel::lblOptions).backColour;
-  myEquity = outcome.values.my;
-  oppEquity = outcome.values.opp;
-  equityStreet = outcome.street;
-  equityOfMyRange = false;
-  lblMyEquity.caption = FormatEquityReadOut(myEquity);
-  lbloppEquity.caption = FormatEquityReadOut(oppEquity);
-  lblMyEquity.opaque = true;
-  lblMyEquity.backColour = EquityColour(EquityToInteger(myEquity));
+  ShowEquityReadOuts(*this, outcome.values, outcome.street, false);
   if (outcome.tally) {
     lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
     lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
@@ -97,14 +103,7 @@ void Form1Model::CalcMyRangeEquity() {
     return;
   }
   const EquityResult values = EquityFromTally(result.tally);  // -1 and -1 without a showdown
-  myEquity = values.my;
-  oppEquity = values.opp;
-  equityStreet = cards.street;
-  equityOfMyRange = true;
-  lblMyEquity.caption = FormatEquityReadOut(myEquity);
-  lbloppEquity.caption = FormatEquityReadOut(oppEquity);
-  lblMyEquity.opaque = true;
-  lblMyEquity.backColour = EquityColour(EquityToInteger(myEquity));
+  ShowEquityReadOuts(*this, values, cards.street, true);
   if (result.tally.Showdowns() == 0) {
     lblMyEquity.toolTip = ShowdownTallyText(result.tally) + ": " + NoShowdownReason(result, mine, theirs);
     lbloppEquity.toolTip = lblMyEquity.toolTip;
