@@ -5,10 +5,10 @@
 #include <benchmark/benchmark.h>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "range/player_profile.h"
 #include "range/range_text.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {

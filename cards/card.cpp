@@ -24,7 +24,9 @@ std::string CardToText(Card card) {
   return text;
 }
 
-std::string ComboToText(const HandCombo& combo) { return CardToText(combo.card1()) + CardToText(combo.card2()); }
+std::string ComboToText(const HandCombo& combo) {
+  return CardToText(combo.card1()) + CardToText(combo.card2());
+}
 
 int32_t ComboKind(const HandCombo& combo) {
   if (combo.rank1 == combo.rank2) return kKindPair;

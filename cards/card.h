@@ -54,7 +54,9 @@ struct BoardCards {
 };
 
 // Number of board cards that exist on a street (0, 3, 4 or 5).
-constexpr int BoardCardCount(int32_t street) { return street == kNoBoard ? 0 : street + 2; }
+constexpr int BoardCardCount(int32_t street) {
+  return street == kNoBoard ? 0 : street + 2;
+}
 
 // One two-card holding. The flag is set when the holding is put in a list; the cook clears it for dead
 // holdings and the categories use it to mark copies that also stand in a draw entry.
@@ -92,6 +94,8 @@ int32_t ComboKind(const HandCombo& combo);
 int32_t ComboSortKey(const HandCombo& combo);
 // Stable bubble sort ascending by ComboSortKey over the first `count` holdings of the list.
 void SortCombos(std::vector<HandCombo>& list, int count);
-inline void SortCombos(std::vector<HandCombo>& list) { SortCombos(list, static_cast<int>(list.size())); }
+inline void SortCombos(std::vector<HandCombo>& list) {
+  SortCombos(list, static_cast<int>(list.size()));
+}
 
 }  // namespace quillet

@@ -57,9 +57,12 @@ int ClassOfCombo(const HandCombo& combo) {
   const int32_t high = a > b ? a : b;
   const int32_t low = a > b ? b : a;
   switch (ComboKind(combo)) {
-    case kKindPair: return ClassIndex(a, a);
-    case kKindSuited: return ClassIndex(high, low);
-    default: return ClassIndex(low, high);
+    case kKindPair:
+      return ClassIndex(a, a);
+    case kKindSuited:
+      return ClassIndex(high, low);
+    default:
+      return ClassIndex(low, high);
   }
 }
 

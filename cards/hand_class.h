@@ -29,7 +29,9 @@ struct HandClass {
 };
 
 // Class number of row rank R and column rank C (both 2..14).
-constexpr int ClassIndex(int32_t rowRank, int32_t columnRank) { return 13 * (14 - rowRank) + (14 - columnRank); }
+constexpr int ClassIndex(int32_t rowRank, int32_t columnRank) {
+  return 13 * (14 - rowRank) + (14 - columnRank);
+}
 
 const std::array<HandClass, kClassCount>& HandClasses();
 // Class number whose name equals `name` exactly, or -1.

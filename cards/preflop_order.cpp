@@ -4,6 +4,7 @@ namespace quillet {
 
 std::vector<PreflopRow> InitPreflopOrder() {
   // Row 75 carries 48.1 where its cumulative share would round to 48.6; the value is kept as listed.
+  // clang-format off
   return {
     {0.5, "AA"},
     {1.4, "KK,QQ"},
@@ -153,6 +154,7 @@ std::vector<PreflopRow> InitPreflopOrder() {
     {99.1, "72"},
     {100.0, "32"},
   };
+  // clang-format on
 }
 
 const std::vector<PreflopRow>& PreflopOrder() {
@@ -165,7 +167,8 @@ std::vector<std::string> SplitClassList(std::string_view text) {
   std::size_t start = 0;
   while (true) {
     const std::size_t comma = text.find(',', start);
-    names.emplace_back(text.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
+    names.emplace_back(
+        text.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
     if (comma == std::string_view::npos) break;
     start = comma + 1;
   }

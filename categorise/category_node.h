@@ -13,9 +13,9 @@ namespace quillet {
 inline constexpr int kCategoryCount = 55;
 
 struct CategoryNode {
-  std::string label;    // "*One pair" (top level), ">*T pair" (child), "*" alone (a spacer)
-  std::string iconKey;  // key of the entry's icon in the tree's image list; may be empty
-  bool nonEmpty = true;  // after a classification: whether the entry holds any holding
+  std::string label;              // "*One pair" (top level), ">*T pair" (child), "*" alone (a spacer)
+  std::string iconKey;            // key of the entry's icon in the tree's image list; may be empty
+  bool nonEmpty = true;           // after a classification: whether the entry holds any holding
   std::vector<HandCombo> combos;  // the holdings, in the order they were added
   int32_t count = 0;              // number of holdings in `combos`
 };

@@ -174,8 +174,7 @@ bool KnownCardsAreDistinct(const HandCards& myHand, const BoardCards& board, int
 // `byHolding` (one entry per entry of `combos`, zero for those that take no part).
 template <bool kByHolding>
 void Enumerate(const HandCards& myHand, const BoardCards& board, int32_t street,
-               std::span<const HandCombo> combos, Tally& tally,
-               std::span<ShowdownCounts> byHolding) {
+               std::span<const HandCombo> combos, Tally& tally, std::span<ShowdownCounts> byHolding) {
   if (street != kFlop && street != kTurn) return;
   const int known = BoardCardCount(street);
   const int comingCount = 5 - known;

@@ -34,7 +34,9 @@ void SetBlockWhole(BlockRecord& record, bool suited) {
     WriteEntries(record, {{0, 1}, {0, 2}, {0, 3}, {1, 2}, {1, 3}, {2, 3}});
   } else if (!suited) {
     record.offsuit = kTrue16;
-    WriteEntries(record, {{0, 1}, {0, 2}, {0, 3}, {1, 0}, {1, 2}, {1, 3}, {2, 0}, {2, 1}, {2, 3}, {3, 0}, {3, 1}, {3, 2}});
+    WriteEntries(
+        record,
+        {{0, 1}, {0, 2}, {0, 3}, {1, 0}, {1, 2}, {1, 3}, {2, 0}, {2, 1}, {2, 3}, {3, 0}, {3, 1}, {3, 2}});
   } else {
     WriteEntries(record, {{0, 0}, {1, 1}, {2, 2}, {3, 3}});
   }
@@ -63,7 +65,8 @@ void UpdateBlockFlags(BlockRecord& record) {
     }
   } else if (count <= 12) {
     bool noneSuited = true;
-    for (int i = 0; i < count; ++i) noneSuited = noneSuited && record.combos[i].suit1 != record.combos[i].suit2;
+    for (int i = 0; i < count; ++i)
+      noneSuited = noneSuited && record.combos[i].suit1 != record.combos[i].suit2;
     if (noneSuited) {
       record.offsuit = kTrue16;
       if (count == 12) record.whole = kTrue16;

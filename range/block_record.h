@@ -29,7 +29,7 @@ struct BlockRecord {
   int32_t rank1 = 0;
   int32_t rank2 = 0;
   std::array<SuitPairEntry, kSuitPairSlots> combos{};  // the first `count` entries are in use
-  int32_t count = 0;                                  // 0: the block is out of the layer
+  int32_t count = 0;                                   // 0: the block is out of the layer
   Bool16 suited = kFalse16;
   Bool16 offsuit = kFalse16;
   Bool16 whole = kFalse16;  // the block was put into the layer whole

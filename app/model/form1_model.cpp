@@ -11,8 +11,8 @@ namespace quillet {
 
 Form1Model::Form1Model(WindowServices& windowServices) : services(windowServices) {
   static constexpr const char* kCaptions[kCommandLabelCount] = {
-      "All",  "Any Pair",    "Any Suited", "Any Broadway", "Clear On", "Clear Seen", "Clear All",
-      "Cook", "Calc Equity", "Options",    "Help",         "Visit Website", "Save", "Delete"};
+      "All",  "Any Pair",    "Any Suited", "Any Broadway", "Clear On",      "Clear Seen", "Clear All",
+      "Cook", "Calc Equity", "Options",    "Help",         "Visit Website", "Save",       "Delete"};
   for (int i = 0; i < kCommandLabelCount; ++i) commandLabels[i].caption = kCaptions[i];
   label(CommandLabel::lblSave).visible = false;
   label(CommandLabel::lblDelete).visible = false;
@@ -26,9 +26,15 @@ void Form1Model::InitHandGrid() {
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
     switch (classes[i].kind) {
-      case kKindPair: grid.baseColour[i] = scheme.pairBase; break;
-      case kKindSuited: grid.baseColour[i] = scheme.suitedBase; break;
-      default: grid.baseColour[i] = scheme.offsuitBase; break;
+      case kKindPair:
+        grid.baseColour[i] = scheme.pairBase;
+        break;
+      case kKindSuited:
+        grid.baseColour[i] = scheme.suitedBase;
+        break;
+      default:
+        grid.baseColour[i] = scheme.offsuitBase;
+        break;
     }
   }
 }

@@ -19,8 +19,8 @@ struct InputRun {
   bool ok = false;
 
   InputRun(std::string h, std::string b) : hand(std::move(h)), board(std::move(b)) {
-    ok = ReadCardInputs(hand, board, [this](std::string_view m) { messages.emplace_back(m); }, handCards,
-                        boardCards, street);
+    ok = ReadCardInputs(
+        hand, board, [this](std::string_view m) { messages.emplace_back(m); }, handCards, boardCards, street);
   }
 };
 

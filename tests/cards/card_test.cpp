@@ -86,8 +86,7 @@ TEST(SortCombos, KeepsTheOrderOfEqualKeys) {
 
 TEST(SortCombos, SortsOnlyTheFirstCountEntries) {
   std::vector<HandCombo> list = {
-      HandCombo{true, 2, 0, 3, 1},
-      HandCombo{true, 14, 0, 14, 1},
+      HandCombo{true, 2, 0, 3, 1}, HandCombo{true, 14, 0, 14, 1},
       HandCombo{true, 14, 2, 14, 3},  // outside the count: stays last although its key is low
   };
   list.insert(list.begin() + 2, HandCombo{true, 5, 0, 4, 1});

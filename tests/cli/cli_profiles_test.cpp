@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/cli/cli_run.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet::cli {
 namespace {

@@ -79,8 +79,7 @@ TEST(CountShowdownsByHolding, EachHoldingGetsExactlyTheShowdownsOfThatHoldingAlo
   for (const Spot& spot : kSpots) {
     const HandCards hand = Hand(spot.hand);
     const BoardCards board = Board(spot.board);
-    const std::vector<ShowdownCounts> counts =
-        ByHolding(hand, board, spot.street, holdings);
+    const std::vector<ShowdownCounts> counts = ByHolding(hand, board, spot.street, holdings);
     for (std::size_t k = 0; k < holdings.size(); ++k) {
       const std::vector<HandCombo> alone{holdings[k]};
       EXPECT_EQ(counts[k], CountShowdowns(hand, board, spot.street, alone))
@@ -121,14 +120,12 @@ TEST(CountShowdownsByHolding, HoldingsThatTakeNoPartGetZeroAndOtherStreetsCountN
   HandCombo flaggedOff = Holding("KcKs");
   flaggedOff.flag = false;
   const std::vector<HandCombo> holdings{flaggedOff, HandCombo{true, 15, 0, 2, 1}, Holding("QcQd")};
-  const std::vector<ShowdownCounts> counts =
-      ByHolding(Hand("AhKd"), Board("Tc8h3s"), kFlop, holdings);
+  const std::vector<ShowdownCounts> counts = ByHolding(Hand("AhKd"), Board("Tc8h3s"), kFlop, holdings);
   EXPECT_EQ(counts[0], ShowdownCounts{});
   EXPECT_EQ(counts[1], ShowdownCounts{});
   EXPECT_EQ(counts[2].total, 990);
   for (int32_t street : {kNoBoard, kRiver}) {
-    const std::vector<ShowdownCounts> none =
-        ByHolding(Hand("AhKd"), Board("Tc8h3s2d4c"), street, holdings);
+    const std::vector<ShowdownCounts> none = ByHolding(Hand("AhKd"), Board("Tc8h3s2d4c"), street, holdings);
     EXPECT_EQ(Sum(none), ShowdownCounts{}) << street;
   }
 }

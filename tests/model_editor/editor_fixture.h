@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 

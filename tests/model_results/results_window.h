@@ -6,11 +6,11 @@
 #include <string>
 
 #include "app/model/form1_model.h"
-#include "tests/support/generic_profile_window.h"
-#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "range/block_record.h"
 #include "range/player_profile.h"
+#include "tests/support/generic_profile_window.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet::testing {
 

@@ -2,10 +2,10 @@
 
 #include "app/model/form1_model.h"
 #include "app/model/web_addresses.h"
-#include "tests/support/recording_services.h"
 #include "storage/preferences_file.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/model_in_folder.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/storage/file_size_limit.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/model_in_folder.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {

@@ -2,9 +2,9 @@
 
 #include "app/model/form1_model.h"
 #include "app/model/web_addresses.h"
-#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "tests/model_window/window_test_fixture.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {

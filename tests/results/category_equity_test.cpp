@@ -102,7 +102,8 @@ ShowdownTally BruteForce(const CardInputs& cards, const HandCombo& holding, Show
     bool myWin = false;
     bool oppWin = false;
     if (rules == ShowdownRules::Quillet) {
-      const ShowdownResult result = testing::CompareShowdown(cards.hand, holding, testing::MakeBoardRecord(five));
+      const ShowdownResult result =
+          testing::CompareShowdown(cards.hand, holding, testing::MakeBoardRecord(five));
       myWin = result.myWin;
       oppWin = result.oppWin;
     } else {

@@ -63,8 +63,8 @@ TEST(StandardTallyByHolding, EachHoldingGetsExactlyTheTallyOfThatHoldingAlone) {
 TEST(StandardTallyByHolding, DeadFlaggedOffAndMalformedHoldingsGetZero) {
   HandCombo flaggedOff = Holding("KcKs");
   flaggedOff.flag = false;
-  const std::vector<HandCombo> holdings{flaggedOff, Holding("AhQc"), Holding("TcJc"), HandCombo{true, 9, 1, 9, 1},
-                                        Holding("QcQd")};
+  const std::vector<HandCombo> holdings{flaggedOff, Holding("AhQc"), Holding("TcJc"),
+                                        HandCombo{true, 9, 1, 9, 1}, Holding("QcQd")};
   const std::vector<ShowdownTally> tallies = ByHolding(Hand("AhKd"), Board("Tc8h3s"), kFlop, holdings);
   for (int k = 0; k < 4; ++k) EXPECT_EQ(tallies[k], ShowdownTally{}) << k;
   EXPECT_EQ(tallies[4].Showdowns(), 990u);

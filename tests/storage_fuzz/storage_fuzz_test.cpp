@@ -7,11 +7,11 @@
 #include <random>
 
 #include "app/model/form1_model.h"
-#include "tests/support/recording_services.h"
 #include "cards/hand_class.h"
 #include "storage/preferences_file.h"
 #include "storage/profile_file.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/recording_services.h"
 
 namespace quillet {
 namespace {

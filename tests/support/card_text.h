@@ -14,8 +14,8 @@
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
 #include "equity/board_record.h"
-#include "tests/support/reference_showdown.h"
 #include "equity/deck.h"
+#include "tests/support/reference_showdown.h"
 
 namespace quillet::testing {
 
