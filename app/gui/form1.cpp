@@ -310,10 +310,12 @@ void Form1::ConnectEvents() {
   connect(txtMyHand_, &CardTextBox::edited, this, [this] {
     model_.txtMyHand.text = txtMyHand_->Text();
     model_.txtMyHand.charColours = txtMyHand_->CharColours();
+    if (model_.frmSelCards.visible) Act([this] { model_.txtMyHand_Change(); });
   });
   connect(txtBoard_, &CardTextBox::edited, this, [this] {
     model_.txtBoard.text = txtBoard_->Text();
     model_.txtBoard.charColours = txtBoard_->CharColours();
+    if (model_.frmSelCards.visible) Act([this] { model_.txtBoard_Change(); });
   });
   connect(txtMyHand_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
   connect(txtBoard_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtBoard_Click(); }); });
@@ -622,17 +624,22 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 
 bool Form1::SliderKey(QKeyEvent* event, bool down) {
   if (event->isAutoRepeat() && !down) return false;  // a held key: only its last release counts
-  // A modifier alone, or a key with Ctrl or Alt (the window's shortcuts, Ctrl+Z among them), moves nothing:
-  // it must not start the timer that puts the slider's place into the range again.
+  // Only the keys that move the slider start the timer that puts its place into the range, and only the
+  // release of the key that started it stops it. Any other key (Tab and Shift+Tab, whose press or release
+  // lands here as the focus comes or goes, a modifier alone, the window's Ctrl and Alt shortcuts) moves
+  // nothing and must not apply the slider's place.
   const int pressed = event->key();
-  if (pressed == Qt::Key_Control || pressed == Qt::Key_Shift || pressed == Qt::Key_Alt ||
-      pressed == Qt::Key_Meta || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
-    return false;
-  }
+  const bool moves = pressed == Qt::Key_Left || pressed == Qt::Key_Right || pressed == Qt::Key_Up ||
+                     pressed == Qt::Key_Down || pressed == Qt::Key_PageUp || pressed == Qt::Key_PageDown ||
+                     pressed == Qt::Key_Home || pressed == Qt::Key_End;
+  if (!moves || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) return false;
   if (down) {
-    sliderKeyHeld_ = true;
-    Act([this] { model_.Slider1_KeyDown(); });
-  } else {
+    if (!sliderKeyHeld_) {
+      sliderKeyHeld_ = true;
+      sliderHeldKey_ = pressed;
+      Act([this] { model_.Slider1_KeyDown(); });
+    }
+  } else if (sliderKeyHeld_ && pressed == sliderHeldKey_) {
     sliderKeyHeld_ = false;
     // A key tapped faster than the timer's first tick still moves the range.
     Act([this] {
@@ -644,6 +651,13 @@ bool Form1::SliderKey(QKeyEvent* event, bool down) {
     });
   }
   return false;
+}
+
+void Form1::SliderFocusLost() {
+  // The held key's release goes to wherever the focus went: the hold ends here, and the timer with it.
+  if (!sliderKeyHeld_) return;
+  sliderKeyHeld_ = false;
+  Act([this] { model_.Slider1_KeyUp(); });
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
@@ -681,6 +695,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
   } else if (watched == slider_) {
     if (type == QEvent::KeyPress) return SliderKey(static_cast<QKeyEvent*>(event), true);
     if (type == QEvent::KeyRelease) return SliderKey(static_cast<QKeyEvent*>(event), false);
+    if (type == QEvent::FocusOut) SliderFocusLost();
     if (type == QEvent::MouseButtonRelease) {
       auto* mouse = static_cast<QMouseEvent*>(event);
       const int button = ButtonNumber(mouse->button());

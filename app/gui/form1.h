@@ -86,6 +86,7 @@ class Form1 : public QWidget {
   void SyncTimer(QTimer& timer, const TimerState& state, uint64_t& shownArm);
   void TimerFired(QTimer& timer, const std::function<void()>& handler);
   bool SliderKey(QKeyEvent* event, bool down);
+  void SliderFocusLost();
   // The range notation box under the grid and the grid's Ctrl+C / Ctrl+V.
   void BuildNotationBox();
   void ShowNotationBox();
@@ -113,6 +114,7 @@ class Form1 : public QWidget {
   QSlider* slider_ = nullptr;
   bool showingSlider_ = false;
   bool sliderKeyHeld_ = false;
+  int sliderHeldKey_ = 0;
   int sliderAppliedValue_ = -1;
   QLabel* lblMyEquity_ = nullptr;
   QLabel* lbloppEquity_ = nullptr;

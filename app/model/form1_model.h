@@ -311,6 +311,11 @@ class Form1Model {
   // and its OK puts the two cards picked in place of the range.
   void lblMyHand_Click();
   void txtBoard_Click();  // also lblBoardCards_Click: opens the picker for the Board
+  // The user changed the box's text (`text` and `charColours` already hold it). While the picker is open
+  // for that box it follows the text: its chosen cells become the box's cards, so that its OK writes what
+  // was typed last rather than what the box held when the picker opened.
+  void txtMyHand_Change();
+  void txtBoard_Change();
   // The picker's OK wrote its text: put it into the target box and colour it (called by SelCardsModel).
   void WritePickedCards(bool targetMyHand, const std::string& text);
   void picSuit_Click(int index);
