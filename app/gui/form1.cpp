@@ -74,6 +74,7 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   ConnectEvents();
   BuildRangeHistoryKeys();
   BuildTreeCheckBoxes();
+  BuildKeyboard();
   services_.Attach(this);
 
   model_.geometry.treeTop = kTreeTop * kTwipsPerPixel;
@@ -557,6 +558,11 @@ void Form1::SyncTimer(QTimer& timer, const TimerState& state, uint64_t& shownArm
 void Form1::PopUpMenu(PopupMenuId menu) {
   Refresh();
   QMenu* popup = menu == PopupMenuId::Options ? optionsMenu_ : treeMenu_;
+  if (menuFromKey_ && menu == PopupMenuId::Options) {
+    const QWidget* label = commandLabel(CommandLabel::lblOptions);
+    popup->popup(label->mapToGlobal(QPoint(0, label->height())));
+    return;
+  }
   popup->popup(QCursor::pos());
 }
 
@@ -566,6 +572,7 @@ void Form1::FocusControl(ControlId control) {
       txtMyHand_->setFocus();
       break;
     case ControlId::txtBoard:
+      if (gridKeyActing_) break;
       txtBoard_->setFocus();
       break;
     case ControlId::txtRange:
@@ -615,6 +622,11 @@ void Form1::resizeEvent(QResizeEvent* event) {
 void Form1::closeEvent(QCloseEvent* event) {
   Act([this] { model_.Form_QueryUnload(); });
   event->accept();
+  emit closed();
+}
+
+void Form1::EndOfSession() {
+  Act([this] { model_.Form_QueryUnload(); });
 }
 
 void Form1::mouseMoveEvent(QMouseEvent* event) {

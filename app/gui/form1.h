@@ -39,6 +39,10 @@ class Form1 : public QWidget {
   // Shows the model's state in every control.
   void Refresh();
 
+  // The session ends: the profiles and the preferences are written as a close writes them; the window
+  // stays until the session manager ends the program.
+  void EndOfSession();
+
   // What the model's services ask of the window.
   void PopUpMenu(PopupMenuId menu);
   void FocusControl(ControlId control);
@@ -69,6 +73,10 @@ class Form1 : public QWidget {
   QTimer* tmrCalcEquity() { return &tmrCalcEquity_; }
   QTimer* tmrTVError() { return &tmrTVError_; }
 
+ signals:
+  // The window closed and wrote the profiles and the preferences.
+  void closed();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -93,12 +101,16 @@ class Form1 : public QWidget {
   // Ctrl+Z, Ctrl+Shift+Z, Ctrl+Y for the range, and the tree's check boxes (form1_range_history.cpp).
   void BuildRangeHistoryKeys();
   void BuildTreeCheckBoxes();
+  // F9, F10, the Tab order, the grid's keys and the tooltips of the boxes and menus (form1_keyboard.cpp).
+  void BuildKeyboard();
   void ShowTreeChecks();
 
   Form1Model& model_;
   QtWindowServices& services_;
   int acting_ = 0;
   bool resizing_ = false;
+  bool menuFromKey_ = false;    // the options menu opens under its label, not at the pointer
+  bool gridKeyActing_ = false;  // a key on the grid acts: the focus stays on the grid
 
   QComboBox* cmbPlayer_ = nullptr;
   std::vector<std::string> shownPlayers_;

@@ -58,9 +58,9 @@ std::string CommandLabelToolTip(CommandLabel label) {
       return "Cook: sort the opponent's range by what each hand makes on the board (Enter in My Hand or "
              "Board Cards)";
     case CommandLabel::cmdCalcEquity:
-      return "Calculate My Hand's equity against the opponent's range";
+      return "Calculate My Hand's equity against the opponent's range (F9)";
     case CommandLabel::lblOptions:
-      return "Display, appearance and operation options";
+      return "Display, appearance and operation options (F10)";
     case CommandLabel::lblHelp:
       return "Open the online guide in the browser";
     case CommandLabel::lblWebsite:
