@@ -64,8 +64,8 @@ EndRequests::EndRequests(Form1& form, Form1Model& model, QtWindowServices& servi
   // The session manager asks for the data at the end of a session; it ends the program itself afterwards
   // (or, when the user cancels the logout, the program goes on).
   if (auto* app = qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
-    connect(app, &QGuiApplication::commitDataRequest, &form_,
-            [this](QSessionManager&) { form_.EndOfSession(); });
+    connect(app, &QGuiApplication::commitDataRequest, this,
+            [&form](QSessionManager&) { form.EndOfSession(); });
   }
 
   openModel = &model;
