@@ -63,6 +63,7 @@ class Form1 : public QWidget {
   QTreeWidget* TV() const { return tree_; }
   QMenu* mnuOptions() const { return optionsMenu_; }
   QMenu* mnuTV() const { return treeMenu_; }
+  QMenu* mnuEquity() const { return equityMenu_; }
   QAction* menuAction(const char* name) const;
   SelCardsWindow* frmSelCards() const { return picker_; }
   QTimer* tmrSliderMoving() { return &tmrSliderMoving_; }
@@ -127,6 +128,7 @@ class Form1 : public QWidget {
 
   QMenu* optionsMenu_ = nullptr;
   QMenu* treeMenu_ = nullptr;
+  QMenu* equityMenu_ = nullptr;  // the read-outs' right-click menu
   QAction* switchScheme_ = nullptr;
   QAction* keepOnlyChecked_ = nullptr;
   struct TickAction {
