@@ -25,9 +25,8 @@ constexpr std::string_view kOwnRulesNote =
     "rules (best five of seven, ties split; My Hand then also takes a range).";
 
 constexpr std::string_view kMyHandRangeNote =
-    "This reads as a range (\"QQ+, AKs\"), which My Hand takes only under the standard showdown rules: "
-    "Options "
-    "> Operation > Standard Showdown Rules. Without them My Hand takes two cards (\"AhKd\").";
+    "This reads as a range (\"QQ+, AKs\"), which My Hand takes only under the standard showdown rules:\n"
+    "Options > Operation > Standard Showdown Rules. Without them My Hand takes two cards (\"AhKd\").";
 
 int HoldingsOfKind(int32_t kind) {
   switch (kind) {
