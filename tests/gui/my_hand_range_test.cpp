@@ -197,7 +197,8 @@ void MyHandRangeTest::aReadOutsRightClickMenuCopiesIt() {
   QVERIFY(opp->text() != form.lblMyEquity()->text());
   // A right click on Opp Equity pops up the menu with "Copy", which copies that read-out.
   Click(opp, Qt::RightButton);
-  QMenu* menu = form.mnuEquity();
+  auto* menu = form.findChild<QMenu*>(QStringLiteral("mnuEquity"));
+  QVERIFY(menu != nullptr);
   QTRY_VERIFY(menu->isVisible());
   QStringList titles;
   for (QAction* action : menu->actions()) titles << action->text();
