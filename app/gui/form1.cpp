@@ -149,9 +149,12 @@ void Form1::BuildControls() {
   readOut.setBold(true);
   lblMyEquity_->setFont(readOut);
   lbloppEquity_->setFont(readOut);
-  // A read-out's value can be selected with the mouse and copied (Ctrl+C or its right-click menu).
+  // A read-out's value can be selected with the mouse and copied (Ctrl+C or its right-click menu, which is
+  // the window's own: a label's built-in one offers only links).
   lblMyEquity_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lbloppEquity_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lblMyEquity_->setContextMenuPolicy(Qt::CustomContextMenu);
+  lbloppEquity_->setContextMenuPolicy(Qt::CustomContextMenu);
 
   // The grid with its hint, the suit matrix, the range text and slider, the quick-select commands.
   QLabel* hint = caption(QString::fromLatin1(kHint), 8, 110, 452, 32, Qt::AlignLeft | Qt::AlignVCenter);
@@ -269,10 +272,20 @@ void Form1::BuildMenus() {
   QAction* copy = treeMenu_->addAction(QStringLiteral("Copy Results to Clipboard"));
   copy->setObjectName(QStringLiteral("mnuCopyToClipboard"));
   connect(copy, &QAction::triggered, this, [this] { Act([this] { model_.mnuCopyToClipboard_Click(); }); });
+
+  equityMenu_ = new QMenu(QStringLiteral("Equity"), this);
+  equityMenu_->setObjectName(QStringLiteral("mnuEquity"));
+  QAction* copyEquity = equityMenu_->addAction(QStringLiteral("Copy"));
+  copyEquity->setObjectName(QStringLiteral("mnuCopyEquity"));
+  connect(copyEquity, &QAction::triggered, this, [this] { Act([this] { model_.mnuCopyEquity_Click(); }); });
+  connect(lblMyEquity_, &QWidget::customContextMenuRequested, this,
+          [this] { Act([this] { model_.lblMyEquity_MouseUp(kRightButton); }); });
+  connect(lbloppEquity_, &QWidget::customContextMenuRequested, this,
+          [this] { Act([this] { model_.lbloppEquity_MouseUp(kRightButton); }); });
 }
 
 QAction* Form1::menuAction(const char* name) const {
-  for (QMenu* menu : {optionsMenu_, treeMenu_}) {
+  for (QMenu* menu : {optionsMenu_, treeMenu_, equityMenu_}) {
     if (auto* action = menu->findChild<QAction*>(QString::fromLatin1(name))) return action;
   }
   return nullptr;
@@ -441,6 +454,9 @@ void Form1::Refresh() {
   ShowPlayerBox();
 
   txtMyHand_->ShowState(model_.txtMyHand);
+  if (const QString tip = ToQString(model_.MyHandToolTip()); txtMyHand_->toolTip() != tip) {
+    txtMyHand_->setToolTip(tip);
+  }
   txtBoard_->ShowState(model_.txtBoard);
 
   const QString rangeText = ToQString(model_.txtRange.text);
@@ -557,7 +573,9 @@ void Form1::SyncTimer(QTimer& timer, const TimerState& state, uint64_t& shownArm
 
 void Form1::PopUpMenu(PopupMenuId menu) {
   Refresh();
-  QMenu* popup = menu == PopupMenuId::Options ? optionsMenu_ : treeMenu_;
+  QMenu* popup = menu == PopupMenuId::Options ? optionsMenu_
+                 : menu == PopupMenuId::Tree  ? treeMenu_
+                                              : equityMenu_;
   if (menuFromKey_ && menu == PopupMenuId::Options) {
     const QWidget* label = commandLabel(CommandLabel::lblOptions);
     popup->popup(label->mapToGlobal(QPoint(0, label->height())));

@@ -141,6 +141,7 @@ class Form1 : public QWidget {
 
   QMenu* optionsMenu_ = nullptr;
   QMenu* treeMenu_ = nullptr;
+  QMenu* equityMenu_ = nullptr;  // the read-outs' right-click menu
   QAction* switchScheme_ = nullptr;
   QAction* keepOnlyChecked_ = nullptr;
   struct TickAction {

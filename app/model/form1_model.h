@@ -241,6 +241,11 @@ class Form1Model {
   void mnuCalcEquityOnCook_Click();
   void mnuAutoPFEquityCalc_Click();
   void mnuStandardShowdownRules_Click();
+  // A right click on a read-out (My Equity when `mine`) pops up its menu ("Copy") while it shows a value.
+  void lblMyEquity_MouseUp(int button);
+  void lbloppEquity_MouseUp(int button);
+  // The read-out menu's "Copy": the read-out the menu was opened on, as it shows ("57.3%"), to the clipboard.
+  void mnuCopyEquity_Click();
 
   // ---- hand grid (form1_grid.cpp) ----
   void DeselectAllBlocks();
@@ -428,8 +433,12 @@ class Form1Model {
   // A suit-matrix cell: its suit pair and what a click on it does to the selected blocks.
   std::string SuitCellToolTip(int cell) const;
   // An equity read-out (My Equity when `mine`, else Opp Equity): what it measures and, after a
-  // calculation, the unrounded value and how it was found.
+  // calculation, the unrounded value and how it was found; under this program's own showdown rules also
+  // those rules and where the standard ones are ticked.
   std::string EquityToolTip(bool mine) const;
+  // My Hand: empty, except while its text would be read as a range if "Standard Showdown Rules" were
+  // ticked (it is not): then it says so.
+  std::string MyHandToolTip() const;
   // A node of the results tree: for a category node the category's meaning in plain words; empty for the
   // holdings and groups, whose captions say all.
   std::string TreeNodeToolTip(int node) const;
@@ -457,6 +466,7 @@ class Form1Model {
   double oppEquity = 0.0;
   int32_t equityStreet = kNoBoard;
   bool equityOfMyRange = false;       // the read-outs give my range's equity (a range in My Hand)
+  bool equityMenuOfMine = true;       // the read-out menu was opened on My Equity (else Opp Equity)
   std::string lblCheckPossibleHands;  // the cook's three-line caption
   bool lblSeenVisible = false;
 
