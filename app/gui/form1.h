@@ -67,6 +67,7 @@ class Form1 : public QWidget {
   QTreeWidget* TV() const { return tree_; }
   QMenu* mnuOptions() const { return optionsMenu_; }
   QMenu* mnuTV() const { return treeMenu_; }
+  QMenu* mnuEquity() const { return equityMenu_; }
   QAction* menuAction(const char* name) const;
   SelCardsWindow* frmSelCards() const { return picker_; }
   QTimer* tmrSliderMoving() { return &tmrSliderMoving_; }

@@ -5,6 +5,7 @@
 #include <QShortcut>
 
 #include "app/gui/form1.h"
+#include "app/gui/qt_convert.h"
 
 namespace quillet::gui {
 namespace {
@@ -42,6 +43,7 @@ constexpr MenuTip kMenuTips[] = {
     {"mnuAdd2Range", "Make the selected holding of the results tree the range"},
     {"mnuKeepOnlyChecked", "Make the range exactly the holdings under the checked categories and groups"},
     {"mnuCopyToClipboard", "Copy the results tree to the clipboard as text"},
+    {"mnuCopyEquity", "Copy this equity read-out to the clipboard"},
 };
 
 }  // namespace
@@ -72,9 +74,7 @@ void Form1::BuildKeyboard() {
   QWidget* order[] = {cmbPlayer_, txtMyHand_, txtBoard_, grid_, txtNotation_, txtRange_, slider_, tree_};
   for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
 
-  txtMyHand_->setToolTip(QStringLiteral(
-      "My two cards, typed as AhKd (rank, then suit); a click opens the card picker, Enter cooks. With "
-      "Standard Showdown Rules ticked it may hold a range such as QQ+,AKs"));
+  txtMyHand_->setToolTip(ToQString(model_.MyHandToolTip()));
   txtBoard_->setToolTip(QStringLiteral(
       "The board: none, or three to five cards typed as Tc8h3s; a click opens the card picker, Enter cooks"));
   txtNotation_->setToolTip(QStringLiteral(
@@ -86,7 +86,7 @@ void Form1::BuildKeyboard() {
   slider_->setToolTip(QStringLiteral(
       "Drag it, or hold an arrow key on it, to make the range the strongest hands up to a share"));
 
-  for (QMenu* menu : {optionsMenu_, treeMenu_}) {
+  for (QMenu* menu : {optionsMenu_, treeMenu_, equityMenu_}) {
     menu->setToolTipsVisible(true);
     for (QMenu* sub : menu->findChildren<QMenu*>()) sub->setToolTipsVisible(true);
   }

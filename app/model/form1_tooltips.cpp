@@ -24,6 +24,9 @@ constexpr std::string_view kOwnRulesNote =
     "standard "
     "rules (best five of seven, ties split; My Hand then also takes a range).";
 
+constexpr std::string_view kMyHandTip =
+    "My two cards, typed as AhKd (rank, then suit); a click opens the card picker, Enter cooks. With "
+    "Standard Showdown Rules ticked it may hold a range such as QQ+,AKs";
 constexpr std::string_view kMyHandRangeNote =
     "This reads as a range (\"QQ+, AKs\"), which My Hand takes only under the standard showdown rules:\n"
     "Options > Operation > Standard Showdown Rules. Without them My Hand takes two cards (\"AhKd\").";
@@ -152,9 +155,11 @@ std::string Form1Model::EquityToolTip(bool mine) const {
 }
 
 std::string Form1Model::MyHandToolTip() const {
-  if (options.standardShowdownRules || txtMyHand.text.empty() || IsTwoCardText(txtMyHand.text)) return {};
-  if (!ParseRangeNotation(txtMyHand.text).ok()) return {};
-  return std::string(kMyHandRangeNote);
+  const std::string tip(kMyHandTip);
+  if (options.standardShowdownRules || txtMyHand.text.empty() || IsTwoCardText(txtMyHand.text)) return tip;
+  if (!ParseRangeNotation(txtMyHand.text).ok()) return tip;
+  // A range typed while the program's own rules are in force: the box says what would take it.
+  return tip + "\n" + std::string(kMyHandRangeNote);
 }
 
 std::string Form1Model::TreeNodeToolTip(int node) const {

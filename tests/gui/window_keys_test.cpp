@@ -221,7 +221,7 @@ void WindowKeysTest::theBoxesTheSliderAndEveryMenuItemHaveTooltips() {
     QVERIFY2(!widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
   }
   int items = 0;
-  for (QMenu* top : {form.mnuOptions(), form.mnuTV()}) {
+  for (QMenu* top : {form.mnuOptions(), form.mnuTV(), form.mnuEquity()}) {
     std::vector<QMenu*> menus{top};
     for (QMenu* sub : top->findChildren<QMenu*>()) menus.push_back(sub);
     for (QMenu* menu : menus) {
@@ -238,7 +238,7 @@ void WindowKeysTest::theBoxesTheSliderAndEveryMenuItemHaveTooltips() {
   // "Keep Only Checked" is in the tree's menu only while Check Boxes is ticked.
   QAction* keepOnlyChecked = form.menuAction("mnuKeepOnlyChecked");
   QVERIFY(!keepOnlyChecked->toolTip().isEmpty() && keepOnlyChecked->toolTip() != keepOnlyChecked->text());
-  QVERIFY(items >= 17);  // 11 options, 4 sub-menus, 2 items of the tree's menu
+  QVERIFY(items >= 18);  // 11 options, 4 sub-menus, 2 items of the tree's menu, the read-outs' Copy
 }
 
 void WindowKeysTest::sigtermClosesTheWindowAndWritesBothFiles() {
