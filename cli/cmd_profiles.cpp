@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "cards/hand_class.h"
+#include "cards/terminal_text.h"
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/range_option.h"
@@ -14,7 +15,6 @@
 #include "storage/file_lock.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
-#include "storage/terminal_text.h"
 
 namespace quillet::cli {
 namespace {
@@ -180,9 +180,8 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
         << " characters\n";
     return kExitBadInput;
   }
-  if (Cp1252ToUtf8(Utf8ToCp1252(name)) != name) {
-    err << "quillet-cli profiles add: \"" << Shown(name)
-        << "\" has characters the profile file cannot hold\n";
+  if (const std::string fault = ProfileNameCodePageFault(name); !fault.empty()) {
+    err << "quillet-cli profiles add: " << fault << "\n";
     return kExitBadInput;
   }
   if (!args.has("--range")) {

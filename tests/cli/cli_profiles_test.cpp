@@ -142,7 +142,10 @@ TEST_F(ProfilesCommand, ANameHasOneToFifteenCharactersAfterTrimming) {
 }
 
 TEST_F(ProfilesCommand, ANameTheFileCannotHoldIsRefused) {
-  EXPECT_EQ(Run({"add", "\xD0\x98van", "--range", "AA"}).status, 2);
+  const CliRun refused = Run({"add", "\xD0\x98van", "--range", "AA"});
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_EQ(refused.err,
+            "quillet-cli profiles add: \"\xD0\x98van\" has characters the profile file cannot hold\n");
   EXPECT_EQ(Run({"add", "Jos\xC3\xA9", "--range", "AA"}).status, 0);
   EXPECT_EQ(Run({"list"}).out, "Jos\xC3\xA9\n");
 }

@@ -11,10 +11,10 @@
 
 #include <chrono>
 
+#include "cards/terminal_text.h"
 #include "storage/file_io.h"
 #include "storage/file_lock.h"
 #include "storage/profile_file.h"
-#include "storage/terminal_text.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/killed_save.h"
 

@@ -1,4 +1,4 @@
-#include "storage/terminal_text.h"
+#include "cards/terminal_text.h"
 
 namespace quillet {
 namespace {
