@@ -3,6 +3,7 @@
 // shown as an escape instead of being obeyed.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,5 +13,13 @@ namespace quillet {
 // "\x1B"), C1 controls (U+0080 to U+009F) as "\uHHHH". Everything else, the backslash included, is left
 // as it is, so text without control characters comes out unchanged.
 std::string EscapeControlCharacters(std::string_view utf8);
+
+// How much of a user's text a one-line message quotes.
+inline constexpr std::size_t kLongestQuotedText = 40;
+
+// A user's text as a message quotes it: its first kLongestQuotedText characters, then "..." when there
+// are more, with control characters escaped as above. A short text without control characters comes out
+// unchanged.
+std::string QuotedExcerpt(std::string_view utf8);
 
 }  // namespace quillet

@@ -112,7 +112,7 @@ std::string LayerNotation(const RangeLayer& layer) {
 
 int List(const Args& args, std::ostream& out, std::ostream& err) {
   if (args.positional().size() != 1) {
-    err << "quillet-cli profiles list: unexpected word \"" << args.positional()[1] << "\"\n";
+    err << "quillet-cli profiles list: unexpected word \"" << Shown(args.positional()[1]) << "\"\n";
     return kExitBadInput;
   }
   std::vector<PlayerProfile> profiles;
