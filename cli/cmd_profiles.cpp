@@ -184,6 +184,12 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     err << "quillet-cli profiles add: " << fault << "\n";
     return kExitBadInput;
   }
+  if (const std::size_t textBytes = Utf8ToCp1252(args.rangeText).size();
+      textBytes > kLongestStoredRangeText) {
+    err << "quillet-cli profiles add: the range text is " << textBytes << " bytes long, more than the "
+        << kLongestStoredRangeText << " bytes a range text may have\n";
+    return kExitBadInput;
+  }
   if (!args.has("--range")) {
     err << "quillet-cli profiles add: --range LIST is needed (\"\" for an empty range)\n";
     return kExitBadInput;
