@@ -142,7 +142,8 @@ void AddTerm(HoldingSet& set, const Term& t) {
 }
 
 std::string Quoted(const Token& token) {
-  std::string quoted = "'";  // built by appending, as above
+  // Built by appending: GCC 12 warns falsely (-Wrestrict) on chains of operator+ here.
+  std::string quoted = "'";
   quoted += QuotedExcerpt(token.text);
   quoted += "' at column ";
   quoted += std::to_string(token.column);
@@ -387,8 +388,7 @@ void AppendHalf(const HoldingSet& set, int32_t high, const HighCardRuns& runs, b
 ParsedRange ParseRangeNotation(std::string_view text) {
   ParsedRange result;
   if (text.size() > kLongestRangeNotation) {
-    // Built by appending: GCC 12 warns falsely (-Wrestrict) on chains of operator+ here.
-    std::string message = "the range is ";
+    std::string message = "the range is ";  // built by appending, as Quoted is
     message += std::to_string(text.size());
     message += " bytes long, more than the ";
     message += std::to_string(kLongestRangeNotation);
