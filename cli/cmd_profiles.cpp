@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "cards/hand_class.h"
+#include "cards/terminal_text.h"
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "cli/range_option.h"
@@ -14,7 +15,6 @@
 #include "storage/file_lock.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
-#include "storage/terminal_text.h"
 
 namespace quillet::cli {
 namespace {
@@ -112,7 +112,7 @@ std::string LayerNotation(const RangeLayer& layer) {
 
 int List(const Args& args, std::ostream& out, std::ostream& err) {
   if (args.positional().size() != 1) {
-    err << "quillet-cli profiles list: unexpected word \"" << args.positional()[1] << "\"\n";
+    err << "quillet-cli profiles list: unexpected word \"" << Shown(args.positional()[1]) << "\"\n";
     return kExitBadInput;
   }
   std::vector<PlayerProfile> profiles;
@@ -180,9 +180,14 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
         << " characters\n";
     return kExitBadInput;
   }
-  if (Cp1252ToUtf8(Utf8ToCp1252(name)) != name) {
-    err << "quillet-cli profiles add: \"" << Shown(name)
-        << "\" has characters the profile file cannot hold\n";
+  if (const std::string fault = ProfileNameCodePageFault(name); !fault.empty()) {
+    err << "quillet-cli profiles add: " << fault << "\n";
+    return kExitBadInput;
+  }
+  if (const std::size_t textBytes = Utf8ToCp1252(args.rangeText).size();
+      textBytes > kLongestStoredRangeText) {
+    err << "quillet-cli profiles add: the range text is " << textBytes << " bytes long, more than the "
+        << kLongestStoredRangeText << " bytes a range text may have\n";
     return kExitBadInput;
   }
   if (!args.has("--range")) {

@@ -8,6 +8,7 @@
 #include <ostream>
 #include <string>
 
+#include "cards/terminal_text.h"
 #include "cli/commands.h"
 #include "cli/options.h"
 #include "equity/embedded_tables.h"
@@ -49,7 +50,8 @@ int Generate(const TablesArgs& args, std::ostream& out, std::ostream& err) {
       used = 0;
     }
     if (used != text->size() || threads < 1 || threads > 1024) {
-      err << "quillet-cli tables: --threads takes a whole number from 1 to 1024, not \"" << *text << "\"\n";
+      err << "quillet-cli tables: --threads takes a whole number from 1 to 1024, not \""
+          << EscapeControlCharacters(*text) << "\"\n";
       return kExitBadInput;
     }
   }

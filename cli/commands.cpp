@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "cards/terminal_text.h"
 #include "quillet/version.h"
 
 namespace quillet::cli {
@@ -54,7 +55,8 @@ int RunCli(const std::vector<std::string>& words, std::ostream& out, std::ostrea
   for (const Command& c : Commands()) {
     if (words[0] == c.name) return c.run(std::vector<std::string>(words.begin() + 1, words.end()), out, err);
   }
-  err << "quillet-cli: unknown command \"" << words[0] << "\" (see quillet-cli --help)\n";
+  err << "quillet-cli: unknown command \"" << EscapeControlCharacters(words[0])
+      << "\" (see quillet-cli --help)\n";
   return kExitBadInput;
 }
 

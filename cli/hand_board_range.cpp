@@ -1,5 +1,6 @@
 #include "cli/hand_board_range.h"
 
+#include "cards/terminal_text.h"
 #include "cli/range_option.h"
 #include "range/top_of_order.h"
 
@@ -19,7 +20,7 @@ std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const Hand
                                                  const std::vector<std::string>& positional,
                                                  const std::string& command, std::ostream& err) {
   if (!positional.empty()) {
-    err << command << ": unexpected argument \"" << positional.front() << "\"\n";
+    err << command << ": unexpected argument \"" << EscapeControlCharacters(positional.front()) << "\"\n";
     return std::nullopt;
   }
   for (const char* required : {"--hand", "--board"}) {
@@ -49,7 +50,7 @@ std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const Hand
   if (top) {
     const auto step = TopOfOrderStep(options.top);
     if (!step) {
-      err << command << ": --top: \"" << options.top
+      err << command << ": --top: \"" << EscapeControlCharacters(options.top)
           << "\" is not a percentage (digits with at most one \".\", \"-\" only first)\n";
       return std::nullopt;
     }

@@ -3,6 +3,7 @@
 #include "cards/ascii_case.h"
 #include "cards/card.h"
 #include "cards/hand_class.h"
+#include "cards/terminal_text.h"
 
 namespace quillet {
 namespace {
@@ -36,7 +37,7 @@ ClassList ParseClassList(std::string_view text) {
       const int c = ClassOfName(item);
       if (c < 0) {
         result.classes.clear();
-        result.error = "unknown starting-hand class \"" + std::string(item) +
+        result.error = "unknown starting-hand class \"" + QuotedExcerpt(item) +
                        "\" (write classes as AA, AKs, AK or AKo, separated by commas)";
         return result;
       }

@@ -6,6 +6,7 @@
 #include "cards/ascii_case.h"
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
+#include "cards/terminal_text.h"
 #include "range/range_text.h"
 #include "range/top_of_order.h"
 
@@ -141,7 +142,18 @@ void AddTerm(HoldingSet& set, const Term& t) {
 }
 
 std::string Quoted(const Token& token) {
-  return "'" + token.text + "' at column " + std::to_string(token.column);
+  // Built by appending: GCC 12 warns falsely (-Wrestrict) on chains of operator+ here.
+  std::string quoted = "'";
+  quoted += QuotedExcerpt(token.text);
+  quoted += "' at column ";
+  quoted += std::to_string(token.column);
+  return quoted;
+}
+
+// Whether the token is written as weights are ("AKs:0.5", "[50]AKs[/50]"). Text with control characters
+// in it (an escape sequence such as "\x1B[31m") is no attempt at weights, whatever brackets it holds.
+bool LooksLikeWeights(const std::string& text) {
+  return text.find_first_of(":[]") != std::string::npos && EscapeControlCharacters(text) == text;
 }
 
 RangeNotationError MakeError(RangeNotationError::Kind kind, const Token& token, const std::string& message) {
@@ -152,8 +164,16 @@ RangeNotationError Unknown(const Token& token) {
   return MakeError(RangeNotationError::Kind::UnknownToken, token, "unknown token " + Quoted(token));
 }
 
+// What one reading has put in so far.
+struct Reading {
+  HoldingSet holdings;
+  // The entries 0..percentWalked of the preflop order are in `holdings` (a percentage token put them
+  // there): a later percentage walks on from there rather than from the start.
+  int percentWalked = -1;
+};
+
 // "15%": the step of the preflop order the range box snaps the value to, and every step before it.
-std::optional<RangeNotationError> AddPercent(HoldingSet& set, const Token& token) {
+std::optional<RangeNotationError> AddPercent(Reading& reading, const Token& token) {
   const std::string_view number = std::string_view(token.text).substr(0, token.text.size() - 1);
   const bool hasDigit =
       std::any_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -166,11 +186,12 @@ std::optional<RangeNotationError> AddPercent(HoldingSet& set, const Token& token
   }
   // At or above the last step the box leaves the grid alone; as notation that value means every class.
   const std::vector<PreflopRow>& order = PreflopOrder();
-  for (int k = 0; k <= step->entry; ++k) {
+  for (int k = reading.percentWalked + 1; k <= step->entry; ++k) {
     for (const std::string& name : SplitClassList(order[k].classes)) {
-      for (const HandCombo& h : ExpandClassName(name)) set.insert(h.card1(), h.card2());
+      for (const HandCombo& h : ExpandClassName(name)) reading.holdings.insert(h.card1(), h.card2());
     }
   }
+  reading.percentWalked = std::max(reading.percentWalked, step->entry);
   return {};
 }
 
@@ -206,9 +227,10 @@ std::optional<RangeNotationError> AddRange(HoldingSet& set, const Token& token, 
       "range " + Quoted(token) + " needs ends with the same first rank or the same gap between the ranks");
 }
 
-std::optional<RangeNotationError> AddToken(HoldingSet& set, const Token& token) {
+std::optional<RangeNotationError> AddToken(Reading& reading, const Token& token) {
+  HoldingSet& set = reading.holdings;
   const std::string& text = token.text;
-  if (text.find_first_of(":[]") != std::string::npos) {
+  if (LooksLikeWeights(text)) {
     return MakeError(RangeNotationError::Kind::Weights, token,
                      "weights are not supported yet: " + Quoted(token));
   }
@@ -217,7 +239,7 @@ std::optional<RangeNotationError> AddToken(HoldingSet& set, const Token& token) 
     set |= HoldingSet::All();
     return {};
   }
-  if (text.back() == '%') return AddPercent(set, token);
+  if (text.back() == '%') return AddPercent(reading, token);
   const size_t dash = text.find('-');
   if (dash == std::string::npos) {
     const auto term = ReadTerm(text);
@@ -365,13 +387,23 @@ void AppendHalf(const HoldingSet& set, int32_t high, const HighCardRuns& runs, b
 
 ParsedRange ParseRangeNotation(std::string_view text) {
   ParsedRange result;
+  if (text.size() > kLongestRangeNotation) {
+    std::string message = "the range is ";  // built by appending, as Quoted is
+    message += std::to_string(text.size());
+    message += " bytes long, more than the ";
+    message += std::to_string(kLongestRangeNotation);
+    message += " bytes a range may have";
+    result.error = RangeNotationError{RangeNotationError::Kind::TooLong, {}, 0, std::move(message)};
+    return result;
+  }
+  Reading reading;
   for (const Token& token : Tokenise(text)) {
-    if (auto error = AddToken(result.holdings, token)) {
-      result.holdings = {};
+    if (auto error = AddToken(reading, token)) {
       result.error = std::move(error);
       return result;
     }
   }
+  result.holdings = reading.holdings;
   return result;
 }
 

@@ -14,7 +14,11 @@
 //   15%         the top of the preflop order, exactly as the range percentage box takes it: the step
 //               nearest to 15 and every step before it (a value at or above the last step is every class)
 // A class may be written low rank first ("KAs" is "AKs"). Duplicates collapse. Weights ("AKs:0.5",
-// "[50]AKs[/50]") are refused: they are not supported yet.
+// "[50]AKs[/50]") are refused: they are not supported yet. A text longer than kLongestRangeNotation bytes
+// is refused whole, before any token is read.
+//
+// A message quotes a token as QuotedExcerpt does (at most 40 characters, then "...", control characters
+// written as escapes), so that it stays one short, harmless line on a terminal or in a message box.
 //
 // Printing gives the shortest text in the usual order: pairs from the top down, then suited classes, then
 // offsuit ones, each by high card and then by kicker; runs of whole classes with the same first rank are
@@ -23,6 +27,7 @@
 // "all". Tokens are joined by ", ". Reading the printed text gives back exactly the same holdings.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,13 +36,18 @@
 
 namespace quillet {
 
+// The longest range text read, in bytes: as much as the notation box holds, and some four times the text
+// that names every one of the 1,326 holdings singly ("AhKh, AsKs, ...").
+inline constexpr std::size_t kLongestRangeNotation = 32767;
+
 struct RangeNotationError {
   enum class Kind {
-    UnknownToken,    // not a token of the notation
-    Weights,         // "AKs:0.5", "[50]": not supported yet
-    RangeEnds,       // the two ends of a range do not fit together
-    SameCardTwice,   // "AhAh"
-    PercentAbove100  // "150%"
+    UnknownToken,     // not a token of the notation
+    Weights,          // "AKs:0.5", "[50]": not supported yet
+    RangeEnds,        // the two ends of a range do not fit together
+    SameCardTwice,    // "AhAh"
+    PercentAbove100,  // "150%"
+    TooLong           // the whole text is longer than kLongestRangeNotation (no token, column 0)
   };
   Kind kind = Kind::UnknownToken;
   std::string token;    // the token as written (blanks around a range's "-" left out)

@@ -179,27 +179,40 @@ FileRead ReadWholeFile(const fs::path& path, std::size_t maxBytes, std::size_t h
     return result;
   }
   bytes.resize(done);
-  if (readOn && !readOn(bytes, result.size)) {
+  const ReadAt readAt = [&](std::uint64_t offset, char* data, std::size_t n) -> std::size_t {
+    std::size_t got = 0;
+    while (got < n) {
+      const ssize_t r = ::pread(fd.get(), data + got, n - got, static_cast<off_t>(offset + got));
+      if (r < 0 && errno == EINTR) continue;
+      if (r <= 0) break;
+      got += static_cast<std::size_t>(r);
+    }
+    return got;
+  };
+  if (readOn && !readOn(bytes, result.size, readAt)) {
     result.status = FileRead::Status::Stopped;
     result.bytes = std::move(bytes);
     return result;
   }
   bytes.resize(std::max(bytes.size(), static_cast<std::size_t>(st.st_size)));
+  char probe[4096];
   for (;;) {
-    if (done == bytes.size()) {
-      if (bytes.size() > maxBytes) {
-        result.reason = "it grew past " + std::to_string(maxBytes) + " bytes while being read";
-        return result;
-      }
-      bytes.resize(bytes.size() + 4096);  // the file may have grown since it was measured
+    // Once the file's measured length is in, a small probe looks for more (the file may have grown since
+    // it was measured): a file that did not grow costs one buffer of its own length.
+    const bool probing = done == bytes.size();
+    if (probing && bytes.size() > maxBytes) {
+      result.reason = "it grew past " + std::to_string(maxBytes) + " bytes while being read";
+      return result;
     }
-    const ssize_t n = ::read(fd.get(), bytes.data() + done, bytes.size() - done);
+    const ssize_t n = probing ? ::read(fd.get(), probe, sizeof probe)
+                              : ::read(fd.get(), bytes.data() + done, bytes.size() - done);
     if (n < 0) {
       if (errno == EINTR) continue;
       result.reason = ErrnoText(errno);
       return result;
     }
     if (n == 0) break;
+    if (probing) bytes.append(probe, static_cast<std::size_t>(n));
     done += static_cast<std::size_t>(n);
   }
   bytes.resize(done);

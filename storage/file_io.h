@@ -24,14 +24,17 @@ struct FileRead {
   std::uint64_t size = 0;  // the file's length when it was opened (Read, Stopped)
 };
 
-// Reads the whole file. Only a regular file is opened for reading (a pipe or a device could block or never
-// end), and a file longer than `maxBytes` is refused without being read.
+// Reads the whole file into one buffer of its length. Only a regular file is opened for reading (a pipe or
+// a device could block or never end), and a file longer than `maxBytes` is refused without being read.
 FileRead ReadWholeFile(const std::filesystem::path& path, std::size_t maxBytes);
 
 // The same, but first the file's first `headBytes` bytes (fewer when it is shorter) and its length are
 // handed to `readOn`; when that returns false the rest is not read and the result is Stopped. A file whose
-// head already shows it is of no use is so judged at the cost of its head, however long it is.
-using HeadCheck = std::function<bool(std::string_view head, std::uint64_t size)>;
+// head already shows it is of no use is so judged at the cost of its head, however long it is. `readAt`
+// lets the check look further, a few bytes at a time: it reads up to `n` bytes at `offset` into `data`
+// and returns how many it read (fewer at the file's end, 0 when reading failed).
+using ReadAt = std::function<std::size_t(std::uint64_t offset, char* data, std::size_t n)>;
+using HeadCheck = std::function<bool(std::string_view head, std::uint64_t size, const ReadAt& readAt)>;
 FileRead ReadWholeFile(const std::filesystem::path& path, std::size_t maxBytes, std::size_t headBytes,
                        const HeadCheck& readOn);
 

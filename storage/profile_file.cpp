@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cards/hand_class.h"
+#include "cards/terminal_text.h"
 #include "storage/byte_io.h"
 #include "storage/code_page.h"
 #include "storage/file_io.h"
@@ -36,11 +37,11 @@ class ProfileBlockReader {
 
   BlockFault Read(PlayerProfile& profile) {
     std::string name;
-    if (auto f = ReadCountedString("name", name); !f.why.empty()) return f;
+    if (auto f = ReadCountedString("name", kLongestStoredName, name); !f.why.empty()) return f;
     nameShown_ = Printable(name);
     profile.name = Cp1252ToUtf8(name);
     std::string text;
-    if (auto f = ReadCountedString("range text", text); !f.why.empty()) return f;
+    if (auto f = ReadCountedString("range text", kLongestStoredRangeText, text); !f.why.empty()) return f;
     profile.rangeText = Cp1252ToUtf8(text);
     const auto& classes = HandClasses();
     for (int c = 0; c < kClassCount; ++c) {
@@ -62,7 +63,7 @@ class ProfileBlockReader {
             "it ends after " + std::to_string(in_.offset() + in_.remaining()) + " bytes, inside " + Which()};
   }
 
-  BlockFault ReadCountedString(const char* what, std::string& out) {
+  BlockFault ReadCountedString(const char* what, std::size_t longest, std::string& out) {
     int32_t length = 0;
     if (!in_.I32(length)) return Truncated();
     if (length < 0) {
@@ -73,6 +74,11 @@ class ProfileBlockReader {
       return {true, "the " + std::string(what) + " of " + Which() + " is said to be " +
                         std::to_string(length) + " bytes long, but only " + std::to_string(in_.remaining()) +
                         " bytes follow"};
+    }
+    if (static_cast<std::size_t>(length) > longest) {
+      return {false, "the " + std::string(what) + " of " + Which() + " is " + std::to_string(length) +
+                         " bytes long, more than the " + std::to_string(longest) + " bytes a " + what +
+                         " may have"};
     }
     std::string_view bytes;
     in_.Bytes(static_cast<std::size_t>(length), bytes);
@@ -132,6 +138,34 @@ class ProfileBlockReader {
   int32_t total_;
   std::string nameShown_;
 };
+
+// The fault of a file longer than the profiles it holds fill.
+std::string LongerThanItsProfiles(std::uint64_t size, int32_t count, std::uint64_t filled) {
+  return "it is " + std::to_string(size) + " bytes long, but the " +
+         (count == 1 ? std::string("1 profile it holds fills")
+                     : std::to_string(count) + " profiles it holds fill") +
+         " only " + std::to_string(filled);
+}
+
+// The length the file's head and the lengths at the head of each profile block make: 8 bytes, then for
+// each profile its two counted strings and 338 record blocks. Reads only the length fields (and skips the
+// rest). nullopt when a length is out of bounds or the file ends before the profiles do: the whole reading
+// then names the fault.
+std::optional<std::uint64_t> LengthTheProfilesFill(int32_t count, std::uint64_t size, const ReadAt& readAt) {
+  std::uint64_t at = 8;
+  for (int32_t i = 0; i < count; ++i) {
+    for (const std::size_t longest : {kLongestStoredName, kLongestStoredRangeText}) {
+      char field[4];
+      if (at + 4 > size || readAt(at, field, 4) != 4) return std::nullopt;
+      const int32_t length = LoadI32(field);
+      if (length < 0 || static_cast<std::size_t>(length) > longest) return std::nullopt;
+      at += 4 + static_cast<std::uint64_t>(length);
+    }
+    at += 2 * kClassCount * kRecordBlockBytes;
+    if (at > size) return std::nullopt;
+  }
+  return at;
+}
 
 }  // namespace
 
@@ -229,15 +263,18 @@ ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string&
     }
     result.profiles.push_back(std::move(profile));
   }
+  // The profiles end where the file must: a real file never goes on after them.
+  if (in.remaining() > 0) return fault(LongerThanItsProfiles(bytes.size(), count, in.offset()));
   result.status = ProfileFileContents::Status::Read;
   return result;
 }
 
 ProfileFileContents ReadProfileFile(const std::filesystem::path& path) {
-  // The head (version and count) is judged before the rest is read: a file of another version, or one
-  // whose count its length cannot hold, is refused at the cost of eight bytes however long it is.
+  // The head (version and count) and the lengths in each profile block are judged before the rest is read:
+  // a file of another version, one whose count its length cannot hold, and one longer than its profiles
+  // fill are refused at the cost of those few bytes, however long the file is.
   ProfileFileContents refused;
-  const auto readOn = [&](std::string_view head, std::uint64_t size) {
+  const auto readOn = [&](std::string_view head, std::uint64_t size, const ReadAt& readAt) {
     if (head.size() < 8) return true;  // too short for a count: the whole reading says what is wrong
     refused.version = LoadI32(head.data());
     if (refused.version != kProfileFileVersion) {
@@ -246,8 +283,16 @@ ProfileFileContents ReadProfileFile(const std::filesystem::path& path) {
     }
     const int32_t count = LoadI32(head.data() + 4);
     const std::uint64_t room = (size - 8) / kSmallestProfileBlockBytes;
-    if (count >= 0 && static_cast<std::uint64_t>(count) <= room + 1) return true;
     refused.status = ProfileFileContents::Status::Faulty;
+    if (count >= 0 && static_cast<std::uint64_t>(count) <= room + 1) {
+      // A file shorter than its lengths say, or with a length out of bounds, is read: the reading keeps
+      // the profiles before the fault and names it.
+      const auto filled = LengthTheProfilesFill(count, size, readAt);
+      if (!filled || *filled >= size) return true;
+      refused.error =
+          StorageError{ProfileFileFault(path.string(), LongerThanItsProfiles(size, count, *filled))};
+      return false;
+    }
     refused.error = StorageError{ProfileFileFault(
         path.string(), count < 0 ? "it says it holds " + std::to_string(count) + " profiles"
                                  : "it says it holds " + std::to_string(count) + " profiles, but its " +
@@ -284,7 +329,31 @@ std::string ProfileSaveFault(const std::filesystem::path& path, const std::strin
 std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
                                              const std::vector<PlayerProfile>& profiles) {
   const bool fileWasThere = SomethingAt(path);
-  if (auto failure = WriteFileAtomically(path, EncodeProfileFile(profiles)))
+  // Nothing is written that the reader would refuse: the file there stays readable.
+  for (const PlayerProfile& p : profiles) {
+    if (p.isFree()) continue;
+    const std::size_t textBytes = Utf8ToCp1252(p.rangeText).size();
+    if (Utf8ToCp1252(p.name).size() > kLongestStoredName || textBytes > kLongestStoredRangeText) {
+      return StorageError{
+          ProfileSaveFault(path,
+                           textBytes > kLongestStoredRangeText
+                               ? "the range text of the profile \"" + EscapeControlCharacters(p.name) +
+                                     "\" is " + std::to_string(textBytes) + " bytes long, more than the " +
+                                     std::to_string(kLongestStoredRangeText) + " bytes a range text may have"
+                               : "the profile name \"" + EscapeControlCharacters(p.name) +
+                                     "\" is longer than " + std::to_string(kLongestStoredName) + " bytes",
+                           fileWasThere)};
+    }
+  }
+  const std::string bytes = EncodeProfileFile(profiles);
+  if (bytes.size() > kLargestProfileFileBytes) {
+    return StorageError{
+        ProfileSaveFault(path,
+                         "the profiles take " + std::to_string(bytes.size()) + " bytes, more than the " +
+                             std::to_string(kLargestProfileFileBytes) + " bytes such a file can hold",
+                         fileWasThere)};
+  }
+  if (auto failure = WriteFileAtomically(path, bytes))
     return StorageError{ProfileSaveFault(path, *failure, fileWasThere)};
   return std::nullopt;
 }

@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "range/player_profile.h"
+#include "storage/profile_list.h"
 #include "storage/storage_error.h"
 
 namespace quillet {
@@ -31,8 +32,16 @@ inline constexpr int32_t kProfileFileVersion = 1;
 inline constexpr std::size_t kRecordBlockBytes = 188;
 // A profile with an empty name and an empty range text: two lengths and 338 record blocks.
 inline constexpr std::size_t kSmallestProfileBlockBytes = 4 + 4 + 2 * 169 * kRecordBlockBytes;
-// Far beyond any real file (about 16,000 profiles); a longer file is refused rather than read into memory.
-inline constexpr std::size_t kLargestProfileFileBytes = std::size_t{1} << 30;
+// The longest name and range text a profile keeps, in the file's bytes (one a character): a name has at most
+// 15 characters (the window and quillet-cli take no longer one), a range text at most as many as the range
+// box holds. A longer one in a file is a fault.
+inline constexpr std::size_t kLongestStoredName = kLongestProfileName;
+inline constexpr std::size_t kLongestStoredRangeText = 32767;
+inline constexpr std::size_t kLargestProfileBlockBytes =
+    kSmallestProfileBlockBytes + kLongestStoredName + kLongestStoredRangeText;
+// The longest profile file read: 64 MiB, room for over 1,000 profiles (one takes 63,552 bytes and more),
+// far more than anyone keeps in the window's list. A longer file is refused unread, and none is written.
+inline constexpr std::size_t kLargestProfileFileBytes = std::size_t{64} << 20;
 
 // The whole file for the named profiles in list order; free slots (empty names) are skipped.
 std::string EncodeProfileFile(const std::vector<PlayerProfile>& profiles);
@@ -55,16 +64,21 @@ struct ProfileFileContents {
 };
 
 // Reads a profile file's bytes. `fileLabel` names the file in the error message. Never reads outside
-// `bytes`, and allocates no more than the bytes can actually hold, whatever the counts in them say.
+// `bytes`, and allocates no more than the bytes can actually hold, whatever the counts in them say. The
+// file must end where its last profile ends: bytes after it are a fault.
 ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string& fileLabel);
 
-// Reads the file at `path`. The version and the count are checked against the file's length before the
-// rest is read, so a file of another version or with a count its length cannot hold costs only its head
-// (`bytes` is then empty, and no profile is read).
+// Reads the file at `path`, into one buffer of its length. Before the rest is read, the version, the count
+// and the lengths of each profile's name and range text (a few bytes at the head of each profile block)
+// are checked against the file's length: a file of another version, with a count its length cannot hold,
+// or longer than its profiles fill, costs only those few bytes (`bytes` is then empty, and no profile is
+// read). A file shorter than its lengths say, or with a length out of bounds, is read (it is no longer than
+// kLargestProfileFileBytes) so that the profiles before the fault are kept and the fault is named.
 ProfileFileContents ReadProfileFile(const std::filesystem::path& path);
 
 // Writes the file safely (see WriteFileAtomically); on failure the old file is unchanged and the error
-// says so.
+// says so. A list the file could not hold as the reader takes it (a name or range text longer than kept,
+// a file longer than kLargestProfileFileBytes) is not written.
 std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
                                              const std::vector<PlayerProfile>& profiles);
 

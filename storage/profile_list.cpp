@@ -3,6 +3,9 @@
 #include <map>
 #include <utility>
 
+#include "cards/terminal_text.h"
+#include "storage/code_page.h"
+
 namespace quillet {
 namespace {
 
@@ -23,6 +26,14 @@ const PlayerProfile* Find(const std::map<ProfileKey, const PlayerProfile*>& byNa
 }
 
 }  // namespace
+
+std::string ProfileNameCodePageFault(std::string_view name) {
+  if (Cp1252ToUtf8(Utf8ToCp1252(name)) == name) return {};
+  std::string message = "\"";  // built by appending: GCC 12 warns falsely (-Wrestrict) on operator+ chains
+  message += EscapeControlCharacters(name);
+  message += "\" has characters the profile file cannot hold";
+  return message;
+}
 
 int FindProfileByName(const std::vector<PlayerProfile>& profiles, std::string_view name) {
   if (name.empty()) return -1;

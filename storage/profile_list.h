@@ -13,6 +13,12 @@ namespace quillet {
 // Profile names have at most this many characters; a longer name can be neither selected nor saved.
 inline constexpr std::size_t kLongestProfileName = 15;
 
+// Empty when the profile file can hold `name` as it is; otherwise the message that refuses it, the same in
+// the window and in quillet-cli: `"A中" has characters the profile file cannot hold` (the file keeps names
+// in its single-byte code page, where "A中" and "A文" would both become "A?"). Control characters in the
+// name are shown as escapes.
+std::string ProfileNameCodePageFault(std::string_view name);
+
 // The index of the profile named exactly `name` (case counts), or -1. An empty name finds nothing.
 int FindProfileByName(const std::vector<PlayerProfile>& profiles, std::string_view name);
 

@@ -74,6 +74,12 @@ void Form1Model::cmbPlayer_KeyUp(int keyCode) {
 void Form1Model::lblSave_Click() {
   const std::string name = Trim(cmbPlayer.text);
   if (name.empty() || Utf8Length(name) > kLongestProfileName) return;
+  // A name the file cannot hold would be saved with "?" in place of its other characters (two names could
+  // become one): it is refused, as quillet-cli refuses it, before anything is added.
+  if (const std::string fault = ProfileNameCodePageFault(name); !fault.empty()) {
+    services.MsgBox(fault);
+    return;
+  }
   const RangeStep rangeStep(*this);
   DeselectAllBlocks();
   // Trimming can turn a new name into an existing one: that profile is selected rather than doubled.

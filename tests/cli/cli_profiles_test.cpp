@@ -4,6 +4,7 @@
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/cli/cli_run.h"
+#include "tests/storage/memory_budget.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/recording_services.h"
 
@@ -142,9 +143,42 @@ TEST_F(ProfilesCommand, ANameHasOneToFifteenCharactersAfterTrimming) {
 }
 
 TEST_F(ProfilesCommand, ANameTheFileCannotHoldIsRefused) {
-  EXPECT_EQ(Run({"add", "\xD0\x98van", "--range", "AA"}).status, 2);
+  const CliRun refused = Run({"add", "\xD0\x98van", "--range", "AA"});
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_EQ(refused.err,
+            "quillet-cli profiles add: \"\xD0\x98van\" has characters the profile file cannot hold\n");
   EXPECT_EQ(Run({"add", "Jos\xC3\xA9", "--range", "AA"}).status, 0);
   EXPECT_EQ(Run({"list"}).out, "Jos\xC3\xA9\n");
+}
+
+TEST_F(ProfilesCommand, ARangeTextLongerThanAProfileKeepsIsRefusedAndNothingIsWritten) {
+  const CliRun run = Run({"add", "Amy", "--range", "AA", "--range-text", std::string(32768, '1')});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err,
+            "quillet-cli profiles add: the range text is 32768 bytes long, more than the 32767 bytes a "
+            "range text may have\n");
+  EXPECT_FALSE(std::filesystem::exists(File()));
+  EXPECT_EQ(Run({"add", "Amy", "--range", "AA", "--range-text", std::string(32767, '1')}).status, 0);
+  EXPECT_EQ(ReadProfileFile(File()).profiles.at(0).rangeText.size(), 32767u);
+}
+
+TEST_F(ProfilesCommand, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegabytes) {
+  std::string head;
+  for (const int32_t v : {1, 1}) {
+    for (int k = 0; k < 4; ++k)
+      head.push_back(static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF));
+  }
+  quillet::testing::WriteSparseFile(File(), head, off_t{1} << 30);
+  const CliRun run = Run({"list"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err,
+            "The player profile file \"" + File() +
+                "\" cannot be read: it is 1073741824 bytes long, more than the 67108864 bytes such a "
+                "file can hold.\n");
+  if (quillet::testing::kUnderAddressSanitizer)
+    GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
+  EXPECT_TRUE(quillet::testing::RunsWithin(50 * 1000 * 1000, [&] { return Run({"list"}).status == 2; }));
+  EXPECT_EQ(std::filesystem::file_size(File()), std::uintmax_t{1} << 30);  // left alone
 }
 
 TEST_F(ProfilesCommand, AddNeedsARange) {

@@ -58,6 +58,36 @@ TEST(RangeCommand, ABadTextExitsWithTwoAndSaysWhyOnStderrOnly) {
   EXPECT_EQ(RunCommandLine({"range"}).status, 2);
 }
 
+TEST(RangeCommand, EscapeSequencesInABadTextAreShownNotObeyed) {
+  const CliRun run = RunCommandLine({"range", "AK\x1B[31mRED\x1B[0m"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "quillet-cli range: unknown token 'AK\\x1B[31mRED\\x1B[0m' at column 1\n");
+}
+
+TEST(RangeCommand, AHugeBadTokenIsQuotedShortAndAHugeTextIsRefusedAtOnce) {
+  const CliRun token = RunCommandLine({"range", std::string(20'000, 'Z')});
+  EXPECT_EQ(token.err, "quillet-cli range: unknown token '" + std::string(40, 'Z') + "...' at column 1\n");
+  const CliRun text = RunCommandLine({"range", std::string(1 << 20, 'Z')});
+  EXPECT_EQ(text.status, 2);
+  EXPECT_EQ(
+      text.err,
+      "quillet-cli range: the range is 1048576 bytes long, more than the 32767 bytes a range may have\n");
+}
+
+TEST(RangeOption, EscapeSequencesInABadClassListAreShownNotObeyed) {
+  quillet::testing::TempFolder dir;
+  const CliRun run = RunCommandLine({"profiles", "add", "Amy", "--range", "AA, K\x1B[2J", "--file",
+                                     (dir / "Player_Profiles.ini").string()});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err.find('\x1B'), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("K\\x1B[2J"), std::string::npos) << run.err;
+}
+
+TEST(CliWords, ControlCharactersInAnUnknownCommandOrWordAreShownAsEscapes) {
+  EXPECT_EQ(RunCommandLine({"x\x1B[2J"}).err,
+            "quillet-cli: unknown command \"x\\x1B[2J\" (see quillet-cli --help)\n");
+}
+
 // ---- class lists are part of the notation ----
 
 // A class list as users write them: names in either case, blanks and empty items here and there; offsuit

@@ -179,5 +179,25 @@ TEST_F(RangeNotationBox, CtrlVOnTheGridPastesANotation) {
   EXPECT_EQ(services.messageTexts(), std::vector<std::string>{"unknown token 'T+' at column 1"});
 }
 
+TEST_F(RangeNotationBox, AMegabyteOnTheClipboardIsRefusedWithAShortMessageAndChangesNothing) {
+  form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
+  const PlayerProfile before = form.profiles[0];
+  std::string pasted;
+  while (pasted.size() < (1u << 20)) pasted += "99%,";
+  services.SetClipboardText(pasted);
+  form.PFHand_KeyDown(kKeyV, kCtrlMask);
+  EXPECT_EQ(form.profiles[0], before);
+  EXPECT_EQ(form.txtNotation.foreColour, kRejectedTextColour);
+  EXPECT_EQ(services.messageTexts(),
+            std::vector<std::string>{
+                "the range is 1048576 bytes long, more than the 32767 bytes a range may have"});
+}
+
+TEST_F(RangeNotationBox, AHugeBadTokenIsQuotedByItsFirstFortyCharacters) {
+  TypeNotation("AA " + std::string(30'000, 'Q'));
+  ASSERT_EQ(services.messages.size(), 1u);
+  EXPECT_EQ(services.messages[0].text, "unknown token '" + std::string(40, 'Q') + "...' at column 4");
+}
+
 }  // namespace
 }  // namespace quillet

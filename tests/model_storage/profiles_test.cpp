@@ -4,6 +4,7 @@
 #include "cards/hand_class.h"
 #include "storage/profile_file.h"
 #include "tests/storage/file_size_limit.h"
+#include "tests/storage/memory_budget.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/model_in_folder.h"
 #include "tests/support/recording_services.h"
@@ -194,6 +195,54 @@ TEST_F(ProfilesModel, AFailedSaveIsReportedInOneMessageAndTheOldFileStays) {
   EXPECT_EQ(services.messages[0].icon, MessageIcon::Warning);
   EXPECT_EQ(ReadBytes(ProfileFile()), old);
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
+}
+
+TEST_F(ProfilesModel, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegabytesAndMovedAsideNotCopied) {
+  const off_t size = off_t{1} << 30;
+  testing::WriteSparseFile(ProfileFile(), Le32(1) + Le32(1), size);
+  if (!testing::kUnderAddressSanitizer) {
+    EXPECT_TRUE(testing::RunsWithin(50 * 1000 * 1000, [&] {
+      RecordingServices quiet;
+      Form1Model other(quiet);
+      other.ProfilePaths(dir.path());
+      return other.LoadProfiles() && quiet.messages.size() == 1;
+    }));
+    // The child moved the file aside: put it back for the session proper.
+    std::error_code ec;
+    fs::rename(dir / "Player_Profiles.ini.bad", ProfileFile(), ec);
+  }
+  EXPECT_TRUE(model.LoadProfiles());
+  ASSERT_EQ(services.messages.size(), 1u);
+  EXPECT_EQ(
+      services.messages[0].text,
+      "The player profile file \"" + ProfileFile().string() +
+          "\" cannot be read: it is 1073741824 bytes long, more than the 67108864 bytes such a file can "
+          "hold.\r\n\r\nThe file was kept as \"" +
+          ProfileFile().string() + ".bad\". No profiles could be loaded from it.");
+  // Moved, not copied: the one file of a gibibyte is the original, and none is left in its place.
+  EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini.bad"});
+  EXPECT_EQ(fs::file_size(dir / "Player_Profiles.ini.bad"), static_cast<std::uintmax_t>(size));
+  EXPECT_EQ(model.profiles.at(model.FirstProfileIndex()).name, "Generic");
+  model.SaveProfiles();
+  EXPECT_EQ(services.messages.size(), 1u);
+  EXPECT_EQ(ReadProfileFile(ProfileFile()).status, ProfileFileContents::Status::Read);
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
+}
+
+TEST_F(ProfilesModel, AFileLongerThanItsProfilesFillIsRefusedUnreadAndMovedAside) {
+  const std::string one = EncodeProfileFile({Profile("Amy", "AKs")});
+  const off_t size = 8 << 20;
+  testing::WriteSparseFile(ProfileFile(), one, size);
+  EXPECT_TRUE(model.LoadProfiles());
+  ASSERT_EQ(services.messages.size(), 1u);
+  EXPECT_NE(
+      services.messages[0].text.find("it is 8388608 bytes long, but the 1 profile it holds fills only " +
+                                     std::to_string(one.size()) + "."),
+      std::string::npos)
+      << services.messages[0].text;
+  EXPECT_TRUE(model.profiles.empty());
+  EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini.bad"});
+  EXPECT_EQ(fs::file_size(dir / "Player_Profiles.ini.bad"), static_cast<std::uintmax_t>(size));
 }
 
 TEST_F(ProfilesModel, SavingCreatesAMissingDataFolder) {

@@ -130,6 +130,31 @@ TEST_F(ProfileBox, ASavedProfileTakesTheFirstFreeSlotAndIsWrittenAtClosing) {
             EncodeProfileFile({MakeProfile("C", {}, ""), MakeProfile("B", {}, "")}));
 }
 
+TEST_F(ProfileBox, ANameTheFileCannotHoldIsRefusedWithQuilletClisMessageAndNothingIsSaved) {
+  ASSERT_TRUE(Start());
+  // Both would be written as "A?": the second would be unreachable after a restart.
+  for (const std::string name : {"A\xE4\xB8\xAD", "A\xE6\x96\x87"}) {
+    TypePlayer(name, kKeyEnter);
+    ASSERT_EQ(services.messages.size(), 1u) << name;
+    EXPECT_EQ(services.messages[0].text, "\"" + name + "\" has characters the profile file cannot hold");
+    services.messages.clear();
+    EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Generic"});
+    EXPECT_EQ(model.currentProfile(), nullptr);
+    EXPECT_TRUE(SaveVisible());  // the name stays in the box, in red, to be changed
+  }
+  model.Form_QueryUnload();
+  const ProfileFileContents saved = ReadProfileFile(ProfileFile());
+  ASSERT_EQ(saved.profiles.size(), 1u);
+  EXPECT_EQ(saved.profiles[0].name, "Generic");
+}
+
+TEST_F(ProfileBox, ANameOfCodePageCharactersOtherThanAsciiIsSaved) {
+  ASSERT_TRUE(Start());
+  TypePlayer("Jos\xC3\xA9 \xE2\x82\xAC", kKeyEnter);  // "José €": both are in the file's code page
+  EXPECT_TRUE(services.messages.empty());
+  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Generic", "Jos\xC3\xA9 \xE2\x82\xAC"}));
+}
+
 TEST_F(ProfileBox, PickingAProfileWhoseStoredRangeTextIsEmptySetsTheRangeToAaAndTheTextToHalfAPercent) {
   WriteProfiles({MakeProfile("Villain", {"KK"}, "0.9"), MakeProfile("Fish", {}, "")});
   ASSERT_TRUE(Start());

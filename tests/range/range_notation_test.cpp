@@ -182,6 +182,13 @@ TEST(RangeNotationPercent, TheSmallestAndLargestValues) {
   EXPECT_EQ(Read("100.0%"), HoldingSet::All());
 }
 
+TEST(RangeNotationPercent, SeveralPercentagesAreTheLargestOfThem) {
+  EXPECT_EQ(Read("5%, 15%, 2%"), Read("15%"));
+  EXPECT_EQ(Read("15%, 5%, AKo"), Read("15%, AKo"));
+  EXPECT_EQ(Read("99%, 0.5%, 99%"), Read("99%"));
+  EXPECT_EQ(Read("KK, 0.5%, 10%"), Read("KK, 10%"));
+}
+
 // ---- Separators ----
 
 TEST(RangeNotationSeparators, CommasAndBlanksInAnyMix) {
@@ -262,6 +269,57 @@ TEST(RangeNotationErrors, PercentagesOutsideTheOrder) {
   EXPECT_EQ(ErrorOf("%"), "unknown token '%' at column 1");
   EXPECT_EQ(ErrorOf(".%"), "unknown token '.%' at column 1");
   EXPECT_EQ(ErrorOf("1x%"), "unknown token '1x%' at column 1");
+}
+
+TEST(RangeNotationErrors, ALongTokenIsQuotedByItsFirstFortyCharactersWithItsColumn) {
+  const std::string token(10'000, 'x');
+  const ParsedRange parsed = ParseRangeNotation("AA, " + token);
+  ASSERT_FALSE(parsed.ok());
+  EXPECT_EQ(parsed.error->message, "unknown token '" + std::string(40, 'x') + "...' at column 5");
+  EXPECT_EQ(parsed.error->token, token);  // the token itself is kept whole for the caller
+  EXPECT_EQ(parsed.error->column, 5);
+  // Forty characters are quoted whole; a character is not cut in the middle of its bytes.
+  EXPECT_EQ(ErrorOf(std::string(40, 'y')), "unknown token '" + std::string(40, 'y') + "' at column 1");
+  std::string accents;
+  for (int k = 0; k < 41; ++k) accents += "\xC3\xA9";
+  EXPECT_EQ(ErrorOf(accents), "unknown token '" + accents.substr(0, 80) + "...' at column 1");
+}
+
+TEST(RangeNotationErrors, ControlCharactersInATokenAreQuotedAsEscapes) {
+  EXPECT_EQ(ErrorOf("AK\x1B[31mRED\x1B[0m"), "unknown token 'AK\\x1B[31mRED\\x1B[0m' at column 1");
+  EXPECT_EQ(ErrorOf("QQ+ A\x7FK"), "unknown token 'A\\x7FK' at column 5");
+  EXPECT_EQ(ErrorOf("QQ+ AK\xC2\x9B"), "unknown token 'AK\\u009B' at column 5");
+}
+
+TEST(RangeNotationErrors, EscapeTextWithBracketsOrAColonIsNoWeight) {
+  for (const char* text : {"AK\x1B[31mRED\x1B[0m", "\x1B]0;title\x07", "AKs:\x1B"}) {
+    const ParsedRange parsed = ParseRangeNotation(text);
+    ASSERT_FALSE(parsed.ok());
+    EXPECT_EQ(parsed.error->kind, RangeNotationError::Kind::UnknownToken) << parsed.error->message;
+  }
+  EXPECT_EQ(ParseRangeNotation("AKs:0.5").error->kind, RangeNotationError::Kind::Weights);
+}
+
+TEST(RangeNotationErrors, ATextLongerThanTheLimitIsRefusedWholeBeforeItsTokensAreRead) {
+  std::string text;
+  while (text.size() <= kLongestRangeNotation) text += "99%,";
+  const ParsedRange parsed = ParseRangeNotation(text);
+  ASSERT_FALSE(parsed.ok());
+  EXPECT_EQ(parsed.error->kind, RangeNotationError::Kind::TooLong);
+  EXPECT_EQ(parsed.error->message, "the range is " + std::to_string(text.size()) +
+                                       " bytes long, more than the " + std::to_string(kLongestRangeNotation) +
+                                       " bytes a range may have");
+  EXPECT_EQ(parsed.error->column, 0);
+  EXPECT_TRUE(parsed.holdings.empty());
+  // A bad token past the limit is not what is named: the length is.
+  EXPECT_EQ(ParseRangeNotation(std::string(kLongestRangeNotation + 1, 'x')).error->kind,
+            RangeNotationError::Kind::TooLong);
+}
+
+TEST(RangeNotationErrors, ATextOfTheLongestLengthIsRead) {
+  std::string text = "AA";
+  text.resize(kLongestRangeNotation, ' ');
+  EXPECT_EQ(Read(text), Read("AA"));
 }
 
 TEST(RangeNotationErrors, EachErrorSaysWhatKindOfFaultItIs) {

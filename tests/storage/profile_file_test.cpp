@@ -450,11 +450,64 @@ TEST(ProfileFileFaults, ANameWithControlCharactersIsShownWithoutThemInTheMessage
   EXPECT_EQ(read.error->message.find('\n'), std::string::npos);
 }
 
-TEST(ProfileFileFaults, BytesAfterTheLastProfileAreIgnored) {
-  const std::string bytes = VillainBytes("") + "trailing";
+TEST(ProfileFileFaults, BytesAfterTheLastProfileAreAFault) {
+  const std::string whole = VillainBytes("");
+  const std::string bytes = whole + "trailing";
   const ProfileFileContents read = Decode(bytes);
-  EXPECT_EQ(read.status, ProfileFileContents::Status::Read);
-  EXPECT_EQ(read.profiles.size(), 1u);
+  ExpectFault(read, "it is " + std::to_string(bytes.size()) +
+                        " bytes long, but the 1 profile it holds fills only " + std::to_string(whole.size()));
+  EXPECT_EQ(read.profiles.size(), 1u);  // the profile before the fault is kept
+  const std::string two = EncodeProfileFile({Villain("a"), Villain("b")}) + "x";
+  ExpectFault(Decode(two), "it is " + std::to_string(two.size()) +
+                               " bytes long, but the 2 profiles it holds fill only " +
+                               std::to_string(two.size() - 1));
+}
+
+TEST(ProfileFileFaults, BytesAfterTheLastProfileOnDiskAreRefusedUnread) {
+  testing::TempFolder dir;
+  const auto path = dir / kProfileFileName;
+  const std::string bytes = EncodeProfileFile({Villain("a"), Villain("b")}) + "trailing";
+  testing::WriteBytes(path, bytes);
+  const ProfileFileContents read = ReadProfileFile(path);
+  ASSERT_EQ(read.status, ProfileFileContents::Status::Faulty);
+  EXPECT_EQ(read.error->message, "The player profile file \"" + path.string() + "\" cannot be read: it is " +
+                                     std::to_string(bytes.size()) +
+                                     " bytes long, but the 2 profiles it holds fill only " +
+                                     std::to_string(bytes.size() - 8) + ".");
+  EXPECT_TRUE(read.profiles.empty());
+  EXPECT_TRUE(read.bytes.empty());
+}
+
+TEST(ProfileFileFaults, ANameOrRangeTextLongerThanAProfileKeepsIsAFault) {
+  PlayerProfile p = Villain(std::string(32767, '1'));
+  p.name = std::string(15, 'N');
+  const std::string longest = EncodeProfileFile({p});
+  EXPECT_EQ(Decode(longest).status, ProfileFileContents::Status::Read);
+  p.name = std::string(16, 'N');
+  ExpectFault(Decode(EncodeProfileFile({p})),
+              "the name of profile 1 of 1 is 16 bytes long, more than the 15 bytes a name may have");
+  p.name = "Amy";
+  p.rangeText += "1";
+  ExpectFault(
+      Decode(EncodeProfileFile({p})),
+      "the range text of profile 1 of 1 (\"Amy\") is 32768 bytes long, more than the 32767 bytes a range "
+      "text may have");
+}
+
+TEST(ProfileFileFaults, NoFileIsWrittenThatTheReaderWouldRefuse) {
+  testing::TempFolder dir;
+  const auto path = dir / kProfileFileName;
+  ASSERT_FALSE(WriteProfileFile(path, {Villain("12.5")}).has_value());
+  const std::string before = testing::ReadBytes(path);
+  PlayerProfile tooLong = Villain(std::string(32768, '1'));
+  tooLong.name = "Amy";
+  const auto error = WriteProfileFile(path, {Villain("12.5"), tooLong});
+  ASSERT_TRUE(error.has_value());
+  EXPECT_EQ(error->message,
+            "The player profiles could not be saved to \"" + path.string() +
+                "\": the range text of the profile \"Amy\" is 32768 bytes long, more than the "
+                "32767 bytes a range text may have. The file there was left as it was.");
+  EXPECT_EQ(testing::ReadBytes(path), before);
 }
 
 TEST(ProfileFileFaults, AFileLargerThanAnyProfileFileIsRefusedWithoutReadingIt) {
@@ -464,8 +517,7 @@ TEST(ProfileFileFaults, AFileLargerThanAnyProfileFileIsRefusedWithoutReadingIt) 
   std::filesystem::resize_file(path, kLargestProfileFileBytes + 1);  // sparse: no disk space used
   const ProfileFileContents read = ReadProfileFile(path);
   ASSERT_EQ(read.status, ProfileFileContents::Status::Faulty);
-  EXPECT_NE(read.error->message.find("more than the 1073741824 bytes such a file can hold"),
-            std::string::npos);
+  EXPECT_NE(read.error->message.find("more than the 67108864 bytes such a file can hold"), std::string::npos);
   EXPECT_TRUE(read.bytes.empty());
 }
 

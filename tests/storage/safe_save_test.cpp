@@ -11,10 +11,11 @@
 
 #include <chrono>
 
+#include "cards/terminal_text.h"
 #include "storage/file_io.h"
 #include "storage/file_lock.h"
 #include "storage/profile_file.h"
-#include "storage/terminal_text.h"
+#include "tests/storage/memory_budget.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/killed_save.h"
 
@@ -23,9 +24,12 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::KillASaveHalfway;
+using testing::kUnderAddressSanitizer;
 using testing::ReadBytes;
+using testing::RunsWithin;
 using testing::TempFolder;
 using testing::WriteBytes;
+using testing::WriteSparseFile;
 
 unsigned ModeOf(const fs::path& path) {
   struct stat st {};
@@ -169,83 +173,127 @@ TEST(SaveMessages, AFolderThatCannotBeMadeIsNamedWithTheReason) {
 }
 
 // A file of `size` bytes that takes no room on the disk, starting with `head`.
-void WriteSparseFile(const fs::path& path, const std::string& head, off_t size) {
-  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-  ASSERT_GE(fd, 0);
-  ASSERT_EQ(::write(fd, head.data(), head.size()), static_cast<ssize_t>(head.size()));
-  ASSERT_EQ(::ftruncate(fd, size), 0);
-  ::close(fd);
-}
-
 std::string Le32(int32_t v) {
   std::string out;
   for (int k = 0; k < 4; ++k) out.push_back(static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF));
   return out;
 }
 
-// Reads the file in a child allowed `memoryBytes` of address space; true when the child got through.
-bool ReadsWithin(const fs::path& path, rlim_t memoryBytes, ProfileFileContents::Status expected) {
-  const pid_t child = fork();
-  if (child == 0) {
-    rlimit noCore{0, 0};
-    setrlimit(RLIMIT_CORE, &noCore);
-    rlimit limit{memoryBytes, memoryBytes};
-    setrlimit(RLIMIT_AS, &limit);
-    try {
-      const ProfileFileContents read = ReadProfileFile(path);
-      _exit(read.status == expected && read.bytes.empty() ? 0 : 1);
-    } catch (...) {
-      _exit(1);  // out of memory
-    }
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+// Reads the file in a child whose address space may grow by `budgetBytes`; true when the child got through
+// and the file came back as `expected`, unread.
+bool ReadsWithin(const fs::path& path, std::size_t budgetBytes, ProfileFileContents::Status expected) {
+  return RunsWithin(budgetBytes, [&] {
+    const ProfileFileContents read = ReadProfileFile(path);
+    return read.status == expected && read.bytes.empty();
+  });
 }
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kUnderAddressSanitizer = true;
-#else
-constexpr bool kUnderAddressSanitizer = false;
-#endif
+constexpr std::size_t kMiB = std::size_t{1} << 20;
+// The longest file that is read at all: a file of that length makes reading it whole cost that much.
+const auto kLongestReadFile = static_cast<off_t>(kLargestProfileFileBytes);
 
 TEST(HugeProfileFiles, ACountTheFileCannotHoldIsRefusedAtTheCostOfTheHead) {
   TempFolder dir;
   const auto path = dir / "Player_Profiles.ini";
-  const off_t size = off_t{1} << 30;
+  const off_t size = kLongestReadFile;
   WriteSparseFile(path, Le32(1) + Le32(0x7FFFFFFF), size);
   const ProfileFileContents read = ReadProfileFile(path);
   EXPECT_EQ(read.status, ProfileFileContents::Status::Faulty);
   ASSERT_TRUE(read.error.has_value());
   EXPECT_EQ(read.error->message,
-            "The player profile file \"" + path.string() +
-                "\" cannot be read: it says it holds 2147483647 profiles, but its 1073741824 bytes have room "
-                "for at most " +
+            "The player profile file \"" + path.string() + "\" cannot be read: it says it holds 2147483647 " +
+                "profiles, but its " + std::to_string(size) + " bytes have room for at most " +
                 std::to_string((size - 8) / kSmallestProfileBlockBytes) + ".");
   EXPECT_TRUE(read.bytes.empty());
   if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
-  // Reading the gibibyte would need a gibibyte: 256 MiB of address space is plenty for the head alone.
-  EXPECT_TRUE(ReadsWithin(path, rlim_t{256} << 20, ProfileFileContents::Status::Faulty));
+  // Reading the file would need all of its 64 MiB: 16 MiB more address space is plenty for the head alone.
+  EXPECT_TRUE(ReadsWithin(path, 16 * kMiB, ProfileFileContents::Status::Faulty));
 }
 
 TEST(HugeProfileFiles, AnotherVersionIsRecognisedAtTheCostOfTheHead) {
   TempFolder dir;
   const auto path = dir / "Player_Profiles.ini";
-  WriteSparseFile(path, Le32(2097153) + Le32(1), off_t{1} << 30);
+  WriteSparseFile(path, Le32(2097153) + Le32(1), kLongestReadFile);
   const ProfileFileContents read = ReadProfileFile(path);
   EXPECT_EQ(read.status, ProfileFileContents::Status::OtherVersion);
   EXPECT_EQ(read.version, 2097153);
   if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
-  EXPECT_TRUE(ReadsWithin(path, rlim_t{256} << 20, ProfileFileContents::Status::OtherVersion));
+  EXPECT_TRUE(ReadsWithin(path, 16 * kMiB, ProfileFileContents::Status::OtherVersion));
 }
 
 TEST(HugeProfileFiles, ANegativeCountIsRefusedAtTheCostOfTheHead) {
   TempFolder dir;
   const auto path = dir / "Player_Profiles.ini";
-  WriteSparseFile(path, Le32(1) + Le32(-5), off_t{1} << 30);
+  WriteSparseFile(path, Le32(1) + Le32(-5), kLongestReadFile);
   const ProfileFileContents read = ReadProfileFile(path);
   EXPECT_EQ(read.status, ProfileFileContents::Status::Faulty);
   EXPECT_NE(read.error->message.find("it says it holds -5 profiles."), std::string::npos);
+}
+
+TEST(HugeProfileFiles, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegabytes) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  const off_t size = off_t{1} << 30;
+  WriteSparseFile(path, Le32(1) + Le32(1), size);
+  const ProfileFileContents read = ReadProfileFile(path);
+  EXPECT_EQ(read.status, ProfileFileContents::Status::Faulty);
+  ASSERT_TRUE(read.error.has_value());
+  EXPECT_EQ(read.error->message, "The player profile file \"" + path.string() +
+                                     "\" cannot be read: it is 1073741824 bytes long, more than the 67108864 "
+                                     "bytes such a file can hold.");
+  EXPECT_TRUE(read.bytes.empty());
+  if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
+  EXPECT_TRUE(ReadsWithin(path, 50 * 1000 * 1000, ProfileFileContents::Status::Faulty));
+}
+
+// The head of a one-profile file: the version, the count, an empty name and a range text of `textBytes`.
+std::string OneProfileHead(int32_t textBytes) {
+  return Le32(1) + Le32(1) + Le32(0) + Le32(textBytes) +
+         std::string(static_cast<std::size_t>(textBytes), '5');
+}
+
+TEST(HugeProfileFiles, AFileLongerThanItsProfilesFillIsRefusedAtTheCostOfTheirLengths) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  // One profile with a range text of 3 bytes fills 8 + 4 + 4 + 3 + 338 * 188 = 63,563 bytes.
+  WriteSparseFile(path, OneProfileHead(3), kLongestReadFile);
+  const ProfileFileContents read = ReadProfileFile(path);
+  EXPECT_EQ(read.status, ProfileFileContents::Status::Faulty);
+  ASSERT_TRUE(read.error.has_value());
+  EXPECT_EQ(read.error->message, "The player profile file \"" + path.string() + "\" cannot be read: it is " +
+                                     std::to_string(kLongestReadFile) +
+                                     " bytes long, but the 1 profile it holds fills only 63563.");
+  EXPECT_TRUE(read.bytes.empty());
+  EXPECT_TRUE(read.profiles.empty());
+  if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
+  EXPECT_TRUE(ReadsWithin(path, 16 * kMiB, ProfileFileContents::Status::Faulty));
+}
+
+TEST(HugeProfileFiles, AFileShorterThanItsProfilesFillIsReadToNameItsFault) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  WriteSparseFile(path, OneProfileHead(3), 50000);
+  const ProfileFileContents read = ReadProfileFile(path);
+  EXPECT_EQ(read.status, ProfileFileContents::Status::Faulty);
+  ASSERT_TRUE(read.error.has_value());
+  // Read and named by its first fault (its records are zeros), and handed back to be kept aside.
+  EXPECT_NE(read.error->message.find("profile 1 of 1"), std::string::npos) << read.error->message;
+  EXPECT_EQ(read.bytes.size(), 50000u);
+}
+
+TEST(HugeProfileFiles, AFileIsReadIntoOneBufferOfItsLength) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  // As many profiles as the file has room for and one more: too short for them, so it is read whole, and
+  // as a faulty file its bytes come back as read.
+  const off_t size = 10 * static_cast<off_t>(kMiB);
+  const auto count = static_cast<int32_t>((size - 8) / kSmallestProfileBlockBytes + 1);
+  WriteSparseFile(path, Le32(1) + Le32(count), size);
+  const ProfileFileContents read = ReadProfileFile(path);
+  ASSERT_EQ(read.status, ProfileFileContents::Status::Faulty);
+  ASSERT_EQ(read.bytes.size(), static_cast<std::size_t>(size));
+  // A buffer grown past the file's length to look for more would have doubled.
+  EXPECT_LT(read.bytes.capacity(), read.bytes.size() + read.bytes.size() / 2);
 }
 
 TEST(WriteLockTest, ASecondWriterWaitsForTheFirstAndGivesUpWithAReason) {

@@ -1,4 +1,4 @@
-#include "storage/terminal_text.h"
+#include "cards/terminal_text.h"
 
 namespace quillet {
 namespace {
@@ -27,6 +27,19 @@ std::string EscapeControlCharacters(std::string_view utf8) {
     }
   }
   return out;
+}
+
+std::string QuotedExcerpt(std::string_view utf8) {
+  std::size_t characters = 0;
+  std::size_t cut = 0;
+  for (; cut < utf8.size(); ++cut) {
+    // A character starts at each byte that is not a UTF-8 continuation byte.
+    const bool starts = (static_cast<unsigned char>(utf8[cut]) & 0xC0) != 0x80;
+    if (starts && characters++ == kLongestQuotedText) break;
+  }
+  std::string shown = EscapeControlCharacters(utf8.substr(0, cut));
+  if (cut < utf8.size()) shown += "...";
+  return shown;
 }
 
 }  // namespace quillet
