@@ -30,7 +30,8 @@ struct PreferenceLine {
   std::optional<std::string> value;  // none when the line has no "|"
 };
 
-// The file's lines in order, empty lines skipped. A line ends at CR LF, LF or CR. Each line is split at
+// The file's lines in order, empty lines skipped; a UTF-8 byte-order mark at the very start is skipped. A
+// line ends at CR LF, LF or CR. Each line is split at
 // "|": the key is the first piece and the value the second, so a value is cut at a second "|".
 std::vector<PreferenceLine> ParsePreferences(std::string_view bytes);
 

@@ -106,6 +106,12 @@ TEST_F(PreferencesModel, EmptyLinesAreSkippedAndOneOrTwoLineBreaksReadAlike) {
   EXPECT_TRUE(model.selCardsAutoCook);
 }
 
+TEST_F(PreferencesModel, AFileStartingWithAByteOrderMarkKeepsItsFirstSetting) {
+  LoadFrom("\xEF\xBB\xBFmnuHideEmptyCats|False\r\nmnuWinLoseIcons|True\r\n");
+  EXPECT_FALSE(model.options.hideEmptyCats);
+  EXPECT_TRUE(model.options.winLoseIcons);
+}
+
 TEST_F(PreferencesModel, ALineWithoutABarIsIgnored) {
   LoadFrom("mnuWinLoseIcons\r\ntxtMyHand\r\nmnuCategoryIcons|True\r\n");
   EXPECT_FALSE(model.options.winLoseIcons);
