@@ -14,6 +14,9 @@ namespace quillet {
 namespace fs = std::filesystem;
 namespace {
 
+// How many symbolic links in a row are followed before the chain is taken for a circle.
+constexpr int kMostLinksFollowed = 40;
+
 std::string ErrnoText(int error) {
   return std::strerror(error);
 }
@@ -215,7 +218,19 @@ namespace {
 // file's, with read and write for the owner.
 std::optional<std::string> ReplaceFile(const fs::path& path, std::optional<mode_t> mode,
                                        const std::function<std::optional<std::string>(int fd)>& fill) {
+  // Through a symbolic link the file is written where the link leads, and the link stays: a link is never
+  // replaced by a file.
   const fs::path target = FinalTarget(path);
+  std::error_code ec;
+  if (fs::is_symlink(fs::symlink_status(target, ec)))
+    return "it is a symbolic link that leads round in a circle or through more than " +
+           std::to_string(kMostLinksFollowed) + " links";
+  if (target != path) {
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    if (!fs::is_directory(folder, ec))
+      return "it is a symbolic link to \"" + target.string() + "\", and there is no folder \"" +
+             folder.string() + "\" to hold that file";
+  }
   RemoveStaleTemporaryFiles(target);
   fs::path temporary;
   int error = 0;
@@ -312,10 +327,16 @@ std::optional<mode_t> ModeOf(const fs::path& path) {
 }  // namespace
 
 fs::path FinalTarget(const fs::path& path) {
-  std::error_code ec;
-  if (!fs::is_symlink(fs::symlink_status(path, ec))) return path;
-  fs::path target = fs::weakly_canonical(path, ec);
-  return ec ? path : target;
+  fs::path current = path;
+  for (int hop = 0; hop < kMostLinksFollowed; ++hop) {
+    std::error_code ec;
+    if (!fs::is_symlink(fs::symlink_status(current, ec))) return current;
+    const fs::path next = fs::read_symlink(current, ec);
+    if (ec) return current;
+    // A relative link is read from the folder that holds it.
+    current = next.is_absolute() ? next : current.parent_path() / next;
+  }
+  return current;
 }
 
 bool SomethingAt(const fs::path& path) {

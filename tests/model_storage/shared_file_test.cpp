@@ -181,5 +181,40 @@ TEST_F(SharedProfileFile, ASaveThatCannotMakeItsFolderSaysSoAndDoesNotSpeakOfAnO
                                            "there, and none was made.");
 }
 
+TEST_F(SharedProfileFile, BothFilesSavedThroughLinksToFilesNotYetThereGoToTheTargetsAndTheLinksStay) {
+  fs::create_directory(dir / "usb");
+  fs::create_symlink(dir / "usb" / "Player_Profiles.ini", ProfileFile());
+  fs::create_symlink(dir / "usb" / "MyPrefs.ini", PrefsFile());
+  Start();
+  model.Form_QueryUnload();
+  EXPECT_TRUE(services.messages.empty());
+  EXPECT_TRUE(fs::is_symlink(ProfileFile()));
+  EXPECT_TRUE(fs::is_symlink(PrefsFile()));
+  EXPECT_EQ(NamesInFile(dir / "usb" / "Player_Profiles.ini"), std::vector<std::string>{"Generic"});
+  EXPECT_EQ(ReadBytes(dir / "usb" / "MyPrefs.ini"), testing::kTwelveDefaultRecords);
+}
+
+TEST_F(SharedProfileFile, ASaveThroughALinkToADriveNotMountedIsRefusedWithAMessageAndTheLinksStay) {
+  const fs::path usb = dir / "usb";
+  fs::create_symlink(usb / "Player_Profiles.ini", ProfileFile());
+  fs::create_symlink(usb / "MyPrefs.ini", PrefsFile());
+  Start();
+  model.Form_QueryUnload();
+  ASSERT_EQ(services.messages.size(), 2u);
+  EXPECT_EQ(services.messages[0].text, "The player profiles could not be saved to \"" +
+                                           ProfileFile().string() + "\": it is a symbolic link to \"" +
+                                           (usb / "Player_Profiles.ini").string() +
+                                           "\", and there is no folder \"" + usb.string() +
+                                           "\" to hold that file. The file there was left as it was.");
+  EXPECT_EQ(services.messages[1].text, "The preferences could not be saved to \"" + PrefsFile().string() +
+                                           "\": it is a symbolic link to \"" +
+                                           (usb / "MyPrefs.ini").string() + "\", and there is no folder \"" +
+                                           usb.string() +
+                                           "\" to hold that file. The file there was left as it was.");
+  EXPECT_TRUE(fs::is_symlink(ProfileFile()));
+  EXPECT_TRUE(fs::is_symlink(PrefsFile()));
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"MyPrefs.ini", "Player_Profiles.ini"}));
+}
+
 }  // namespace
 }  // namespace quillet
