@@ -72,7 +72,8 @@ bool ReadUpTo(int fd, char* data, std::size_t n, std::size_t& got, int& error) {
   return true;
 }
 
-// The temporary files of a target are named ".NAME.PID.N.TICK.tmp"; the process id of such a name, or 0.
+// The temporary files of a target are named ".NAME.PID.N.TICK.tmp", and those of the copies kept aside
+// beside it ".NAME.bad.PID.N.TICK.tmp" and ".NAME.bad.K.PID.N.TICK.tmp"; the process id of such a name, or 0.
 pid_t TemporaryFileOwner(std::string_view name, std::string_view targetName) {
   constexpr std::string_view kSuffix = ".tmp";
   if (name.size() <= 1 + targetName.size() + 1 + kSuffix.size() || name[0] != '.' ||
@@ -82,20 +83,30 @@ pid_t TemporaryFileOwner(std::string_view name, std::string_view targetName) {
   }
   std::string_view numbers = name.substr(2 + targetName.size());
   numbers.remove_suffix(kSuffix.size());
-  unsigned long long parts[3] = {};
+  constexpr std::string_view kAside = "bad.";
+  const bool aside = numbers.substr(0, kAside.size()) == kAside;
+  if (aside) numbers.remove_prefix(kAside.size());
+  unsigned long long parts[4] = {};
+  int count = 0;
   const char* p = numbers.data();
   const char* end = numbers.data() + numbers.size();
-  for (int k = 0; k < 3; ++k) {
-    if (k > 0) {
-      if (p == end || *p != '.') return 0;
+  for (; count < 4 && p != end; ++count) {
+    if (count > 0) {
+      if (*p != '.') return 0;
       ++p;
     }
-    const auto [next, ec] = std::from_chars(p, end, parts[k]);
+    const auto [next, ec] = std::from_chars(p, end, parts[count]);
     if (ec != std::errc() || next == p) return 0;
     p = next;
   }
-  if (p != end || parts[0] == 0 || parts[0] > 0x7FFFFFFF) return 0;
-  return static_cast<pid_t>(parts[0]);
+  if (p != end) return 0;
+  // A copy's number K (".bad.K") comes before the three of the temporary file.
+  const bool copyNumber = aside && count == 4;
+  if (count != 3 && !copyNumber) return 0;
+  if (copyNumber && (parts[0] < 2 || parts[0] > 99)) return 0;
+  const unsigned long long pid = parts[copyNumber ? 1 : 0];
+  if (pid == 0 || pid > 0x7FFFFFFF) return 0;
+  return static_cast<pid_t>(pid);
 }
 
 bool ProcessIsGone(pid_t pid) {
@@ -232,6 +243,7 @@ std::optional<std::string> ReplaceFile(const fs::path& path, std::optional<mode_
              folder.string() + "\" to hold that file";
   }
   RemoveStaleTemporaryFiles(target);
+  if (target != path) RemoveStaleTemporaryFiles(path);  // a copy kept aside is made beside the link
   fs::path temporary;
   int error = 0;
   Descriptor fd(CreateTemporary(target, temporary, error));

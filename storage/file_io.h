@@ -46,8 +46,9 @@ FileRead ReadWholeFile(const std::filesystem::path& path, std::size_t maxBytes, 
 // file is then unchanged and no temporary file is left.
 std::optional<std::string> WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes);
 
-// Removes the temporary files of `path` (".NAME.PID.N.TICK.tmp") whose process is no longer running;
-// returns how many were removed. Those of running processes, this one included, stay.
+// Removes the temporary files of `path` (".NAME.PID.N.TICK.tmp") and of the copies kept aside beside it
+// (".NAME.bad.PID.N.TICK.tmp", ".NAME.bad.K.PID.N.TICK.tmp") whose process is no longer running; returns
+// how many were removed. Those of running processes, this one included, stay.
 int RemoveStaleTemporaryFiles(const std::filesystem::path& path);
 
 // The file a path finally stands for, whether or not it is there: a chain of symbolic links is followed

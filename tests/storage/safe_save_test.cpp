@@ -45,6 +45,31 @@ TEST(StaleTemporaryFiles, TheNextSaveRemovesTheTemporaryFileAKilledSaveLeft) {
   EXPECT_EQ(ReadBytes(path), "new");
 }
 
+TEST(StaleTemporaryFiles, TheNextSaveRemovesTheTemporaryFilesOfKilledCopiesKeptAside) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  const std::string faulty(1 << 20, 'f');
+  WriteBytes(path, faulty);
+  // Killed while the copy ".bad" was written, then, with a ".bad" there already, while ".bad.2" was.
+  KillASaveHalfway([&] { KeepFileAside(path, &faulty); }, faulty.size() / 2);
+  WriteBytes(dir / "Player_Profiles.ini.bad", "an older faulty file");
+  KillASaveHalfway([&] { CopyFileAside(path); }, faulty.size() / 2);
+  ASSERT_EQ(dir.Entries().size(), 4u) << "the killed copies left their temporary files";
+  ASSERT_FALSE(WriteFileAtomically(path, "new").has_value());
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
+}
+
+TEST(StaleTemporaryFiles, ThoseOfCopiesOfOtherFilesStay) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  const std::string otherFile = ".MyPrefs.ini.bad.999999999.1.2.tmp";
+  const std::string noCopyNumber = ".Player_Profiles.ini.bad.x.999999999.1.2.tmp";
+  const std::string tooManyNumbers = ".Player_Profiles.ini.bad.2.3.999999999.1.2.tmp";
+  for (const auto& name : {otherFile, noCopyNumber, tooManyNumbers}) WriteBytes(dir / name, "x");
+  EXPECT_EQ(RemoveStaleTemporaryFiles(path), 0);
+  EXPECT_EQ(dir.Entries().size(), 3u);
+}
+
 TEST(StaleTemporaryFiles, ThoseOfRunningProcessesAndOfOtherFilesStay) {
   TempFolder dir;
   const auto path = dir / "Player_Profiles.ini";
