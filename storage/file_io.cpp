@@ -390,12 +390,14 @@ std::optional<std::string> WriteFileAtomically(const fs::path& path, std::string
 SetAside KeepFileAside(const fs::path& path, const std::string* bytes) {
   SetAside result;
   if (bytes == nullptr) {
-    const auto name = ChooseAsideName(path, nullptr);
+    // The file itself moves, not a symbolic link to it: the link stays and the next save goes where it leads.
+    const fs::path target = FinalTarget(path);
+    const auto name = ChooseAsideName(target, nullptr);
     if (!name) {
       result.reason = kNoAsideName;
       return result;
     }
-    if (::rename(path.c_str(), name->path.c_str()) != 0) {
+    if (::rename(target.c_str(), name->path.c_str()) != 0) {
       result.reason = ErrnoText(errno);
       return result;
     }

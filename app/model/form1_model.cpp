@@ -6,6 +6,7 @@
 #include "categorise/categories.h"
 #include "equity/deck.h"
 #include "equity/lookup_tables.h"
+#include "storage/file_io.h"
 
 namespace quillet {
 
@@ -76,6 +77,13 @@ bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
   tmrTVError.Disable();
   StartRangeHistory();
   return true;
+}
+
+std::string Form1Model::KeepUnreadableFileAside(const std::filesystem::path& path, const std::string* bytes) {
+  const SetAside aside = KeepFileAside(path, bytes);
+  if (!aside.copy.empty()) return "The file was kept as \"" + aside.copy.string() + "\".";
+  return "The file could not be kept aside (" + aside.reason +
+         ") and will be overwritten when Quillet closes.";
 }
 
 void Form1Model::Form_QueryUnload() {

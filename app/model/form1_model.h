@@ -391,9 +391,17 @@ class Form1Model {
   int FirstProfileIndex();
   void RefillPlayerList(const std::string& name);
 
+  // Keeps a file that cannot be read as ".bad" (see KeepFileAside) before the session's save can overwrite
+  // it; the sentence for the message that reports the fault: where the file was kept, or why it could not be.
+  std::string KeepUnreadableFileAside(const std::filesystem::path& path, const std::string* bytes);
+
   // ---- preferences (form1_preferences.cpp) ----
+  // Writes the records; a My Hand or Board text longer than the file keeps is cut, and the user is told.
   void SavePreferences();
   void LoadPreferences();
+  // The text SavePreferences keeps of a card box: all of it, or its first `longest` characters and a word
+  // to the user (`box` names it: "My Hand", "The Board").
+  std::string SavedCardText(const std::string& text, std::size_t longest, std::string_view box);
   // The part of LoadPreferences after the file is read: applies its lines in order.
   void ApplyPreferences(const std::vector<PreferenceLine>& lines);
 

@@ -236,5 +236,16 @@ TEST(KeepFileAside, AFileWhoseBytesAreNotAtHandIsRenamed) {
   EXPECT_TRUE(fs::is_directory(dir / "Player_Profiles.ini.bad"));
 }
 
+TEST(KeepFileAside, AFileBehindALinkIsRenamedBesideItselfAndTheLinkStays) {
+  TempFolder dir;
+  fs::create_directory(dir / "usb");
+  WriteBytes(dir / "usb" / "MyPrefs.ini", "unreadable");
+  fs::create_symlink(dir / "usb" / "MyPrefs.ini", dir / "MyPrefs.ini");
+  const SetAside aside = KeepFileAside(dir / "MyPrefs.ini", nullptr);
+  EXPECT_EQ(aside.copy, dir / "usb" / "MyPrefs.ini.bad");
+  EXPECT_EQ(ReadBytes(dir / "usb" / "MyPrefs.ini.bad"), "unreadable");
+  EXPECT_TRUE(fs::is_symlink(dir / "MyPrefs.ini"));
+}
+
 }  // namespace
 }  // namespace quillet
