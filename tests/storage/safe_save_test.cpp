@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <thread>
 
 #include "storage/file_io.h"
 #include "storage/file_lock.h"
@@ -313,6 +314,56 @@ TEST(WriteLockTest, AWriterInAnotherProcessWaitsUntilTheLockIsFree) {
   waitpid(child, nullptr, 0);
   ::close(ready[0]);
   ::close(ready[1]);
+}
+
+TEST(WriteLockTest, AWriterThatGivesUpNamesTheProcessThatHoldsTheLock) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  int ready[2];
+  int done[2];
+  ASSERT_EQ(::pipe(ready), 0);
+  ASSERT_EQ(::pipe(done), 0);
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const WriteLock lock(path);
+    char c = 'x';
+    (void)::write(ready[1], &c, 1);
+    (void)::read(done[0], &c, 1);
+    _exit(0);
+  }
+  char c = 0;
+  ASSERT_EQ(::read(ready[0], &c, 1), 1);
+  const std::optional<std::string> holder = WriteLockHolder(path);
+  std::optional<std::string> failure;
+  {
+    const WriteLock lock(path, std::chrono::milliseconds(50));
+    failure = lock.failure();
+  }
+  (void)::write(done[1], &c, 1);
+  waitpid(child, nullptr, 0);
+  for (const int fd : {ready[0], ready[1], done[0], done[1]}) ::close(fd);
+  const std::string name = ReadBytes("/proc/self/comm").substr(0, ReadBytes("/proc/self/comm").find('\n'));
+  const std::string who = name + " (process " + std::to_string(child) + ")";
+  EXPECT_EQ(holder, who);
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(*failure, "another program, " + who + ", kept the folder \"" + dir.path().string() +
+                          "\" locked for 50 milliseconds");
+  EXPECT_EQ(WriteLockHolder(path), std::nullopt) << "the lock ended with its process";
+}
+
+TEST(WriteLockTest, TheWaitIsTakenInShortStepsByTheStepGiven) {
+  TempFolder dir;
+  const auto path = dir / "MyPrefs.ini";
+  const WriteLock first(path);
+  std::vector<std::chrono::milliseconds> steps;
+  const WriteLock second(path, std::chrono::milliseconds(300), [&](std::chrono::milliseconds step) {
+    steps.push_back(step);
+    std::this_thread::sleep_for(step);
+  });
+  EXPECT_TRUE(second.failure().has_value());
+  ASSERT_GE(steps.size(), 2u);
+  for (const auto step : steps) EXPECT_LE(step.count(), 50);
 }
 
 TEST(EscapeControlCharactersTest, AnEscapeSequenceIsShownNotObeyed) {
