@@ -98,6 +98,7 @@ class Form1 : public QWidget {
   QtWindowServices& services_;
   int acting_ = 0;
   bool resizing_ = false;
+  bool closing_ = false;  // the close's saves are running (they may wait for another program's lock)
 
   QComboBox* cmbPlayer_ = nullptr;
   std::vector<std::string> shownPlayers_;

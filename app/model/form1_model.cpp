@@ -86,14 +86,24 @@ std::string Form1Model::KeepUnreadableFileAside(const std::filesystem::path& pat
          ") and will be overwritten when Quillet closes.";
 }
 
-void Form1Model::Form_QueryUnload() {
-  SaveProfiles();
-  SavePreferences();
+bool Form1Model::AskToRetryLockedSave(const std::string& fault) {
+  return services.AskRetryCancel(
+      fault +
+          "\r\n\r\nRetry waits for it again; Cancel keeps the window open with your "
+          "changes, to be saved when it closes.",
+      MessageIcon::Warning);
+}
+
+bool Form1Model::Form_QueryUnload() {
+  // A save kept waiting by another program's lock may be cancelled: the window then stays open, changes and
+  // all.
+  if (!SaveProfiles() || !SavePreferences()) return false;
   if (highlightedLabel) {
     label(*highlightedLabel).opaque = false;
     highlightedLabel.reset();
   }
   frmSelCards.visible = false;
+  return true;
 }
 
 void Form1Model::ShowCurrentProfile() {

@@ -57,7 +57,7 @@ std::string Form1Model::SavedCardText(const std::string& text, std::size_t longe
   return Utf8Prefix(text, longest);
 }
 
-void Form1Model::SavePreferences() {
+bool Form1Model::SavePreferences() {
   std::vector<PreferenceRecord> records;
   for (const MenuKey& m : kMenuKeys) records.push_back({m.key, BooleanText(options.*m.tick)});
   records.push_back({"txtMyHand", SavedCardText(txtMyHand.text, kLongestMyHandText, "My Hand")});
@@ -70,16 +70,20 @@ void Form1Model::SavePreferences() {
   }
   if (auto failure = CreateFolderFor(preferencesPath)) {
     services.MsgBox(PreferencesSaveFault(preferencesPath, *failure, false), MessageIcon::Warning);
-    return;
+    return true;
   }
-  const WriteLock lock(preferencesPath, writeLockWait);
-  if (lock.failure()) {
-    services.MsgBox(PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath)),
-                    MessageIcon::Warning);
-    return;
+  for (;;) {
+    const WriteLock lock(preferencesPath, writeLockWait,
+                         [this](std::chrono::milliseconds step) { services.Wait(step); });
+    if (!lock.failure()) {
+      if (auto error = WritePreferencesFile(preferencesPath, records))
+        services.MsgBox(error->message, MessageIcon::Warning);
+      return true;
+    }
+    if (!AskToRetryLockedSave(
+            PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath))))
+      return false;
   }
-  if (auto error = WritePreferencesFile(preferencesPath, records))
-    services.MsgBox(error->message, MessageIcon::Warning);
 }
 
 void Form1Model::LoadPreferences() {

@@ -66,19 +66,22 @@ bool Form1Model::LoadProfiles() {
   return true;
 }
 
-void Form1Model::SaveProfiles() {
+bool Form1Model::SaveProfiles() {
   if (auto failure = CreateFolderFor(profilePath)) {
     services.MsgBox(ProfileSaveFault(profilePath, *failure, false), MessageIcon::Warning);
-    return;
+    return true;
   }
-  const WriteLock lock(profilePath, writeLockWait);
-  if (lock.failure()) {
-    services.MsgBox(ProfileSaveFault(profilePath, *lock.failure(), SomethingAt(profilePath)),
-                    MessageIcon::Warning);
-    return;
+  for (;;) {
+    const WriteLock lock(profilePath, writeLockWait,
+                         [this](std::chrono::milliseconds step) { services.Wait(step); });
+    if (!lock.failure()) {
+      if (auto error = WriteProfileFile(profilePath, ProfilesToSave()))
+        services.MsgBox(error->message, MessageIcon::Warning);
+      return true;
+    }
+    if (!AskToRetryLockedSave(ProfileSaveFault(profilePath, *lock.failure(), SomethingAt(profilePath))))
+      return false;
   }
-  if (auto error = WriteProfileFile(profilePath, ProfilesToSave()))
-    services.MsgBox(error->message, MessageIcon::Warning);
 }
 
 std::vector<PlayerProfile> Form1Model::ProfilesToSave() {
