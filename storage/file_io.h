@@ -69,9 +69,9 @@ struct SetAside {
 
 // Keeps a file that could not be read out of harm's way before anything overwrites it: as a copy with
 // `bytes` when its contents are at hand, else by renaming it (the file a symbolic link leads to, beside
-// itself; the link stays). The copy is named after the file with
-// ".bad" appended (".bad.2", ".bad.3", ... when that name is taken); a copy with the same contents that is
-// already there is kept instead of a second one. A copy gets the file's own permissions.
+// itself; the link stays). The copy is named after the file with ".bad" appended (".bad.2", ".bad.3", ...
+// when that name is taken); a copy with the same contents that is already there is kept instead of a second
+// one. A copy gets the file's own permissions.
 SetAside KeepFileAside(const std::filesystem::path& path, const std::string* bytes);
 
 // The same for a file that is to stay where it is until it is overwritten: copied from the disk a piece at

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
 #include <thread>
@@ -31,7 +32,7 @@ std::optional<std::string> FlockHolder(dev_t device, ino_t inode) {
     std::istringstream fields(line);
     std::string number, kind, mode, access, where;
     long long pid = 0;
-    if (!(fields >> number >> kind) || kind == "->" || kind != "FLOCK") continue;
+    if (!(fields >> number >> kind) || kind != "FLOCK") continue;
     if (!(fields >> mode >> access >> pid >> where)) continue;
     unsigned major = 0, minor = 0;
     unsigned long long node = 0;

@@ -1,7 +1,6 @@
 // What the window model asks of the windowing system: message boxes, questions, the input box, the
 // clipboard, the shell's "open", pop-up menus, focus, an immediate repaint and a wait that keeps the window
-// alive. The Qt window implements
-// it; the tests use RecordingServices (tests/support/recording_services.h).
+// alive. The Qt window implements it; the tests use RecordingServices (tests/support/recording_services.h).
 #pragma once
 
 #include <chrono>
