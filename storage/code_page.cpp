@@ -105,4 +105,10 @@ std::size_t Utf8Length(std::string_view utf8) {
   return n;
 }
 
+std::string Utf8Prefix(std::string_view utf8, std::size_t n) {
+  std::size_t i = 0;
+  for (std::size_t taken = 0; taken < n && i < utf8.size(); ++taken) NextChar(utf8, i);
+  return std::string(utf8.substr(0, i));
+}
+
 }  // namespace quillet

@@ -18,4 +18,7 @@ std::string Cp1252ToUtf8(std::string_view bytes);
 // The number of characters in a UTF-8 text (each malformed byte counts as one).
 std::size_t Utf8Length(std::string_view utf8);
 
+// The first `n` characters of a UTF-8 text (counted as Utf8Length counts them); all of it when it is shorter.
+std::string Utf8Prefix(std::string_view utf8, std::size_t n);
+
 }  // namespace quillet

@@ -14,6 +14,9 @@ namespace quillet {
 namespace fs = std::filesystem;
 namespace {
 
+// How many symbolic links in a row are followed before the chain is taken for a circle.
+constexpr int kMostLinksFollowed = 40;
+
 std::string ErrnoText(int error) {
   return std::strerror(error);
 }
@@ -69,7 +72,8 @@ bool ReadUpTo(int fd, char* data, std::size_t n, std::size_t& got, int& error) {
   return true;
 }
 
-// The temporary files of a target are named ".NAME.PID.N.TICK.tmp"; the process id of such a name, or 0.
+// The temporary files of a target are named ".NAME.PID.N.TICK.tmp", and those of the copies kept aside
+// beside it ".NAME.bad.PID.N.TICK.tmp" and ".NAME.bad.K.PID.N.TICK.tmp"; the process id of such a name, or 0.
 pid_t TemporaryFileOwner(std::string_view name, std::string_view targetName) {
   constexpr std::string_view kSuffix = ".tmp";
   if (name.size() <= 1 + targetName.size() + 1 + kSuffix.size() || name[0] != '.' ||
@@ -79,20 +83,30 @@ pid_t TemporaryFileOwner(std::string_view name, std::string_view targetName) {
   }
   std::string_view numbers = name.substr(2 + targetName.size());
   numbers.remove_suffix(kSuffix.size());
-  unsigned long long parts[3] = {};
+  constexpr std::string_view kAside = "bad.";
+  const bool aside = numbers.substr(0, kAside.size()) == kAside;
+  if (aside) numbers.remove_prefix(kAside.size());
+  unsigned long long parts[4] = {};
+  int count = 0;
   const char* p = numbers.data();
   const char* end = numbers.data() + numbers.size();
-  for (int k = 0; k < 3; ++k) {
-    if (k > 0) {
-      if (p == end || *p != '.') return 0;
+  for (; count < 4 && p != end; ++count) {
+    if (count > 0) {
+      if (*p != '.') return 0;
       ++p;
     }
-    const auto [next, ec] = std::from_chars(p, end, parts[k]);
+    const auto [next, ec] = std::from_chars(p, end, parts[count]);
     if (ec != std::errc() || next == p) return 0;
     p = next;
   }
-  if (p != end || parts[0] == 0 || parts[0] > 0x7FFFFFFF) return 0;
-  return static_cast<pid_t>(parts[0]);
+  if (p != end) return 0;
+  // A copy's number K (".bad.K") comes before the three of the temporary file.
+  const bool copyNumber = aside && count == 4;
+  if (count != 3 && !copyNumber) return 0;
+  if (copyNumber && (parts[0] < 2 || parts[0] > 99)) return 0;
+  const unsigned long long pid = parts[copyNumber ? 1 : 0];
+  if (pid == 0 || pid > 0x7FFFFFFF) return 0;
+  return static_cast<pid_t>(pid);
 }
 
 bool ProcessIsGone(pid_t pid) {
@@ -228,8 +242,21 @@ namespace {
 // file's, with read and write for the owner.
 std::optional<std::string> ReplaceFile(const fs::path& path, std::optional<mode_t> mode,
                                        const std::function<std::optional<std::string>(int fd)>& fill) {
+  // Through a symbolic link the file is written where the link leads, and the link stays: a link is never
+  // replaced by a file.
   const fs::path target = FinalTarget(path);
+  std::error_code ec;
+  if (fs::is_symlink(fs::symlink_status(target, ec)))
+    return "it is a symbolic link that leads round in a circle or through more than " +
+           std::to_string(kMostLinksFollowed) + " links";
+  if (target != path) {
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    if (!fs::is_directory(folder, ec))
+      return "it is a symbolic link to \"" + target.string() + "\", and there is no folder \"" +
+             folder.string() + "\" to hold that file";
+  }
   RemoveStaleTemporaryFiles(target);
+  if (target != path) RemoveStaleTemporaryFiles(path);  // a copy kept aside is made beside the link
   fs::path temporary;
   int error = 0;
   Descriptor fd(CreateTemporary(target, temporary, error));
@@ -325,10 +352,16 @@ std::optional<mode_t> ModeOf(const fs::path& path) {
 }  // namespace
 
 fs::path FinalTarget(const fs::path& path) {
-  std::error_code ec;
-  if (!fs::is_symlink(fs::symlink_status(path, ec))) return path;
-  fs::path target = fs::weakly_canonical(path, ec);
-  return ec ? path : target;
+  fs::path current = path;
+  for (int hop = 0; hop < kMostLinksFollowed; ++hop) {
+    std::error_code ec;
+    if (!fs::is_symlink(fs::symlink_status(current, ec))) return current;
+    const fs::path next = fs::read_symlink(current, ec);
+    if (ec) return current;
+    // A relative link is read from the folder that holds it.
+    current = next.is_absolute() ? next : current.parent_path() / next;
+  }
+  return current;
 }
 
 bool SomethingAt(const fs::path& path) {
@@ -370,12 +403,14 @@ std::optional<std::string> WriteFileAtomically(const fs::path& path, std::string
 SetAside KeepFileAside(const fs::path& path, const std::string* bytes) {
   SetAside result;
   if (bytes == nullptr) {
-    const auto name = ChooseAsideName(path, nullptr);
+    // The file itself moves, not a symbolic link to it: the link stays and the next save goes where it leads.
+    const fs::path target = FinalTarget(path);
+    const auto name = ChooseAsideName(target, nullptr);
     if (!name) {
       result.reason = kNoAsideName;
       return result;
     }
-    if (::rename(path.c_str(), name->path.c_str()) != 0) {
+    if (::rename(target.c_str(), name->path.c_str()) != 0) {
       result.reason = ErrnoText(errno);
       return result;
     }

@@ -40,18 +40,22 @@ FileRead ReadWholeFile(const std::filesystem::path& path, std::size_t maxBytes, 
 
 // Replaces the file with `bytes`: writes a temporary file in the same folder, flushes it to the disk and
 // renames it over the old one, so that a crash, a full disk or a failed write at any point leaves either
-// the old file or the new one, whole. A symbolic link is followed and its target replaced. The new file
-// keeps the old one's permissions, and its owner may always read and write it (a file the owner could not
-// read would lose every later save). Temporary files that dead processes left beside the file (a save that
-// was killed) are removed first. Returns the reason when the file could not be replaced; the old file is
-// then unchanged and no temporary file is left.
+// the old file or the new one, whole. A symbolic link is followed (a chain of them to its end) and its
+// target replaced or, when it is not there yet, created; the link itself is never replaced. A link whose
+// target's folder is missing (a drive that is not mounted) or that leads round in a circle is refused. The
+// new file keeps the old one's permissions, and its owner may always read and write it (a file the owner
+// could not read would lose every later save). Temporary files that dead processes left beside the file (a
+// save that was killed) are removed first. Returns the reason when the file could not be replaced; the old
+// file is then unchanged and no temporary file is left.
 std::optional<std::string> WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes);
 
-// Removes the temporary files of `path` (".NAME.PID.N.TICK.tmp") whose process is no longer running;
-// returns how many were removed. Those of running processes, this one included, stay.
+// Removes the temporary files of `path` (".NAME.PID.N.TICK.tmp") and of the copies kept aside beside it
+// (".NAME.bad.PID.N.TICK.tmp", ".NAME.bad.K.PID.N.TICK.tmp") whose process is no longer running; returns
+// how many were removed. Those of running processes, this one included, stay.
 int RemoveStaleTemporaryFiles(const std::filesystem::path& path);
 
-// The file a path finally stands for: a symbolic link is followed, so that replacing the file keeps the link.
+// The file a path finally stands for, whether or not it is there: a chain of symbolic links is followed
+// (40 at most), so that replacing the file keeps the links.
 std::filesystem::path FinalTarget(const std::filesystem::path& path);
 
 // Creates the folder that is to hold `file` when it is missing; returns why it could not be created, as a
@@ -67,9 +71,10 @@ struct SetAside {
 };
 
 // Keeps a file that could not be read out of harm's way before anything overwrites it: as a copy with
-// `bytes` when its contents are at hand, else by renaming it. The copy is named after the file with
-// ".bad" appended (".bad.2", ".bad.3", ... when that name is taken); a copy with the same contents that is
-// already there is kept instead of a second one. A copy gets the file's own permissions.
+// `bytes` when its contents are at hand, else by renaming it (the file a symbolic link leads to, beside
+// itself; the link stays). The copy is named after the file with ".bad" appended (".bad.2", ".bad.3", ...
+// when that name is taken); a copy with the same contents that is already there is kept instead of a second
+// one. A copy gets the file's own permissions.
 SetAside KeepFileAside(const std::filesystem::path& path, const std::string* bytes);
 
 // The same for a file that is to stay where it is until it is overwritten: copied from the disk a piece at

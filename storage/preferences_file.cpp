@@ -13,7 +13,9 @@ std::string FormatPreferences(const std::vector<PreferenceRecord>& records) {
 
 std::vector<PreferenceLine> ParsePreferences(std::string_view bytes) {
   std::vector<PreferenceLine> lines;
-  std::size_t start = 0;
+  // An editor that saved the file as UTF-8 may have put a byte-order mark before the first key.
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  std::size_t start = bytes.substr(0, kByteOrderMark.size()) == kByteOrderMark ? kByteOrderMark.size() : 0;
   while (start < bytes.size()) {
     std::size_t end = bytes.find_first_of("\r\n", start);
     if (end == std::string_view::npos) end = bytes.size();

@@ -16,6 +16,12 @@ namespace quillet {
 inline constexpr const char* kPreferencesFileName = "MyPrefs.ini";
 // The program writes a few hundred bytes; a file beyond this is not a preferences file and is not read.
 inline constexpr std::size_t kLargestPreferencesFileBytes = std::size_t{1} << 20;
+// The longest My Hand and Board texts the file keeps, in characters (a byte each in the file). A hand or a
+// board is a few dozen characters at most; My Hand in range notation a few thousand. Longer texts are cut
+// to these when they are saved and when they are read, so that the largest file the window writes (some
+// 8.5 KB) is far inside what is read, and no paste can slow the start-up.
+inline constexpr std::size_t kLongestMyHandText = 8000;
+inline constexpr std::size_t kLongestBoardText = 100;
 
 struct PreferenceRecord {
   std::string key;
@@ -30,7 +36,8 @@ struct PreferenceLine {
   std::optional<std::string> value;  // none when the line has no "|"
 };
 
-// The file's lines in order, empty lines skipped. A line ends at CR LF, LF or CR. Each line is split at
+// The file's lines in order, empty lines skipped; a UTF-8 byte-order mark at the very start is skipped. A
+// line ends at CR LF, LF or CR. Each line is split at
 // "|": the key is the first piece and the value the second, so a value is cut at a second "|".
 std::vector<PreferenceLine> ParsePreferences(std::string_view bytes);
 

@@ -93,9 +93,9 @@ EndRequests::~EndRequests() {
 void EndRequests::SignalArrived() {
   char byte = 0;
   [[maybe_unused]] const ssize_t got = ::read(signalSockets[0], &byte, 1);
-  // The window closes as a click on its close box closes it: the files are written, the picker goes.
-  form_.close();
-  QCoreApplication::quit();
+  // The window closes as a click on its close box closes it: the files are written, the picker goes. Cancel
+  // at the question of a held lock keeps the window open with its changes, as it does for a click.
+  if (form_.close()) QCoreApplication::quit();
 }
 
 }  // namespace quillet::gui

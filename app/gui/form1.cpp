@@ -638,7 +638,20 @@ void Form1::resizeEvent(QResizeEvent* event) {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
-  Act([this] { model_.Form_QueryUnload(); });
+  // A second close while the saves wait for another program's lock is no new request.
+  if (closing_) {
+    event->ignore();
+    return;
+  }
+  closing_ = true;
+  bool mayClose = true;
+  Act([this, &mayClose] { mayClose = model_.Form_QueryUnload(); });
+  closing_ = false;
+  // Cancel at the lock question: the window stays open with its changes.
+  if (!mayClose) {
+    event->ignore();
+    return;
+  }
   event->accept();
   emit closed();
 }

@@ -112,6 +112,7 @@ class Form1 : public QWidget {
   bool resizing_ = false;
   bool menuFromKey_ = false;    // the options menu opens under its label, not at the pointer
   bool gridKeyActing_ = false;  // a key on the grid acts: the focus stays on the grid
+  bool closing_ = false;        // the close's saves are running (they may wait for another program's lock)
 
   QComboBox* cmbPlayer_ = nullptr;
   std::vector<std::string> shownPlayers_;

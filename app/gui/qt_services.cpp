@@ -3,9 +3,11 @@
 #include <QAction>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QTimer>
 #include <QUrl>
 #include <cstdio>
 
@@ -63,6 +65,22 @@ bool QtWindowServices::AskYesNo(std::string_view title, std::string_view text, M
   LetCtrlCCopy(box);
   ModalScope scope(*this);
   return box.exec() == QMessageBox::Yes;
+}
+
+bool QtWindowServices::AskRetryCancel(std::string_view text, MessageIcon icon) {
+  QMessageBox box(ToQtIcon(icon), QString::fromLatin1(kBoxTitle), ToDisplayText(text),
+                  QMessageBox::Retry | QMessageBox::Cancel, DialogParent());
+  box.setDefaultButton(QMessageBox::Retry);
+  box.setEscapeButton(QMessageBox::Cancel);
+  LetCtrlCCopy(box);
+  ModalScope scope(*this);
+  return box.exec() == QMessageBox::Retry;
+}
+
+void QtWindowServices::Wait(std::chrono::milliseconds step) {
+  QEventLoop loop;
+  QTimer::singleShot(step, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 std::string QtWindowServices::InputBox(std::string_view prompt, std::string_view defaultText) {

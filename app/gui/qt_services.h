@@ -18,6 +18,9 @@ class QtWindowServices : public WindowServices {
   void MsgBox(std::string_view text, MessageIcon icon) override;
   using WindowServices::MsgBox;
   bool AskYesNo(std::string_view title, std::string_view text, MessageIcon icon) override;
+  bool AskRetryCancel(std::string_view text, MessageIcon icon) override;
+  // Runs the event loop for `step`, user input left waiting: the window paints and answers the desktop.
+  void Wait(std::chrono::milliseconds step) override;
   std::string InputBox(std::string_view prompt, std::string_view defaultText) override;
   void SetClipboardText(std::string_view text) override;
   std::string GetClipboardText() override;

@@ -6,6 +6,7 @@
 #include "categorise/categories.h"
 #include "equity/deck.h"
 #include "equity/lookup_tables.h"
+#include "storage/file_io.h"
 
 namespace quillet {
 
@@ -78,14 +79,31 @@ bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
   return true;
 }
 
-void Form1Model::Form_QueryUnload() {
-  SaveProfiles();
-  SavePreferences();
+std::string Form1Model::KeepUnreadableFileAside(const std::filesystem::path& path, const std::string* bytes) {
+  const SetAside aside = KeepFileAside(path, bytes);
+  if (!aside.copy.empty()) return "The file was kept as \"" + aside.copy.string() + "\".";
+  return "The file could not be kept aside (" + aside.reason +
+         ") and will be overwritten when Quillet closes.";
+}
+
+bool Form1Model::AskToRetryLockedSave(const std::string& fault) {
+  return services.AskRetryCancel(
+      fault +
+          "\r\n\r\nRetry waits for it again; Cancel keeps the window open with your "
+          "changes, to be saved when it closes.",
+      MessageIcon::Warning);
+}
+
+bool Form1Model::Form_QueryUnload() {
+  // A save kept waiting by another program's lock may be cancelled: the window then stays open, changes and
+  // all.
+  if (!SaveProfiles() || !SavePreferences()) return false;
   if (highlightedLabel) {
     label(*highlightedLabel).opaque = false;
     highlightedLabel.reset();
   }
   frmSelCards.visible = false;
+  return true;
 }
 
 void Form1Model::ShowCurrentProfile() {

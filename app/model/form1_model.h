@@ -196,8 +196,10 @@ class Form1Model {
   // Composes the file paths from `programFolder` and runs the start-up sequence. Returns false when the
   // program must end at once (the profile file's version question answered No): nothing is then saved.
   bool Form_Load(const std::filesystem::path& programFolder);
-  // Saves profiles then preferences, forgets the highlighted label, closes the card picker.
-  void Form_QueryUnload();
+  // Saves profiles then preferences, forgets the highlighted label, closes the card picker. A save that
+  // another program's lock keeps waiting asks Retry or Cancel; false when Cancel was chosen: the window must
+  // then stay open, its changes kept (nothing after the cancelled save is done).
+  bool Form_QueryUnload();
   // Fills names, captions, kinds and base colours of the 169 blocks from the current colour scheme.
   void InitHandGrid();
   // Shows the current profile: its name in cmbPlayer, its stored range text in txtRange, its layers on the
@@ -393,7 +395,9 @@ class Form1Model {
   void ProfilePaths(const std::filesystem::path& programFolder);
   // False when the version question was answered No (end the program at once).
   bool LoadProfiles();
-  void SaveProfiles();
+  // Writes the profiles under the folder's lock, waiting with the window alive (services.Wait); false when
+  // the lock could not be had and the user chose Cancel. Other failures are reported and give true.
+  bool SaveProfiles();
   // The list SaveProfiles writes: this session's profiles, with what another program changed in the file
   // since it was loaded (see MergeProfileLists).
   std::vector<PlayerProfile> ProfilesToSave();
@@ -401,9 +405,21 @@ class Form1Model {
   int FirstProfileIndex();
   void RefillPlayerList(const std::string& name);
 
+  // Keeps a file that cannot be read as ".bad" (see KeepFileAside) before the session's save can overwrite
+  // it; the sentence for the message that reports the fault: where the file was kept, or why it could not be.
+  std::string KeepUnreadableFileAside(const std::filesystem::path& path, const std::string* bytes);
+  // Asks whether a save that another program's lock kept waiting is to be tried again (`fault` says why it
+  // failed and who holds the lock when that is known); true for Retry.
+  bool AskToRetryLockedSave(const std::string& fault);
+
   // ---- preferences (form1_preferences.cpp) ----
-  void SavePreferences();
+  // Writes the records; a My Hand or Board text longer than the file keeps is cut, and the user is told.
+  // Waits for the folder's lock as SaveProfiles does; false when the user chose Cancel.
+  bool SavePreferences();
   void LoadPreferences();
+  // The text SavePreferences keeps of a card box: all of it, or its first `longest` characters and a word
+  // to the user (`box` names it: "My Hand", "The Board").
+  std::string SavedCardText(const std::string& text, std::size_t longest, std::string_view box);
   // The part of LoadPreferences after the file is read: applies its lines in order.
   void ApplyPreferences(const std::vector<PreferenceLine>& lines);
 

@@ -2,6 +2,7 @@
 
 #include "app/model/form1_model.h"
 #include "app/model/web_addresses.h"
+#include "storage/code_page.h"
 #include "storage/file_io.h"
 #include "storage/file_lock.h"
 #include "storage/preferences_file.h"
@@ -47,11 +48,20 @@ void SetBoxText(RichTextState& box, const std::string& text) {
 
 }  // namespace
 
-void Form1Model::SavePreferences() {
+std::string Form1Model::SavedCardText(const std::string& text, std::size_t longest, std::string_view box) {
+  const std::size_t length = text.size() <= longest ? text.size() : Utf8Length(text);
+  if (length <= longest) return text;
+  services.MsgBox(std::string(box) + " holds " + std::to_string(length) +
+                      " characters; the preferences keep its first " + std::to_string(longest) + ".",
+                  MessageIcon::Information);
+  return Utf8Prefix(text, longest);
+}
+
+bool Form1Model::SavePreferences() {
   std::vector<PreferenceRecord> records;
   for (const MenuKey& m : kMenuKeys) records.push_back({m.key, BooleanText(options.*m.tick)});
-  records.push_back({"txtMyHand", txtMyHand.text});
-  records.push_back({"txtBoard", txtBoard.text});
+  records.push_back({"txtMyHand", SavedCardText(txtMyHand.text, kLongestMyHandText, "My Hand")});
+  records.push_back({"txtBoard", SavedCardText(txtBoard.text, kLongestBoardText, "The Board")});
   records.push_back({"ColourSchemeDefault", BooleanText(colourSchemeDefault)});
   records.push_back({"SelCardsAutoOK", BooleanText(selCardsAutoOK)});
   records.push_back({"SelCardsAutoCook", BooleanText(selCardsAutoCook)});
@@ -60,16 +70,20 @@ void Form1Model::SavePreferences() {
   }
   if (auto failure = CreateFolderFor(preferencesPath)) {
     services.MsgBox(PreferencesSaveFault(preferencesPath, *failure, false), MessageIcon::Warning);
-    return;
+    return true;
   }
-  const WriteLock lock(preferencesPath, writeLockWait);
-  if (lock.failure()) {
-    services.MsgBox(PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath)),
-                    MessageIcon::Warning);
-    return;
+  for (;;) {
+    const WriteLock lock(preferencesPath, writeLockWait,
+                         [this](std::chrono::milliseconds step) { services.Wait(step); });
+    if (!lock.failure()) {
+      if (auto error = WritePreferencesFile(preferencesPath, records))
+        services.MsgBox(error->message, MessageIcon::Warning);
+      return true;
+    }
+    if (!AskToRetryLockedSave(
+            PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath))))
+      return false;
   }
-  if (auto error = WritePreferencesFile(preferencesPath, records))
-    services.MsgBox(error->message, MessageIcon::Warning);
 }
 
 void Form1Model::LoadPreferences() {
@@ -81,7 +95,9 @@ void Form1Model::LoadPreferences() {
       }
       return;
     case PreferencesFileContents::Status::Faulty:
-      services.MsgBox(file.error->message, MessageIcon::Warning);
+      // Kept as a profile file is, before the close writes the preferences anew.
+      services.MsgBox(file.error->message + "\r\n\r\n" + KeepUnreadableFileAside(preferencesPath, nullptr),
+                      MessageIcon::Warning);
       return;
     case PreferencesFileContents::Status::Read:
       ApplyPreferences(file.lines);
@@ -105,9 +121,9 @@ void Form1Model::ApplyPreferences(const std::vector<PreferenceLine>& lines) {
     }
     if (applied) continue;
     if (line.key == "txtMyHand") {
-      SetBoxText(txtMyHand, value);
+      SetBoxText(txtMyHand, Utf8Prefix(value, kLongestMyHandText));
     } else if (line.key == "txtBoard") {
-      SetBoxText(txtBoard, value);
+      SetBoxText(txtBoard, Utf8Prefix(value, kLongestBoardText));
     } else if (line.key == "ColourSchemeDefault") {
       const auto isDefault = ParseBooleanText(value);
       if (!isDefault) continue;

@@ -46,14 +46,9 @@ bool Form1Model::LoadProfiles() {
       return true;
     case ProfileFileContents::Status::Faulty: {
       // Keep the unreadable file before anything can overwrite it, and carry on with what was read.
-      const SetAside aside = KeepFileAside(profilePath, file.bytes.empty() ? nullptr : &file.bytes);
-      std::string text = file.error->message + "\r\n\r\n";
-      if (!aside.copy.empty()) {
-        text += "The file was kept as \"" + aside.copy.string() + "\". ";
-      } else {
-        text += "The file could not be kept aside (" + aside.reason +
-                ") and will be overwritten when Quillet closes. ";
-      }
+      std::string text = file.error->message + "\r\n\r\n" +
+                         KeepUnreadableFileAside(profilePath, file.bytes.empty() ? nullptr : &file.bytes) +
+                         " ";
       text += file.profiles.empty() ? std::string("No profiles could be loaded from it.")
                                     : "The " + ProfilesCount(file.profiles.size()) + " before the fault " +
                                           (file.profiles.size() == 1 ? "was" : "were") + " loaded.";
@@ -71,19 +66,22 @@ bool Form1Model::LoadProfiles() {
   return true;
 }
 
-void Form1Model::SaveProfiles() {
+bool Form1Model::SaveProfiles() {
   if (auto failure = CreateFolderFor(profilePath)) {
     services.MsgBox(ProfileSaveFault(profilePath, *failure, false), MessageIcon::Warning);
-    return;
+    return true;
   }
-  const WriteLock lock(profilePath, writeLockWait);
-  if (lock.failure()) {
-    services.MsgBox(ProfileSaveFault(profilePath, *lock.failure(), SomethingAt(profilePath)),
-                    MessageIcon::Warning);
-    return;
+  for (;;) {
+    const WriteLock lock(profilePath, writeLockWait,
+                         [this](std::chrono::milliseconds step) { services.Wait(step); });
+    if (!lock.failure()) {
+      if (auto error = WriteProfileFile(profilePath, ProfilesToSave()))
+        services.MsgBox(error->message, MessageIcon::Warning);
+      return true;
+    }
+    if (!AskToRetryLockedSave(ProfileSaveFault(profilePath, *lock.failure(), SomethingAt(profilePath))))
+      return false;
   }
-  if (auto error = WriteProfileFile(profilePath, ProfilesToSave()))
-    services.MsgBox(error->message, MessageIcon::Warning);
 }
 
 std::vector<PlayerProfile> Form1Model::ProfilesToSave() {

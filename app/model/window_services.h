@@ -1,10 +1,12 @@
 // What the window model asks of the windowing system: message boxes, questions, the input box, the
-// clipboard, the shell's "open", pop-up menus, focus and an immediate repaint. The Qt window implements
-// it; the tests use RecordingServices (tests/support/recording_services.h).
+// clipboard, the shell's "open", pop-up menus, focus, an immediate repaint and a wait that keeps the window
+// alive. The Qt window implements it; the tests use RecordingServices (tests/support/recording_services.h).
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
+#include <thread>
 
 namespace quillet {
 
@@ -20,6 +22,11 @@ class WindowServices {
   void MsgBox(std::string_view text) { MsgBox(text, MessageIcon::None); }
   // A modal Yes/No question; true for Yes.
   virtual bool AskYesNo(std::string_view title, std::string_view text, MessageIcon icon) = 0;
+  // A modal question with the buttons Retry and Cancel; true for Retry.
+  virtual bool AskRetryCancel(std::string_view text, MessageIcon icon) = 0;
+  // Waits a moment while the window stays alive: it keeps painting and answering the desktop, though
+  // clicks and keys wait until the window's handler is done. Used while a save waits for another program.
+  virtual void Wait(std::chrono::milliseconds step) { std::this_thread::sleep_for(step); }
   // A modal input box; the text entered, empty when cancelled.
   virtual std::string InputBox(std::string_view prompt, std::string_view defaultText) = 0;
   // Clears the clipboard and puts `text` on it.

@@ -236,6 +236,34 @@ TEST_F(ProfilesCommand, AFailedSaveIsReportedAndTheOldFileStays) {
   EXPECT_EQ(run.err.rfind("The player profiles could not be saved to \"" + missingFolder + "\"", 0), 0u);
 }
 
+TEST_F(ProfilesCommand, AddThroughALinkToADriveNotMountedIsRefusedAndTheLinkStays) {
+  const auto usb = dir / "usb" / "Player_Profiles.ini";
+  std::filesystem::create_symlink(usb, File());
+  const CliRun run = Run({"add", "T2", "--range", "AA"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "The player profiles could not be saved to \"" + File() +
+                         "\": it is a symbolic link to \"" + usb.string() + "\", and there is no folder \"" +
+                         (dir / "usb").string() +
+                         "\" to hold that file. The file there was left as it was.\n");
+  EXPECT_TRUE(std::filesystem::is_symlink(File()));
+  EXPECT_EQ(std::filesystem::read_symlink(File()), usb);
+}
+
+TEST_F(ProfilesCommand, AddThroughALinkWhoseFileIsNotThereYetWritesTheLinksTarget) {
+  std::filesystem::create_directory(dir / "usb");
+  const auto usb = dir / "usb" / "Player_Profiles.ini";
+  std::filesystem::create_symlink(usb, File());
+  ASSERT_EQ(Run({"add", "T2", "--range", "AA"}).status, kExitOk);
+  ASSERT_EQ(Run({"add", "T3", "--range", "KK"}).status, kExitOk);
+  EXPECT_TRUE(std::filesystem::is_symlink(File()));
+  EXPECT_EQ(Run({"list"}).out, RunCommandLine({"profiles", "list", "--file", usb.string()}).out);
+  const ProfileFileContents read = ReadProfileFile(usb);
+  ASSERT_EQ(read.status, ProfileFileContents::Status::Read);
+  ASSERT_EQ(read.profiles.size(), 2u);
+  EXPECT_EQ(read.profiles[0].name, "T2");
+  EXPECT_EQ(read.profiles[1].name, "T3");
+}
+
 TEST_F(ProfilesCommand, UnknownSubcommandsAndMisplacedOptionsAreRefused) {
   EXPECT_EQ(RunCommandLine({"profiles"}).status, 2);
   EXPECT_EQ(RunCommandLine({"profiles", "remove", "Amy"}).status, 2);

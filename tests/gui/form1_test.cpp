@@ -23,6 +23,7 @@
 #include "categorise/categories.h"
 #include "range/holding_set.h"
 #include "results/tree_actions.h"
+#include "storage/file_lock.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/window_session.h"
 
@@ -91,6 +92,7 @@ class Form1Test : public QObject {
   void thePickerFillsTheBoardAndCancelWritesNothing();
   void aNewNameIsSavedSelectedAndDeleted();
   void closingTheWindowWritesBothFiles();
+  void closingWhileAnotherProgramHoldsTheLockAsksAndCancelKeepsTheWindowOpen();
   void theWindowKeepsItsWidthAndMinimumHeightAndTheTreeFillsItDownwards();
   void theHoverHighlightMovesBetweenLabelsAndLeavesOnTheBareWindow();
   void theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme();
@@ -303,6 +305,33 @@ void Form1Test::closingTheWindowWritesBothFiles() {
   QVERIFY(s.form->close());
   QVERIFY(std::filesystem::exists(profiles));
   QVERIFY(std::filesystem::exists(prefs));
+  QVERIFY(quillet::testing::ReadBytes(prefs).find("\r\ntxtMyHand|AhKd\r\n") != std::string::npos);
+}
+
+void Form1Test::closingWhileAnotherProgramHoldsTheLockAsksAndCancelKeepsTheWindowOpen() {
+  Session s;
+  QVERIFY(s.Start());
+  const auto profiles = s.dir / "Player_Profiles.ini";
+  const auto prefs = s.dir / "MyPrefs.ini";
+  TypeInto(s.form->txtMyHand(), QStringLiteral("AhKd"));
+  s.model.writeLockWait = std::chrono::milliseconds(300);
+  bool eventRan = false;
+  bool eventHadRunWhenAsked = false;
+  s.services.onRetryQuestion = [&] { eventHadRunWhenAsked = eventRan; };
+  {
+    const WriteLock otherProgram(profiles);
+    QTimer::singleShot(0, s.form.get(), [&] { eventRan = true; });
+    QVERIFY(!s.form->close());
+  }
+  QVERIFY(eventHadRunWhenAsked);  // the window went on handling its events while it waited for the lock
+  QCOMPARE(s.services.retryQuestions.size(), std::size_t{1});
+  QVERIFY(s.services.retryQuestions[0].find("locked for 300 milliseconds") != std::string::npos);
+  QVERIFY(s.form->isVisible());
+  QCOMPARE(s.form->txtMyHand()->Text(), std::string("AhKd"));
+  QVERIFY(!std::filesystem::exists(profiles));
+  QVERIFY(!std::filesystem::exists(prefs));
+  // The lock is free again: the next close saves the changes the window kept.
+  QVERIFY(s.form->close());
   QVERIFY(quillet::testing::ReadBytes(prefs).find("\r\ntxtMyHand|AhKd\r\n") != std::string::npos);
 }
 

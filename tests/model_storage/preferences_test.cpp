@@ -106,6 +106,12 @@ TEST_F(PreferencesModel, EmptyLinesAreSkippedAndOneOrTwoLineBreaksReadAlike) {
   EXPECT_TRUE(model.selCardsAutoCook);
 }
 
+TEST_F(PreferencesModel, AFileStartingWithAByteOrderMarkKeepsItsFirstSetting) {
+  LoadFrom("\xEF\xBB\xBFmnuHideEmptyCats|False\r\nmnuWinLoseIcons|True\r\n");
+  EXPECT_FALSE(model.options.hideEmptyCats);
+  EXPECT_TRUE(model.options.winLoseIcons);
+}
+
 TEST_F(PreferencesModel, ALineWithoutABarIsIgnored) {
   LoadFrom("mnuWinLoseIcons\r\ntxtMyHand\r\nmnuCategoryIcons|True\r\n");
   EXPECT_FALSE(model.options.winLoseIcons);
@@ -220,14 +226,16 @@ TEST_F(PreferencesModel, AnExistingButEmptyFileIsNoFirstRun) {
   EXPECT_TRUE(SameOptions(model.options, MenuOptions{}));
 }
 
-TEST_F(PreferencesModel, AFileThatCannotBeReadIsReportedOnceAndTheDefaultsStay) {
+TEST_F(PreferencesModel, AFileThatCannotBeReadIsReportedOnceKeptAsideAndTheDefaultsStay) {
   fs::create_directory(PrefsFile());
   model.LoadPreferences();
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(services.messages[0].text,
             "The preferences file \"" + PrefsFile().string() +
                 "\" cannot be read: it is a folder, not a file. The options start at "
-                "their usual settings.");
+                "their usual settings.\r\n\r\nThe file was kept as \"" +
+                PrefsFile().string() + ".bad\".");
+  EXPECT_TRUE(fs::is_directory(dir / "MyPrefs.ini.bad"));
   EXPECT_TRUE(services.questions.empty());
   EXPECT_TRUE(SameOptions(model.options, MenuOptions{}));
 }
@@ -241,6 +249,114 @@ TEST_F(PreferencesModel, AFailedSaveIsReportedInOneMessageAndTheOldFileStays) {
                 "The preferences could not be saved to \"" + PrefsFile().string() + "\": ", 0),
             0u);
   EXPECT_EQ(ReadBytes(PrefsFile() / "x"), "in the way");
+}
+
+// Every option away from its default, and My Hand and the Board far longer than anything meaningful (a paste
+// of 1.1 MB): the largest preferences the window can save.
+void SetEverySettingAwayFromItsDefault(Form1Model& model, const std::string& myHand,
+                                       const std::string& board) {
+  model.options.hideEmptyCats = false;
+  model.options.simplifyOutput = false;
+  model.options.simplifyFurther = true;
+  model.options.categoryIcons = true;
+  model.options.winLoseIcons = true;
+  model.options.calcEquityOnCook = true;
+  model.options.autoPFEquityCalc = true;
+  model.options.standardShowdownRules = !MenuOptions{}.standardShowdownRules;
+  model.options.checkBoxes = !MenuOptions{}.checkBoxes;
+  model.options.equityPerCategory = !MenuOptions{}.equityPerCategory;
+  model.txtMyHand.text = myHand;
+  model.txtBoard.text = board;
+  model.mnuSwitchColourScheme_Click();
+  model.selCardsAutoOK = true;
+  model.selCardsAutoCook = true;
+}
+
+// A text of `n` characters, "é" among them (two bytes in the window, one in the file).
+std::string LongText(std::size_t n) {
+  std::string text;
+  for (std::size_t i = 0; i < n; ++i) text += i % 3 == 0 ? "\xC3\xA9" : "A";
+  return text;
+}
+
+TEST_F(PreferencesModel, TheLargestPreferencesTheWindowCanSaveAreReadBackWithEverySetting) {
+  const std::string myHand = LongText(1100000);
+  const std::string board = LongText(1100000);
+  SetEverySettingAwayFromItsDefault(model, myHand, board);
+  model.SavePreferences();
+  const PreferencesFileContents read = ReadPreferencesFile(PrefsFile());
+  ASSERT_EQ(read.status, PreferencesFileContents::Status::Read) << read.error->message;
+
+  RecordingServices again;
+  Form1Model next(again);
+  next.ProfilePaths(dir.path());
+  next.LoadPreferences();
+  EXPECT_TRUE(again.messages.empty());
+  EXPECT_TRUE(SameOptions(next.options, model.options));
+  EXPECT_EQ(next.options.standardShowdownRules, model.options.standardShowdownRules);
+  EXPECT_EQ(next.options.checkBoxes, model.options.checkBoxes);
+  EXPECT_EQ(next.options.equityPerCategory, model.options.equityPerCategory);
+  EXPECT_FALSE(next.colourSchemeDefault);
+  EXPECT_TRUE(next.selCardsAutoOK);
+  EXPECT_TRUE(next.selCardsAutoCook);
+  EXPECT_TRUE(next.txtMyHand.text == LongText(kLongestMyHandText));
+  EXPECT_EQ(next.txtBoard.text, LongText(kLongestBoardText));
+}
+
+TEST_F(PreferencesModel, ACardTextCutWhenSavedIsSaidSo) {
+  model.txtMyHand.text = LongText(kLongestMyHandText + 1);
+  model.txtBoard.text = LongText(kLongestBoardText + 1);
+  model.SavePreferences();
+  EXPECT_EQ(services.messageTexts(),
+            (std::vector<std::string>{"My Hand holds " + std::to_string(kLongestMyHandText + 1) +
+                                          " characters; the preferences keep "
+                                          "its first " +
+                                          std::to_string(kLongestMyHandText) + ".",
+                                      "The Board holds " + std::to_string(kLongestBoardText + 1) +
+                                          " characters; the preferences "
+                                          "keep its first " +
+                                          std::to_string(kLongestBoardText) + "."}));
+}
+
+TEST_F(PreferencesModel, CardTextsAsLongAsTheBoundsAreSavedWholeWithoutAWord) {
+  model.txtMyHand.text = LongText(kLongestMyHandText);
+  model.txtBoard.text = LongText(kLongestBoardText);
+  model.SavePreferences();
+  EXPECT_TRUE(services.messages.empty());
+  model.txtMyHand.text.clear();
+  model.txtBoard.text.clear();
+  model.LoadPreferences();
+  EXPECT_TRUE(model.txtMyHand.text == LongText(kLongestMyHandText));
+  EXPECT_EQ(model.txtBoard.text, LongText(kLongestBoardText));
+}
+
+TEST_F(PreferencesModel, AMegabyteOfCardTextInTheFileIsCutWhenReadAndTheSettingsAfterItStillCount) {
+  LoadFrom("txtMyHand|" + std::string(1000000, 'A') + "\r\ntxtBoard|" + std::string(40000, 'K') +
+           "\r\nmnuWinLoseIcons|True\r\n");
+  EXPECT_EQ(model.txtMyHand.text.size(), kLongestMyHandText);
+  EXPECT_TRUE(model.txtMyHand.text == std::string(kLongestMyHandText, 'A'));
+  EXPECT_EQ(model.txtMyHand.charColours.size(), kLongestMyHandText);
+  EXPECT_EQ(model.txtBoard.text, std::string(kLongestBoardText, 'K'));
+  EXPECT_TRUE(model.options.winLoseIcons);
+  EXPECT_TRUE(services.messages.empty());
+}
+
+TEST_F(PreferencesModel, ARefusedFileIsKeptAsBadAndTheCloseWritesANewOneBesideIt) {
+  std::string bytes = "mnuWinLoseIcons|True\r\ntxtMyHand|" + std::string(kLargestPreferencesFileBytes, 'A');
+  WriteBytes(PrefsFile(), bytes);
+  model.LoadPreferences();
+  ASSERT_EQ(services.messages.size(), 1u);
+  EXPECT_EQ(services.messages[0].text,
+            "The preferences file \"" + PrefsFile().string() + "\" cannot be read: it is " +
+                std::to_string(bytes.size()) + " bytes long, more than the " +
+                std::to_string(kLargestPreferencesFileBytes) +
+                " bytes such a file can hold. The options start at their usual settings.\r\n\r\nThe file was "
+                "kept as \"" +
+                PrefsFile().string() + ".bad\".");
+  EXPECT_TRUE(services.questions.empty());  // no first-run welcome
+  model.SavePreferences();
+  EXPECT_EQ(ReadBytes(PrefsFile()), testing::kTwelveDefaultRecords);
+  EXPECT_TRUE(ReadBytes(dir / "MyPrefs.ini.bad") == bytes);
 }
 
 }  // namespace

@@ -58,5 +58,13 @@ TEST(CodePage, Utf8LengthCountsCharacters) {
   EXPECT_EQ(Utf8Length("\xF0\x9F\x98\x80\xFF"), 2u);
 }
 
+TEST(CodePage, Utf8PrefixTakesWholeCharacters) {
+  EXPECT_EQ(Utf8Prefix("Jos\xC3\xA9 Bob", 4), "Jos\xC3\xA9");
+  EXPECT_EQ(Utf8Prefix("Jos\xC3\xA9", 3), "Jos");
+  EXPECT_EQ(Utf8Prefix("\xF0\x9F\x98\x80\xFFx", 2), "\xF0\x9F\x98\x80\xFF");
+  EXPECT_EQ(Utf8Prefix("AhKd", 10), "AhKd");
+  EXPECT_EQ(Utf8Prefix("AhKd", 0), "");
+}
+
 }  // namespace
 }  // namespace quillet

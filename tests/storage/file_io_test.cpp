@@ -58,6 +58,54 @@ TEST(WriteFileAtomically, ReplacesTheTargetOfASymbolicLinkAndKeepsTheLink) {
   EXPECT_EQ(ReadBytes(target), "new");
 }
 
+TEST(WriteFileAtomically, ALinkToAFileNotYetThereCreatesItAndKeepsTheLink) {
+  TempFolder dir;
+  fs::create_directory(dir / "usb");
+  const auto target = dir / "usb" / "Player_Profiles.ini";
+  fs::create_symlink(target, dir / "Player_Profiles.ini");
+  ASSERT_FALSE(WriteFileAtomically(dir / "Player_Profiles.ini", "new").has_value());
+  EXPECT_TRUE(fs::is_symlink(dir / "Player_Profiles.ini"));
+  EXPECT_EQ(fs::read_symlink(dir / "Player_Profiles.ini"), target);
+  EXPECT_EQ(ReadBytes(target), "new");
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "usb"}));
+}
+
+TEST(WriteFileAtomically, ALinkToAFolderThatIsNotThereIsRefusedAndStays) {
+  TempFolder dir;
+  const auto target = dir / "usb" / "Player_Profiles.ini";  // a drive that is not mounted
+  fs::create_symlink(target, dir / "Player_Profiles.ini");
+  const auto failure = WriteFileAtomically(dir / "Player_Profiles.ini", "new");
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(*failure, "it is a symbolic link to \"" + target.string() + "\", and there is no folder \"" +
+                          (dir / "usb").string() + "\" to hold that file");
+  EXPECT_TRUE(fs::is_symlink(dir / "Player_Profiles.ini"));
+  EXPECT_EQ(fs::read_symlink(dir / "Player_Profiles.ini"), target);
+  EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
+}
+
+TEST(WriteFileAtomically, AChainOfLinksIsFollowedToItsEndRelativeLinksFromTheirOwnFolder) {
+  TempFolder dir;
+  fs::create_directories(dir / "a");
+  fs::create_directories(dir / "b");
+  fs::create_symlink("../b/MyPrefs.ini", dir / "a" / "MyPrefs.ini");  // relative to the folder "a"
+  fs::create_symlink(dir / "a" / "MyPrefs.ini", dir / "MyPrefs.ini");
+  ASSERT_FALSE(WriteFileAtomically(dir / "MyPrefs.ini", "x|y\r\n").has_value());
+  EXPECT_TRUE(fs::is_symlink(dir / "MyPrefs.ini"));
+  EXPECT_TRUE(fs::is_symlink(dir / "a" / "MyPrefs.ini"));
+  EXPECT_EQ(ReadBytes(dir / "b" / "MyPrefs.ini"), "x|y\r\n");
+}
+
+TEST(WriteFileAtomically, LinksThatGoRoundInACircleAreRefusedAndStay) {
+  TempFolder dir;
+  fs::create_symlink(dir / "two", dir / "MyPrefs.ini");
+  fs::create_symlink(dir / "MyPrefs.ini", dir / "two");
+  const auto failure = WriteFileAtomically(dir / "MyPrefs.ini", "new");
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_TRUE(fs::is_symlink(dir / "MyPrefs.ini"));
+  EXPECT_TRUE(fs::is_symlink(dir / "two"));
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"MyPrefs.ini", "two"}));
+}
+
 TEST(WriteFileAtomically, ASaveKilledHalfwayLeavesTheOldFileUnchanged) {
   TempFolder dir;
   const auto path = dir / "Player_Profiles.ini";
@@ -186,6 +234,17 @@ TEST(KeepFileAside, AFileWhoseBytesAreNotAtHandIsRenamed) {
   EXPECT_EQ(aside.copy, dir / "Player_Profiles.ini.bad");
   EXPECT_FALSE(fs::exists(path));
   EXPECT_TRUE(fs::is_directory(dir / "Player_Profiles.ini.bad"));
+}
+
+TEST(KeepFileAside, AFileBehindALinkIsRenamedBesideItselfAndTheLinkStays) {
+  TempFolder dir;
+  fs::create_directory(dir / "usb");
+  WriteBytes(dir / "usb" / "MyPrefs.ini", "unreadable");
+  fs::create_symlink(dir / "usb" / "MyPrefs.ini", dir / "MyPrefs.ini");
+  const SetAside aside = KeepFileAside(dir / "MyPrefs.ini", nullptr);
+  EXPECT_EQ(aside.copy, dir / "usb" / "MyPrefs.ini.bad");
+  EXPECT_EQ(ReadBytes(dir / "usb" / "MyPrefs.ini.bad"), "unreadable");
+  EXPECT_TRUE(fs::is_symlink(dir / "MyPrefs.ini"));
 }
 
 }  // namespace

@@ -46,6 +46,15 @@ TEST(PreferencesFormat, ValuesAreReadFromTheCodePage) {
   EXPECT_EQ(lines.at(0).value, "\xC3\xA9\xE2\x82\xAC");
 }
 
+TEST(PreferencesFormat, AByteOrderMarkAtTheStartIsSkippedAndTheFirstKeyIsRead) {
+  const auto lines = ParsePreferences("\xEF\xBB\xBFmnuWinLoseIcons|True\r\ntxtBoard|\xEF\xBB\xBF\r\n");
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0].key, "mnuWinLoseIcons");
+  EXPECT_EQ(lines[0].value, "True");
+  // Only the file's first bytes can be a mark; elsewhere they are text in the code page.
+  EXPECT_EQ(lines[1].value, "\xC3\xAF\xC2\xBB\xC2\xBF");
+}
+
 TEST(PreferencesFormat, BooleansAreTheWordsTrueAndFalse) {
   EXPECT_EQ(ParseBooleanText("True"), true);
   EXPECT_EQ(ParseBooleanText("False"), false);

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <thread>
 
 #include "cards/terminal_text.h"
 #include "storage/file_io.h"
@@ -47,6 +48,31 @@ TEST(StaleTemporaryFiles, TheNextSaveRemovesTheTemporaryFileAKilledSaveLeft) {
   ASSERT_FALSE(WriteFileAtomically(path, "new").has_value());
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
   EXPECT_EQ(ReadBytes(path), "new");
+}
+
+TEST(StaleTemporaryFiles, TheNextSaveRemovesTheTemporaryFilesOfKilledCopiesKeptAside) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  const std::string faulty(1 << 20, 'f');
+  WriteBytes(path, faulty);
+  // Killed while the copy ".bad" was written, then, with a ".bad" there already, while ".bad.2" was.
+  KillASaveHalfway([&] { KeepFileAside(path, &faulty); }, faulty.size() / 2);
+  WriteBytes(dir / "Player_Profiles.ini.bad", "an older faulty file");
+  KillASaveHalfway([&] { CopyFileAside(path); }, faulty.size() / 2);
+  ASSERT_EQ(dir.Entries().size(), 4u) << "the killed copies left their temporary files";
+  ASSERT_FALSE(WriteFileAtomically(path, "new").has_value());
+  EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
+}
+
+TEST(StaleTemporaryFiles, ThoseOfCopiesOfOtherFilesStay) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  const std::string otherFile = ".MyPrefs.ini.bad.999999999.1.2.tmp";
+  const std::string noCopyNumber = ".Player_Profiles.ini.bad.x.999999999.1.2.tmp";
+  const std::string tooManyNumbers = ".Player_Profiles.ini.bad.2.3.999999999.1.2.tmp";
+  for (const auto& name : {otherFile, noCopyNumber, tooManyNumbers}) WriteBytes(dir / name, "x");
+  EXPECT_EQ(RemoveStaleTemporaryFiles(path), 0);
+  EXPECT_EQ(dir.Entries().size(), 3u);
 }
 
 TEST(StaleTemporaryFiles, ThoseOfRunningProcessesAndOfOtherFilesStay) {
@@ -336,6 +362,56 @@ TEST(WriteLockTest, AWriterInAnotherProcessWaitsUntilTheLockIsFree) {
   waitpid(child, nullptr, 0);
   ::close(ready[0]);
   ::close(ready[1]);
+}
+
+TEST(WriteLockTest, AWriterThatGivesUpNamesTheProcessThatHoldsTheLock) {
+  TempFolder dir;
+  const auto path = dir / "Player_Profiles.ini";
+  int ready[2];
+  int done[2];
+  ASSERT_EQ(::pipe(ready), 0);
+  ASSERT_EQ(::pipe(done), 0);
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const WriteLock lock(path);
+    char c = 'x';
+    (void)::write(ready[1], &c, 1);
+    (void)::read(done[0], &c, 1);
+    _exit(0);
+  }
+  char c = 0;
+  ASSERT_EQ(::read(ready[0], &c, 1), 1);
+  const std::optional<std::string> holder = WriteLockHolder(path);
+  std::optional<std::string> failure;
+  {
+    const WriteLock lock(path, std::chrono::milliseconds(50));
+    failure = lock.failure();
+  }
+  (void)::write(done[1], &c, 1);
+  waitpid(child, nullptr, 0);
+  for (const int fd : {ready[0], ready[1], done[0], done[1]}) ::close(fd);
+  const std::string name = ReadBytes("/proc/self/comm").substr(0, ReadBytes("/proc/self/comm").find('\n'));
+  const std::string who = name + " (process " + std::to_string(child) + ")";
+  EXPECT_EQ(holder, who);
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(*failure, "another program, " + who + ", kept the folder \"" + dir.path().string() +
+                          "\" locked for 50 milliseconds");
+  EXPECT_EQ(WriteLockHolder(path), std::nullopt) << "the lock ended with its process";
+}
+
+TEST(WriteLockTest, TheWaitIsTakenInShortStepsByTheStepGiven) {
+  TempFolder dir;
+  const auto path = dir / "MyPrefs.ini";
+  const WriteLock first(path);
+  std::vector<std::chrono::milliseconds> steps;
+  const WriteLock second(path, std::chrono::milliseconds(300), [&](std::chrono::milliseconds step) {
+    steps.push_back(step);
+    std::this_thread::sleep_for(step);
+  });
+  EXPECT_TRUE(second.failure().has_value());
+  ASSERT_GE(steps.size(), 2u);
+  for (const auto step : steps) EXPECT_LE(step.count(), 50);
 }
 
 TEST(EscapeControlCharactersTest, AnEscapeSequenceIsShownNotObeyed) {

@@ -2,7 +2,9 @@
 // questions from queues.
 #pragma once
 
+#include <chrono>
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +13,7 @@
 
 namespace quillet {
 
-// Records every call and answers questions from queues (Yes and empty text when a queue is empty).
+// Records every call and answers questions from queues (Yes, Cancel and empty text when a queue is empty).
 class RecordingServices : public WindowServices {
  public:
   struct Message {
@@ -36,6 +38,11 @@ class RecordingServices : public WindowServices {
   std::deque<bool> yesNoAnswers;
   std::deque<std::string> inputAnswers;
 
+  std::vector<Message> retryQuestions;
+  std::deque<bool> retryAnswers;          // true for Retry; Cancel when none is left
+  std::function<void()> onRetryQuestion;  // runs when such a question is asked, before it is answered
+  std::vector<std::chrono::milliseconds> waits;
+
   void MsgBox(std::string_view text, MessageIcon icon) override {
     messages.push_back({std::string(text), icon});
   }
@@ -46,6 +53,18 @@ class RecordingServices : public WindowServices {
     const bool answer = yesNoAnswers.front();
     yesNoAnswers.pop_front();
     return answer;
+  }
+  bool AskRetryCancel(std::string_view text, MessageIcon icon) override {
+    retryQuestions.push_back({std::string(text), icon});
+    if (onRetryQuestion) onRetryQuestion();
+    if (retryAnswers.empty()) return false;
+    const bool answer = retryAnswers.front();
+    retryAnswers.pop_front();
+    return answer;
+  }
+  void Wait(std::chrono::milliseconds step) override {
+    waits.push_back(step);
+    WindowServices::Wait(step);
   }
   std::string InputBox(std::string_view prompt, std::string_view) override {
     prompts.emplace_back(prompt);

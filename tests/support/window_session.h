@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QImage>
 #include <QTest>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,6 +30,17 @@ class TestServices : public QtWindowServices {
   bool AskYesNo(std::string_view, std::string_view text, MessageIcon) override {
     questions.emplace_back(text);
     return false;
+  }
+  std::vector<std::string> retryQuestions;
+  std::vector<bool> retryAnswers;         // taken in turn; none left gives Cancel
+  std::function<void()> onRetryQuestion;  // runs when such a question is asked, before it is answered
+  bool AskRetryCancel(std::string_view text, MessageIcon) override {
+    retryQuestions.emplace_back(text);
+    if (onRetryQuestion) onRetryQuestion();
+    if (retryAnswers.empty()) return false;
+    const bool answer = retryAnswers.front();
+    retryAnswers.erase(retryAnswers.begin());
+    return answer;
   }
   std::string InputBox(std::string_view, std::string_view) override {
     if (inputAnswers.empty()) return {};
