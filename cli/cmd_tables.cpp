@@ -15,7 +15,7 @@
 #include "equity/preflop_class_file.h"
 #include "equity/preflop_classes.h"
 #include "equity/table_file.h"
-#include "tools/preflop_table_generator.h"
+#include "equity/preflop_table_generator.h"
 
 namespace quillet::cli {
 namespace {

@@ -51,14 +51,6 @@ int32_t HoldingOfCode(uint32_t code) {
   return static_cast<int32_t>(high * (high - 1) / 2 + low);
 }
 
-bool RealCard(Card c) {
-  return c.rank >= 2 && c.rank <= 14 && c.suit >= 0 && c.suit <= 3;
-}
-
-bool RealHolding(Card c1, Card c2) {
-  return RealCard(c1) && RealCard(c2) && !(c1 == c2);
-}
-
 std::string MatchupText(int32_t a, int32_t b) {
   const auto ca = CardsOfHolding(a);
   const auto cb = CardsOfHolding(b);
@@ -165,19 +157,19 @@ PreflopClassTable::ClassRef PreflopClassTable::ClassOf(int32_t holding, int32_t 
 }
 
 ShowdownTally PreflopClassTable::Matchup(Card h1, Card h2, Card o1, Card o2) const {
-  if (!RealHolding(h1, h2) || !RealHolding(o1, o2)) return {};
+  if (!IsHolding(h1, h2) || !IsHolding(o1, o2)) return {};
   return Matchup(HoldingNumber(h1, h2), HoldingNumber(o1, o2));
 }
 
 ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const {
-  if (!RealHolding(h1, h2)) return {};
+  if (!IsHolding(h1, h2)) return {};
   // My Hand's row of the matchup table; a holding that shares a card with My Hand reads the all-zero entry.
   const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
   uint64_t wins = 0;
   uint64_t ties = 0;
   uint64_t losses = 0;
   for (const HandCombo& h : holdings) {
-    if (!h.flag || !RealHolding(h.card1(), h.card2())) continue;
+    if (!h.flag || !IsHolding(h.card1(), h.card2())) continue;
     const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
     wins += c[0];
     ties += c[1];

@@ -4,7 +4,7 @@
 
 #include "tests/equity_tables/reference_equity.h"
 #include "tests/support/card_text.h"
-#include "tools/preflop_table_generator.h"
+#include "equity/preflop_table_generator.h"
 
 namespace quillet {
 namespace {

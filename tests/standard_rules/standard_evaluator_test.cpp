@@ -18,7 +18,7 @@ CardSet DeckCardSet(int index) {
 
 // The category as counted for seven-card hands, royal flushes apart in the tenth.
 int CountedCategory(HandValue value) {
-  const bool royal = HandCategoryOf(value) == kStraightFlush && HandTopRank(value) == 14;
+  const bool royal = HandCategoryOf(value) == kMadeStraightFlush && HandTopRank(value) == 14;
   return royal ? 9 : static_cast<int>(HandCategoryOf(value));
 }
 
@@ -145,8 +145,8 @@ TEST(StandardEvaluator, EverySevenCardHandFallsIntoTheKnownCountOfEachCategory) 
 TEST(StandardEvaluator, FlushValuesNeedFiveCardsOfTheSuit) {
   const StandardEvaluator& evaluator = StandardEvaluator::Get();
   EXPECT_EQ(evaluator.FlushValue(0b1011001000000), 0u);  // four cards
-  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1011001000001)), kFlush);
-  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1000000001111)), kStraightFlush);  // A2345
+  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1011001000001)), kMadeFlush);
+  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1000000001111)), kMadeStraightFlush);  // A2345
 }
 
 }  // namespace

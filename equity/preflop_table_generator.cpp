@@ -1,4 +1,4 @@
-#include "tools/preflop_table_generator.h"
+#include "equity/preflop_table_generator.h"
 
 #include <algorithm>
 #include <array>
@@ -47,7 +47,7 @@ constexpr int RankPairIndex(int32_t i, int32_t j) {
 }
 
 // Five board ranks with repetition, as their multiset index and as ranks with how often each occurs.
-struct BoardRanks {
+struct FiveBoardRanks {
   int32_t index = 0;
   int32_t groups = 0;
   std::array<uint8_t, 5> rank{};
@@ -55,9 +55,9 @@ struct BoardRanks {
 };
 
 struct FastTables {
-  std::vector<uint16_t> nonFlush;      // [rank pair][board rank multiset]
-  std::vector<uint16_t> flush;         // [13-bit rank mask of one suit], five or more ranks
-  std::vector<BoardRanks> boardRanks;  // every multiset of five ranks no rank more than four times
+  std::vector<uint16_t> nonFlush;          // [rank pair][board rank multiset]
+  std::vector<uint16_t> flush;             // [13-bit rank mask of one suit], five or more ranks
+  std::vector<FiveBoardRanks> boardRanks;  // every multiset of five ranks no rank more than four times
   std::array<std::vector<uint16_t>, 6> suitSubsets;  // [k]: the 13-bit rank masks of k ranks
   // [n], n = 0..2: OtherRankSets(n).
   std::array<std::vector<std::array<int32_t, 2>>, 3> otherRankSets;
@@ -90,7 +90,7 @@ FastTables BuildFastTables() {
             const int32_t board = MultisetTerm(r1, 0) + MultisetTerm(r2, 1) + MultisetTerm(r3, 2) +
                                   MultisetTerm(r4, 3) + MultisetTerm(r5, 4);
             if (r1 != r5) {  // five of one rank: no such board
-              BoardRanks b;
+              FiveBoardRanks b;
               b.index = board;
               for (int32_t r : {r1, r2, r3, r4, r5}) {
                 if (b.groups > 0 && b.rank[b.groups - 1] == r) {
@@ -246,7 +246,7 @@ ShowdownTally CountMatchupShowdowns(Card a1, Card a2, Card b1, Card b2) {
   for (const Card c : {b1, b2}) holeB[c.suit] |= 1u << (c.rank - 2);
 
   Tally tally;
-  for (const BoardRanks& b : t.boardRanks) {
+  for (const FiveBoardRanks& b : t.boardRanks) {
     int64_t ways = 1;
     for (int g = 0; g < b.groups; ++g) ways *= kChooseOfRank[left[b.rank[g]]][b.times[g]];
     if (ways != 0) tally.Add(rowA[b.index], rowB[b.index], ways);
