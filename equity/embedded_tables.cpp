@@ -40,7 +40,28 @@ extern "C" const unsigned char quillet_preflop_class_data[];
 extern "C" const std::size_t quillet_preflop_class_size;
 #endif
 
+// The standard evaluator's tables, made by the build (tools/evaluator_table_generator.cpp): always there.
+asm(".section .rodata\n"
+    ".global quillet_evaluator_table_data\n"
+    ".balign 64\n"
+    "quillet_evaluator_table_data:\n"
+    ".incbin \"" QUILLET_EVALUATOR_TABLE_FILE
+    "\"\n"
+    "quillet_evaluator_table_end:\n"
+    ".global quillet_evaluator_table_size\n"
+    ".balign 8\n"
+    "quillet_evaluator_table_size:\n"
+    ".quad quillet_evaluator_table_end - quillet_evaluator_table_data\n"
+    ".previous");
+
+extern "C" const unsigned char quillet_evaluator_table_data[];
+extern "C" const std::size_t quillet_evaluator_table_size;
+
 namespace quillet {
+
+std::span<const unsigned char> EmbeddedEvaluatorTableBytes() {
+  return {quillet_evaluator_table_data, quillet_evaluator_table_size};
+}
 
 std::span<const unsigned char> EmbeddedTableBytes() {
 #ifdef QUILLET_PREFLOP_TABLE_FILE

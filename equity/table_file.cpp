@@ -8,16 +8,6 @@
 namespace quillet {
 namespace {
 
-constexpr std::array<uint32_t, 256> kCrcTable = [] {
-  std::array<uint32_t, 256> table{};
-  for (uint32_t n = 0; n < 256; ++n) {
-    uint32_t c = n;
-    for (int k = 0; k < 8; ++k) c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
-    table[n] = c;
-  }
-  return table;
-}();
-
 uint32_t ReadU32(const unsigned char* p) {
   return uint32_t{p[0]} | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16 | uint32_t{p[3]} << 24;
 }
@@ -31,12 +21,6 @@ TablesOrError Fail(const std::string& why) {
 }
 
 }  // namespace
-
-uint32_t Crc32(std::span<const unsigned char> bytes) {
-  uint32_t c = 0xFFFFFFFFu;
-  for (unsigned char b : bytes) c = kCrcTable[(c ^ b) & 0xFF] ^ (c >> 8);
-  return c ^ 0xFFFFFFFFu;
-}
 
 std::vector<unsigned char> SerializeTables(const LookupTables& tables) {
   const std::size_t n = tables.keys.size();

@@ -16,6 +16,7 @@
 #include <string_view>
 #include <vector>
 
+#include "equity/crc32.h"
 #include "equity/lookup_tables.h"
 
 namespace quillet {
@@ -23,8 +24,6 @@ namespace quillet {
 inline constexpr std::string_view kTableMagic = "QPREFLOP";
 inline constexpr uint32_t kTableFormatVersion = 1;
 inline constexpr std::size_t kTableHeaderSize = 20;
-
-uint32_t Crc32(std::span<const unsigned char> bytes);
 
 // The file image of the tables (the caller keeps keys sorted and unique; ParseTables checks it).
 std::vector<unsigned char> SerializeTables(const LookupTables& tables);

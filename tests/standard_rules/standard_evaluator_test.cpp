@@ -5,8 +5,12 @@
 #include <array>
 #include <bit>
 #include <random>
+#include <span>
+#include <vector>
 
+#include "equity/crc32.h"
 #include "equity/deck.h"
+#include "equity/embedded_tables.h"
 #include "equity/hand_evaluator.h"
 
 namespace quillet {
@@ -26,6 +30,17 @@ TEST(StandardEvaluator, TheRankGraphHoldsEveryMultisetOfUpToSevenRanksOnceAndThe
   // Multisets of n ranks out of 13 with at most four of each, for n = 0..7:
   // 1 + 13 + 91 + 455 + 1820 + 6175 + 18395 + 49205.
   EXPECT_EQ(StandardEvaluator::Get().StateCount(), 1u + 13 + 91 + 455 + 1820 + 6175 + 18395 + 49205 + 1);
+}
+
+TEST(StandardEvaluator, TheBuiltInTablesAreWholeAndTheirChecksumMatches) {
+  EXPECT_TRUE(StandardEvaluator::TablesIntact());
+  const std::span<const unsigned char> bytes = EmbeddedEvaluatorTableBytes();
+  ASSERT_GT(bytes.size(), EvaluatorTableLayout::kHeaderWords * 4);
+  // The checksum covers every table word: a table image with one byte changed no longer matches it.
+  std::vector<unsigned char> copy(bytes.begin(), bytes.end());
+  const uint32_t stored = Crc32(std::span(copy).subspan(EvaluatorTableLayout::kHeaderWords * 4));
+  copy[copy.size() / 2] ^= 1;
+  EXPECT_NE(Crc32(std::span(copy).subspan(EvaluatorTableLayout::kHeaderWords * 4)), stored);
 }
 
 TEST(StandardEvaluator, AFifthCardOfOneRankLeadsToTheDeadStateAndStaysThere) {
