@@ -3,7 +3,7 @@
 #include <cassert>
 #include <span>
 
-#include "equity/crc32.h"
+#include "equity/table_bytes.h"
 #include "equity/embedded_tables.h"
 
 namespace quillet {

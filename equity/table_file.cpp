@@ -8,14 +8,6 @@
 namespace quillet {
 namespace {
 
-uint32_t ReadU32(const unsigned char* p) {
-  return uint32_t{p[0]} | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16 | uint32_t{p[3]} << 24;
-}
-
-void WriteU32(std::vector<unsigned char>& out, uint32_t v) {
-  for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<unsigned char>(v >> shift));
-}
-
 TablesOrError Fail(const std::string& why) {
   return {std::nullopt, "The preflop table is damaged: " + why};
 }

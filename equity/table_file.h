@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "equity/crc32.h"
+#include "equity/table_bytes.h"
 #include "equity/lookup_tables.h"
 
 namespace quillet {

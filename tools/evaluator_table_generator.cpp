@@ -10,7 +10,7 @@
 #include <map>
 #include <vector>
 
-#include "equity/crc32.h"
+#include "equity/table_bytes.h"
 #include "equity/hand_evaluator.h"
 #include "equity/standard_evaluator.h"
 

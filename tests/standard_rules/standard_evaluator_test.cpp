@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "equity/crc32.h"
+#include "equity/table_bytes.h"
 #include "equity/deck.h"
 #include "equity/embedded_tables.h"
 #include "equity/hand_evaluator.h"

@@ -1,10 +1,11 @@
-// CRC-32 (IEEE, as zip and PNG use it): the checksum of every table file and of the tables built into the
-// program.
+// The bytes of the table files: little-endian numbers, and CRC-32 (IEEE, as zip and PNG use it), the
+// checksum of every table file and of the tables built into the program.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace quillet {
 
@@ -24,6 +25,14 @@ constexpr uint32_t Crc32(std::span<const unsigned char> bytes) {
   uint32_t c = 0xFFFFFFFFu;
   for (unsigned char b : bytes) c = detail::kCrcTable[(c ^ b) & 0xFF] ^ (c >> 8);
   return c ^ 0xFFFFFFFFu;
+}
+
+// A little-endian 32-bit number at `p`, and appended to `out`.
+constexpr uint32_t ReadU32(const unsigned char* p) {
+  return uint32_t{p[0]} | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16 | uint32_t{p[3]} << 24;
+}
+inline void WriteU32(std::vector<unsigned char>& out, uint32_t v) {
+  for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<unsigned char>(v >> shift));
 }
 
 }  // namespace quillet
