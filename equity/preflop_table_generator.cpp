@@ -42,7 +42,7 @@ constexpr int32_t MultisetTerm(int32_t rankIndex, int position) {
   return kBinomial[rankIndex + position][position + 1];
 }
 
-constexpr int RankPairIndex(int32_t i, int32_t j) {
+constexpr int TrianglePairIndex(int32_t i, int32_t j) {
   return i <= j ? j * (j + 1) / 2 + i : i * (i + 1) / 2 + j;
 }
 
@@ -107,7 +107,8 @@ FastTables BuildFastTables() {
                 std::array<uint8_t, 13> counts{};
                 for (int32_t r : {hi, lo, r1, r2, r3, r4, r5}) ++counts[r];
                 if (*std::max_element(counts.begin(), counts.end()) > 4) continue;  // no such cards
-                nonFlushValues[RankPairIndex(hi, lo) * kBoardRankMultisets + board] = EvaluateRanks(counts);
+                nonFlushValues[TrianglePairIndex(hi, lo) * kBoardRankMultisets + board] =
+                    EvaluateRanks(counts);
               }
             }
           }
@@ -231,8 +232,10 @@ double PercentOfWinsTwice(int64_t winsTwice) {
 // visited, and every value still comes from the standard evaluator's tables.
 ShowdownTally CountMatchupShowdowns(Card a1, Card a2, Card b1, Card b2) {
   const FastTables& t = Fast();
-  const uint16_t* rowA = t.nonFlush.data() + RankPairIndex(a1.rank - 2, a2.rank - 2) * kBoardRankMultisets;
-  const uint16_t* rowB = t.nonFlush.data() + RankPairIndex(b1.rank - 2, b2.rank - 2) * kBoardRankMultisets;
+  const uint16_t* rowA =
+      t.nonFlush.data() + TrianglePairIndex(a1.rank - 2, a2.rank - 2) * kBoardRankMultisets;
+  const uint16_t* rowB =
+      t.nonFlush.data() + TrianglePairIndex(b1.rank - 2, b2.rank - 2) * kBoardRankMultisets;
   std::array<int32_t, 13> left;
   left.fill(4);
   std::array<uint32_t, 4> dead{};

@@ -3,8 +3,8 @@
 #include <cassert>
 #include <span>
 
-#include "equity/table_bytes.h"
 #include "equity/embedded_tables.h"
+#include "equity/table_bytes.h"
 
 namespace quillet {
 namespace {

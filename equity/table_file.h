@@ -16,8 +16,8 @@
 #include <string_view>
 #include <vector>
 
-#include "equity/table_bytes.h"
 #include "equity/lookup_tables.h"
+#include "equity/table_bytes.h"
 
 namespace quillet {
 

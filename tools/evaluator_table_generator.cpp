@@ -10,9 +10,9 @@
 #include <map>
 #include <vector>
 
-#include "equity/table_bytes.h"
 #include "equity/hand_evaluator.h"
 #include "equity/standard_evaluator.h"
+#include "equity/table_bytes.h"
 
 namespace quillet {
 namespace {

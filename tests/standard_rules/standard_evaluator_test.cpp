@@ -8,10 +8,10 @@
 #include <span>
 #include <vector>
 
-#include "equity/table_bytes.h"
 #include "equity/deck.h"
 #include "equity/embedded_tables.h"
 #include "equity/hand_evaluator.h"
+#include "equity/table_bytes.h"
 
 namespace quillet {
 namespace {

@@ -17,6 +17,7 @@
 #include "storage/terminal_text.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/killed_save.h"
+#include "tests/support/le_bytes.h"
 
 namespace quillet {
 namespace {
@@ -177,11 +178,7 @@ void WriteSparseFile(const fs::path& path, const std::string& head, off_t size) 
   ::close(fd);
 }
 
-std::string Le32(int32_t v) {
-  std::string out;
-  for (int k = 0; k < 4; ++k) out.push_back(static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF));
-  return out;
-}
+using testing::Le32;
 
 // Reads the file in a child allowed `memoryBytes` of address space; true when the child got through.
 bool ReadsWithin(const fs::path& path, rlim_t memoryBytes, ProfileFileContents::Status expected) {
