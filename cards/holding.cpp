@@ -15,15 +15,6 @@ constexpr HoldingPlaceTable kHoldingPlaces = [] {
   return places;
 }();
 
-bool SharesCard(const HandCombo& holding, const Card* inUse, int inUseCount) {
-  const Card a = holding.card1();
-  const Card b = holding.card2();
-  for (int i = 0; i < inUseCount; ++i) {
-    if (a == inUse[i] || b == inUse[i]) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 const HoldingPlaceTable& HoldingPlaces() {
@@ -47,7 +38,9 @@ int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const Hand
   count = std::clamp(count, 0, static_cast<int32_t>(list.size()));
   int32_t live = 0;
   for (int32_t i = 0; i < count; ++i) {
-    if (SharesCard(list[i], inUse.data(), inUseCount)) list[i].flag = false;
+    bool shares = false;
+    for (int k = 0; k < inUseCount; ++k) shares = shares || SharesCard(list[i], inUse[k]);
+    if (shares) list[i].flag = false;
     if (list[i].flag) ++live;
   }
   return live;

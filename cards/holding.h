@@ -42,6 +42,11 @@ const HoldingPlaceTable& HoldingPlaces();
 // The two cards of holding 0..1325, the one at the higher deck place first.
 std::array<Card, 2> CardsOfHolding(int32_t number);
 
+// Whether one of the holding's two cards is `card`.
+constexpr bool SharesCard(const HandCombo& holding, Card card) {
+  return holding.card1() == card || holding.card2() == card;
+}
+
 // Clears the flag of every holding among the first `count` that shares a card (same rank and suit) with
 // My Hand or with a board card of the street; returns how many of them keep their flag.
 int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,

@@ -44,10 +44,6 @@ class ProgramRules {
   RankMultiset knownRanks_;
 };
 
-bool SharesCard(const HandCombo& combo, Card card) {
-  return combo.card1() == card || combo.card2() == card;
-}
-
 // The holdings the shared counter cannot take, each read card by card on every board: those that share a
 // card with My Hand or the board, or whose two cards are one, and all of them when My Hand and the board
 // share a card.
