@@ -352,12 +352,13 @@ GeneratedTables GeneratePreflopTables(int threads, const GeneratorProgress& prog
   keys.reserve(sums.size());
   for (const auto& [key, sum] : sums) keys.push_back(key);
   std::sort(keys.begin(), keys.end());
-  out.tables.keys = keys;
-  out.tables.values.reserve(keys.size());
+  std::vector<float> values;
+  values.reserve(keys.size());
   for (int32_t key : keys) {
     const Sum& s = sums[key];
-    out.tables.values.push_back(static_cast<float>(s.equity / s.tuples));
+    values.push_back(static_cast<float>(s.equity / s.tuples));
   }
+  out.tables = LookupTables(std::move(keys), std::move(values));
   out.classes = std::move(records);
   return out;
 }

@@ -31,5 +31,8 @@ std::vector<unsigned char> SerializeTables(const LookupTables& tables);
 // Reads a file image, checking magic, version, size, checksum, key order and value range; the error
 // names the first check that failed.
 TablesOrError ParseTables(std::span<const unsigned char> bytes);
+// The same image read in place (it must outlive the tables, 4-byte aligned): only the header is checked
+// (magic, version, size); the checksum and the entries are ParseTables's to check.
+TablesOrError ReadTablesInPlace(std::span<const unsigned char> bytes);
 
 }  // namespace quillet
