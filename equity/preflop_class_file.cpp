@@ -27,7 +27,7 @@ std::vector<unsigned char> SerializeClassTable(std::span<const MatchupClassRecor
   return out;
 }
 
-PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes) {
+PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes, ClassTableCheck check) {
   if (bytes.size() < kClassTableHeaderSize) {
     return Fail("it is " + std::to_string(bytes.size()) + " bytes long, shorter than its header");
   }
@@ -47,14 +47,16 @@ PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes) {
                 " classes take " + std::to_string(expected));
   }
   const auto payload = bytes.subspan(kClassTableHeaderSize);
-  if (Crc32(payload) != ReadU32(bytes.data() + 16)) return Fail("its checksum does not match its contents");
+  const bool full = check == ClassTableCheck::Full;
+  if (full && Crc32(payload) != ReadU32(bytes.data() + 16))
+    return Fail("its checksum does not match its contents");
 
   std::vector<MatchupClassRecord> records(count);
   for (std::size_t i = 0; i < count; ++i) {
     const unsigned char* p = payload.data() + kClassRecordSize * i;
     records[i] = {ReadU32(p), ReadU32(p + 4), ReadU32(p + 8), ReadU32(p + 12)};
   }
-  PreflopClassTableOrError built = PreflopClassTable::Build(std::move(records));
+  PreflopClassTableOrError built = PreflopClassTable::Build(std::move(records), full);
   if (!built.ok()) return Fail(built.error);
   return built;
 }

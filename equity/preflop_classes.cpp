@@ -94,7 +94,7 @@ std::vector<uint32_t> AllMatchupClassCodes() {
   return codes;
 }
 
-PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord> records) {
+PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord> records, bool fullCheck) {
   const std::size_t n = records.size();
   for (std::size_t i = 0; i < n; ++i) {
     const MatchupClassRecord& r = records[i];
@@ -126,7 +126,7 @@ PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord
     if (code > 0xFFFFFF || first < 0 || second < 0 || HoldingsOverlap(first, second)) {
       return {std::nullopt, "its class " + std::to_string(i) + " names no matchup"};
     }
-    if (ClassCodeOf(first, second).code != code) {
+    if (fullCheck && ClassCodeOf(first, second).code != code) {
       return {std::nullopt,
               "its class " + std::to_string(i) + " is not named by the smallest code of its matchups"};
     }
@@ -139,7 +139,7 @@ PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord
   }
   // Codes that are ascending and each the smallest of its class name different classes; whether they name
   // them all shows in the matchups left over.
-  for (int32_t a = 0; a < kHoldingCount; ++a) {
+  for (int32_t a = 0; fullCheck && a < kHoldingCount; ++a) {
     for (int32_t b = a + 1; b < kHoldingCount; ++b) {
       if (t.refs_[static_cast<std::size_t>(a) * kHoldingCount + b] == none && !HoldingsOverlap(a, b)) {
         return {std::nullopt, "it has no class for the matchup " + MatchupText(a, b)};
@@ -185,7 +185,14 @@ PreflopClassTableOrError LoadPreflopClassTable() {
 }
 
 const PreflopClassTableOrError& ProgramPreflopClassTable() {
-  static const PreflopClassTableOrError table = LoadPreflopClassTable();
+  static const PreflopClassTableOrError table = [] {
+    const std::span<const unsigned char> bytes = EmbeddedClassTableBytes();
+    if (bytes.empty()) {
+      return PreflopClassTableOrError{std::nullopt,
+                                      "The preflop class table was not built into this program."};
+    }
+    return ParseClassTable(bytes, ClassTableCheck::BuiltIn);
+  }();
   return table;
 }
 
