@@ -53,6 +53,11 @@ struct BoardCards {
   constexpr Card& operator[](int i) { return cards[i]; }
 };
 
+// A card of the deck: rank 2..14 and suit 0..3. The one check of a card wherever one is read.
+constexpr bool IsDeckCard(Card card) {
+  return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3;
+}
+
 // Number of board cards that exist on a street (0, 3, 4 or 5).
 constexpr int BoardCardCount(int32_t street) {
   return street == kNoBoard ? 0 : street + 2;

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "cards/card.h"
 
@@ -25,8 +26,7 @@ constexpr Card DeckCard(int32_t index) {
 
 // Whether both cards are real cards and differ.
 constexpr bool IsHolding(Card a, Card b) {
-  auto real = [](Card c) { return c.rank >= 2 && c.rank <= 14 && c.suit >= 0 && c.suit <= 3; };
-  return real(a) && real(b) && a != b;
+  return IsDeckCard(a) && IsDeckCard(b) && a != b;
 }
 
 // The number of the holding of two different real cards, in either order.
@@ -41,5 +41,19 @@ using HoldingPlaceTable = std::array<std::array<uint8_t, 2>, kHoldingCount>;
 const HoldingPlaceTable& HoldingPlaces();
 // The two cards of holding 0..1325, the one at the higher deck place first.
 std::array<Card, 2> CardsOfHolding(int32_t number);
+
+// Whether one of the holding's two cards is `card`.
+constexpr bool SharesCard(const HandCombo& holding, Card card) {
+  return holding.card1() == card || holding.card2() == card;
+}
+
+// Clears the flag of every holding among the first `count` that shares a card (same rank and suit) with
+// My Hand or with a board card of the street; returns how many of them keep their flag.
+int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,
+                         const BoardCards& board, int32_t street);
+inline int32_t RemoveDeadCombos(std::vector<HandCombo>& list, const HandCards& hand, const BoardCards& board,
+                                int32_t street) {
+  return RemoveDeadCombos(list, static_cast<int32_t>(list.size()), hand, board, street);
+}
 
 }  // namespace quillet

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "cards/hand_class.h"
+#include "cards/holding.h"
 #include "categorise/categories.h"
 #include "categorise/classify.h"
 
@@ -24,24 +25,12 @@ bool HoldsSuitPair(const BlockRecord& record, int32_t suit1, int32_t suit2) {
 }
 
 bool IsRealHolding(const HandCombo& c) {
-  auto valid = [](Card card) {
-    return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3;
-  };
-  return valid(c.card1()) && valid(c.card2()) && c.card1() != c.card2();
+  return IsHolding(c.card1(), c.card2());
 }
 
 void AppendHolding(std::vector<HandCombo>& list, const BlockRecord& record, const SuitPairEntry& entry) {
   const HandCombo holding{true, record.rank1, entry.suit1, record.rank2, entry.suit2};
   if (IsRealHolding(holding)) list.push_back(holding);
-}
-
-bool SharesCard(const HandCombo& holding, const Card* inUse, int inUseCount) {
-  const Card a = holding.card1();
-  const Card b = holding.card2();
-  for (int i = 0; i < inUseCount; ++i) {
-    if (a == inUse[i] || b == inUse[i]) return true;
-  }
-  return false;
 }
 
 }  // namespace
@@ -61,24 +50,6 @@ std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const Range
     }
   }
   return list;
-}
-
-int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,
-                         const BoardCards& board, int32_t street) {
-  std::array<Card, 7> inUse{};
-  int inUseCount = 0;
-  inUse[inUseCount++] = hand.card1();
-  inUse[inUseCount++] = hand.card2();
-  const int boardCount = std::clamp(BoardCardCount(street), 0, 5);
-  for (int i = 0; i < boardCount; ++i) inUse[inUseCount++] = board[i];
-
-  count = std::clamp(count, 0, static_cast<int32_t>(list.size()));
-  int32_t live = 0;
-  for (int32_t i = 0; i < count; ++i) {
-    if (SharesCard(list[i], inUse.data(), inUseCount)) list[i].flag = false;
-    if (list[i].flag) ++live;
-  }
-  return live;
 }
 
 void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, int32_t count,

@@ -8,6 +8,7 @@
 
 #include "cards/card.h"
 #include "cards/card_input.h"
+#include "cards/holding.h"  // RemoveDeadCombos
 #include "categorise/category_node.h"
 #include "range/block_record.h"
 
@@ -18,15 +19,6 @@ namespace quillet {
 // pocket pair (a, b) and (b, a) are one holding). A record entry that does not make two valid, distinct
 // cards (possible only in a damaged profile) is skipped.
 std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer);
-
-// Clears the flag of every holding among the first `count` that shares a card (same rank and suit) with
-// My Hand or with a board card of the street; returns how many of them keep their flag.
-int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,
-                         const BoardCards& board, int32_t street);
-inline int32_t RemoveDeadCombos(std::vector<HandCombo>& list, const HandCards& hand, const BoardCards& board,
-                                int32_t street) {
-  return RemoveDeadCombos(list, static_cast<int32_t>(list.size()), hand, board, street);
-}
 
 // Empties every entry (count 0, run text and number cleared, both flags set), sets the categorised count
 // to 0, and classifies each live holding among the first `count`: with a board into its made-hand entry

@@ -15,8 +15,9 @@
 #include "equity/lookup_tables.h"
 #include "equity/preflop_class_file.h"
 #include "equity/preflop_classes.h"
+#include "equity/preflop_table_generator.h"
+#include "equity/standard_evaluator.h"
 #include "equity/table_file.h"
-#include "tools/preflop_table_generator.h"
 
 namespace quillet::cli {
 namespace {
@@ -96,6 +97,12 @@ int Generate(const TablesArgs& args, std::ostream& out, std::ostream& err) {
 }
 
 int Info(std::ostream& out, std::ostream& err) {
+  // The standard evaluator's tables are checked here and by the tests, not at every start; whole, they add
+  // nothing to the description.
+  if (!StandardEvaluator::TablesIntact()) {
+    err << "quillet-cli tables: the standard evaluator's tables built into the program are damaged\n";
+    return kExitFailure;
+  }
   const TablesOrError loaded = LoadTables();
   if (!loaded.ok()) {
     err << "quillet-cli tables: " << loaded.error << "\n";

@@ -1,5 +1,6 @@
 # format: clang-format -i over the project's own .h/.cpp files; format-check: the same files checked
-# without changes (fails on the first file that is not formatted). Not part of the build or of CI.
+# without changes (fails on the first file that is not formatted). Not part of the build; ./dev test runs
+# format-check.
 # The build folders and data/ are left out; a table that must keep its hand layout is fenced with
 # // clang-format off ... // clang-format on in its file.
 find_program(QUILLET_CLANG_FORMAT NAMES clang-format)

@@ -10,11 +10,6 @@
 
 namespace quillet {
 
-// A card of the deck: rank 2..14 and suit 0..3.
-constexpr bool IsDeckCard(Card card) {
-  return card.rank >= 2 && card.rank <= 14 && card.suit >= 0 && card.suit <= 3;
-}
-
 // The cards still to come, in deck order: the deck less the two My Hand cards and the board cards known
 // on `street` (three on the flop, four on the turn, five on the river).
 struct RemainingCardList {

@@ -1,6 +1,6 @@
 #include "equity/calc_equity.h"
 
-#include "categorise/cook.h"
+#include "cards/holding.h"
 #include "equity/preflop_equity.h"
 #include "equity/standard_equity.h"
 

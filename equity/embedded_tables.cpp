@@ -2,43 +2,25 @@
 
 #include <cstddef>
 
-// The build names the table files in QUILLET_PREFLOP_TABLE_FILE and QUILLET_PREFLOP_CLASS_FILE; the
-// assembler copies each into read-only data.
+// Assembles a file into read-only data: its bytes at NAME_data (64-byte aligned, so tables of words are
+// read in place), its length at NAME_size.
+#define QUILLET_EMBED_FILE(NAME, FILE)                                                                      \
+  asm(".section .rodata\n.global " #NAME "_data\n.balign 64\n" #NAME "_data:\n.incbin \"" FILE "\"\n" #NAME \
+      "_end:\n.global " #NAME "_size\n.balign 8\n" #NAME "_size:\n.quad " #NAME "_end - " #NAME             \
+      "_data\n.previous");                                                                                  \
+  extern "C" const unsigned char NAME##_data[];                                                             \
+  extern "C" const std::size_t NAME##_size
+
+// The build names the preflop table files in QUILLET_PREFLOP_TABLE_FILE and QUILLET_PREFLOP_CLASS_FILE
+// (absent without the files), and the standard evaluator's tables, which it makes itself
+// (tools/evaluator_table_generator.cpp), in QUILLET_EVALUATOR_TABLE_FILE.
 #ifdef QUILLET_PREFLOP_TABLE_FILE
-asm(".section .rodata\n"
-    ".global quillet_preflop_table_data\n"
-    ".balign 16\n"
-    "quillet_preflop_table_data:\n"
-    ".incbin \"" QUILLET_PREFLOP_TABLE_FILE
-    "\"\n"
-    "quillet_preflop_table_end:\n"
-    ".global quillet_preflop_table_size\n"
-    ".balign 8\n"
-    "quillet_preflop_table_size:\n"
-    ".quad quillet_preflop_table_end - quillet_preflop_table_data\n"
-    ".previous");
-
-extern "C" const unsigned char quillet_preflop_table_data[];
-extern "C" const std::size_t quillet_preflop_table_size;
+QUILLET_EMBED_FILE(quillet_preflop_table, QUILLET_PREFLOP_TABLE_FILE);
 #endif
-
 #ifdef QUILLET_PREFLOP_CLASS_FILE
-asm(".section .rodata\n"
-    ".global quillet_preflop_class_data\n"
-    ".balign 16\n"
-    "quillet_preflop_class_data:\n"
-    ".incbin \"" QUILLET_PREFLOP_CLASS_FILE
-    "\"\n"
-    "quillet_preflop_class_end:\n"
-    ".global quillet_preflop_class_size\n"
-    ".balign 8\n"
-    "quillet_preflop_class_size:\n"
-    ".quad quillet_preflop_class_end - quillet_preflop_class_data\n"
-    ".previous");
-
-extern "C" const unsigned char quillet_preflop_class_data[];
-extern "C" const std::size_t quillet_preflop_class_size;
+QUILLET_EMBED_FILE(quillet_preflop_class, QUILLET_PREFLOP_CLASS_FILE);
 #endif
+QUILLET_EMBED_FILE(quillet_evaluator_table, QUILLET_EVALUATOR_TABLE_FILE);
 
 namespace quillet {
 
@@ -56,6 +38,10 @@ std::span<const unsigned char> EmbeddedClassTableBytes() {
 #else
   return {};
 #endif
+}
+
+std::span<const unsigned char> EmbeddedEvaluatorTableBytes() {
+  return {quillet_evaluator_table_data, quillet_evaluator_table_size};
 }
 
 }  // namespace quillet

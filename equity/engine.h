@@ -41,8 +41,9 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
 
 // The same showdowns as CountShowdowns, in the same one enumeration, but counted for each holding apart:
 // `counts[k]` gets the showdowns of My Hand against `combos[k]` (all zero for a holding that takes no
-// part). Summed over the holdings they are CountShowdowns's counts. `counts` must have an entry for every
-// holding (else it is only cleared).
+// part). Summed over the holdings they are CountShowdowns's counts. Unlike CountShowdowns it counts the
+// river too: the board as it stands, one showdown per holding (the equities per category read it). `counts`
+// must have an entry for every holding (else it is only cleared).
 void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
                              std::span<const HandCombo> combos, std::span<ShowdownCounts> counts);
 

@@ -15,8 +15,8 @@ uint32_t RankBit(int32_t rank) {
 }
 
 // Packs the category and up to `n` of the highest ranks of `rankMask` after the given leading ranks.
-HandValue Pack(HandCategory category, std::initializer_list<int32_t> leading, uint32_t rankMask, int n) {
-  HandValue value = category;
+HandValue Pack(MadeCode category, std::initializer_list<int32_t> leading, uint32_t rankMask, int n) {
+  auto value = static_cast<HandValue>(category);
   int fields = 0;
   for (int32_t rank : leading) {
     value = value << 4 | static_cast<uint32_t>(rank);
@@ -36,28 +36,28 @@ HandValue Pack(HandCategory category, std::initializer_list<int32_t> leading, ui
 HandValue EvaluateLayers(uint32_t once, uint32_t twice, uint32_t thrice, uint32_t four) {
   if (four != 0) {
     const int32_t quads = HighestRank(four);
-    return Pack(kFourOfAKind, {quads}, once & ~RankBit(quads), 1);
+    return Pack(kMadeFourOfAKind, {quads}, once & ~RankBit(quads), 1);
   }
   if (thrice != 0) {
     const int32_t trips = HighestRank(thrice);
     const uint32_t otherPairs = twice & ~RankBit(trips);  // a second trips counts as the pair
-    if (otherPairs != 0) return Pack(kFullHouse, {trips, HighestRank(otherPairs)}, 0, 0);
+    if (otherPairs != 0) return Pack(kMadeFullHouse, {trips, HighestRank(otherPairs)}, 0, 0);
   }
-  if (const int32_t high = StraightHighRank(once); high != 0) return Pack(kStraight, {high}, 0, 0);
+  if (const int32_t high = StraightHighRank(once); high != 0) return Pack(kMadeStraight, {high}, 0, 0);
   if (thrice != 0) {
     const int32_t trips = HighestRank(thrice);
-    return Pack(kThreeOfAKind, {trips}, once & ~RankBit(trips), 2);
+    return Pack(kMadeThreeOfAKind, {trips}, once & ~RankBit(trips), 2);
   }
   if (twice != 0) {
     const int32_t top = HighestRank(twice);
     const uint32_t rest = twice & ~RankBit(top);
     if (rest != 0) {
       const int32_t second = HighestRank(rest);
-      return Pack(kTwoPair, {top, second}, once & ~RankBit(top) & ~RankBit(second), 1);
+      return Pack(kMadeTwoPair, {top, second}, once & ~RankBit(top) & ~RankBit(second), 1);
     }
-    return Pack(kOnePair, {top}, once & ~RankBit(top), 3);
+    return Pack(kMadePair, {top}, once & ~RankBit(top), 3);
   }
-  return Pack(kHighCard, {}, once, 5);
+  return Pack(kMadeHighCard, {}, once, 5);
 }
 
 }  // namespace
@@ -71,8 +71,9 @@ int32_t StraightHighRank(uint32_t rankMask) {
 }
 
 HandValue EvaluateFlush(uint32_t rankMask) {
-  if (const int32_t high = StraightHighRank(rankMask); high != 0) return Pack(kStraightFlush, {high}, 0, 0);
-  return Pack(kFlush, {}, rankMask, 5);
+  if (const int32_t high = StraightHighRank(rankMask); high != 0)
+    return Pack(kMadeStraightFlush, {high}, 0, 0);
+  return Pack(kMadeFlush, {}, rankMask, 5);
 }
 
 HandValue EvaluateRanks(const std::array<uint8_t, 13>& counts) {

@@ -5,7 +5,7 @@
 //
 // A HandValue compares directly: a higher value is a better hand, equal values split the pot.
 //
-//   bits 20-23  category (HandCategory)
+//   bits 20-23  category (MadeCode, cards/board_analysis.h)
 //   bits 16-19, 12-15, 8-11, 4-7, 0-3   the ranks (2..14) that decide within the category, most
 //               significant first, 0 where a category has fewer (a full house: trips rank, pair rank)
 #pragma once
@@ -14,26 +14,17 @@
 #include <cstdint>
 #include <span>
 
+#include "cards/board_analysis.h"
 #include "cards/card.h"
 
 namespace quillet {
 
 using HandValue = uint32_t;
 
-enum HandCategory : uint32_t {
-  kHighCard = 0,
-  kOnePair = 1,
-  kTwoPair = 2,
-  kThreeOfAKind = 3,
-  kStraight = 4,
-  kFlush = 5,
-  kFullHouse = 6,
-  kFourOfAKind = 7,
-  kStraightFlush = 8,  // a royal flush is the ace-high straight flush
-};
-
-constexpr HandCategory HandCategoryOf(HandValue value) {
-  return static_cast<HandCategory>(value >> 20);
+// The category, a made-hand code (cards/board_analysis.h): the standard rules read no royal flush of their
+// own, an ace-high straight flush is kMadeStraightFlush.
+constexpr MadeCode HandCategoryOf(HandValue value) {
+  return static_cast<MadeCode>(value >> 20);
 }
 // The rank in the value's first rank field: the top card, the pair, the trips, the straight's high card.
 constexpr int32_t HandTopRank(HandValue value) {

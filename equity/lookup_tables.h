@@ -5,16 +5,33 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace quillet {
 
 struct LookupTables {
-  std::vector<int32_t> keys;  // ascending, no key twice
-  std::vector<float> values;  // one per key, percent 0..100
+  std::span<const int32_t> keys;  // ascending, no key twice
+  std::span<const float> values;  // one per key, percent 0..100
+
+  LookupTables() = default;
+  // Tables that hold their own entries (built, or read from a file).
+  LookupTables(std::vector<int32_t> ownKeys, std::vector<float> ownValues);
+  // Tables read in place from memory that outlives them (the tables built into the program).
+  static LookupTables InPlace(std::span<const int32_t> keys, std::span<const float> values);
+
+  // A copy holds its own entries when the original did; a move keeps them where they are.
+  LookupTables(const LookupTables& other);
+  LookupTables& operator=(const LookupTables& other);
+  LookupTables(LookupTables&&) noexcept = default;
+  LookupTables& operator=(LookupTables&&) noexcept = default;
 
   int32_t size() const { return static_cast<int32_t>(keys.size()); }
+
+ private:
+  std::vector<int32_t> ownKeys_;
+  std::vector<float> ownValues_;
 };
 
 struct KeySearch {
@@ -34,9 +51,11 @@ struct TablesOrError {
   bool ok() const { return tables.has_value(); }
 };
 
-// Reads the tables built into the program, checking the format's magic, version, size and checksum.
+// Reads the tables built into the program, checking the format's magic, version, size and checksum, the
+// order of the keys and the range of the values ("quillet-cli tables info" and the tests run it).
 TablesOrError LoadTables();
-// The program's tables: LoadTables() run once, on first use.
+// The program's tables, read in place on first use: the header is checked (magic, version, size), the
+// checksum and the entries are left to LoadTables, so nothing is copied or checked when a program starts.
 const TablesOrError& ProgramTables();
 
 }  // namespace quillet

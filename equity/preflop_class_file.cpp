@@ -7,14 +7,6 @@
 namespace quillet {
 namespace {
 
-uint32_t ReadU32(const unsigned char* p) {
-  return uint32_t{p[0]} | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16 | uint32_t{p[3]} << 24;
-}
-
-void WriteU32(std::vector<unsigned char>& out, uint32_t v) {
-  for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<unsigned char>(v >> shift));
-}
-
 PreflopClassTableOrError Fail(const std::string& why) {
   return {std::nullopt, "The preflop class table is damaged: " + why};
 }
@@ -35,7 +27,7 @@ std::vector<unsigned char> SerializeClassTable(std::span<const MatchupClassRecor
   return out;
 }
 
-PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes) {
+PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes, ClassTableCheck check) {
   if (bytes.size() < kClassTableHeaderSize) {
     return Fail("it is " + std::to_string(bytes.size()) + " bytes long, shorter than its header");
   }
@@ -55,14 +47,16 @@ PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes) {
                 " classes take " + std::to_string(expected));
   }
   const auto payload = bytes.subspan(kClassTableHeaderSize);
-  if (Crc32(payload) != ReadU32(bytes.data() + 16)) return Fail("its checksum does not match its contents");
+  const bool full = check == ClassTableCheck::Full;
+  if (full && Crc32(payload) != ReadU32(bytes.data() + 16))
+    return Fail("its checksum does not match its contents");
 
   std::vector<MatchupClassRecord> records(count);
   for (std::size_t i = 0; i < count; ++i) {
     const unsigned char* p = payload.data() + kClassRecordSize * i;
     records[i] = {ReadU32(p), ReadU32(p + 4), ReadU32(p + 8), ReadU32(p + 12)};
   }
-  PreflopClassTableOrError built = PreflopClassTable::Build(std::move(records));
+  PreflopClassTableOrError built = PreflopClassTable::Build(std::move(records), full);
   if (!built.ok()) return Fail(built.error);
   return built;
 }

@@ -51,14 +51,6 @@ int32_t HoldingOfCode(uint32_t code) {
   return static_cast<int32_t>(high * (high - 1) / 2 + low);
 }
 
-bool RealCard(Card c) {
-  return c.rank >= 2 && c.rank <= 14 && c.suit >= 0 && c.suit <= 3;
-}
-
-bool RealHolding(Card c1, Card c2) {
-  return RealCard(c1) && RealCard(c2) && !(c1 == c2);
-}
-
 std::string MatchupText(int32_t a, int32_t b) {
   const auto ca = CardsOfHolding(a);
   const auto cb = CardsOfHolding(b);
@@ -102,7 +94,7 @@ std::vector<uint32_t> AllMatchupClassCodes() {
   return codes;
 }
 
-PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord> records) {
+PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord> records, bool fullCheck) {
   const std::size_t n = records.size();
   for (std::size_t i = 0; i < n; ++i) {
     const MatchupClassRecord& r = records[i];
@@ -134,7 +126,7 @@ PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord
     if (code > 0xFFFFFF || first < 0 || second < 0 || HoldingsOverlap(first, second)) {
       return {std::nullopt, "its class " + std::to_string(i) + " names no matchup"};
     }
-    if (ClassCodeOf(first, second).code != code) {
+    if (fullCheck && ClassCodeOf(first, second).code != code) {
       return {std::nullopt,
               "its class " + std::to_string(i) + " is not named by the smallest code of its matchups"};
     }
@@ -147,7 +139,7 @@ PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord
   }
   // Codes that are ascending and each the smallest of its class name different classes; whether they name
   // them all shows in the matchups left over.
-  for (int32_t a = 0; a < kHoldingCount; ++a) {
+  for (int32_t a = 0; fullCheck && a < kHoldingCount; ++a) {
     for (int32_t b = a + 1; b < kHoldingCount; ++b) {
       if (t.refs_[static_cast<std::size_t>(a) * kHoldingCount + b] == none && !HoldingsOverlap(a, b)) {
         return {std::nullopt, "it has no class for the matchup " + MatchupText(a, b)};
@@ -165,19 +157,19 @@ PreflopClassTable::ClassRef PreflopClassTable::ClassOf(int32_t holding, int32_t 
 }
 
 ShowdownTally PreflopClassTable::Matchup(Card h1, Card h2, Card o1, Card o2) const {
-  if (!RealHolding(h1, h2) || !RealHolding(o1, o2)) return {};
+  if (!IsHolding(h1, h2) || !IsHolding(o1, o2)) return {};
   return Matchup(HoldingNumber(h1, h2), HoldingNumber(o1, o2));
 }
 
 ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const {
-  if (!RealHolding(h1, h2)) return {};
+  if (!IsHolding(h1, h2)) return {};
   // My Hand's row of the matchup table; a holding that shares a card with My Hand reads the all-zero entry.
   const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
   uint64_t wins = 0;
   uint64_t ties = 0;
   uint64_t losses = 0;
   for (const HandCombo& h : holdings) {
-    if (!h.flag || !RealHolding(h.card1(), h.card2())) continue;
+    if (!h.flag || !IsHolding(h.card1(), h.card2())) continue;
     const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
     wins += c[0];
     ties += c[1];
@@ -193,7 +185,14 @@ PreflopClassTableOrError LoadPreflopClassTable() {
 }
 
 const PreflopClassTableOrError& ProgramPreflopClassTable() {
-  static const PreflopClassTableOrError table = LoadPreflopClassTable();
+  static const PreflopClassTableOrError table = [] {
+    const std::span<const unsigned char> bytes = EmbeddedClassTableBytes();
+    if (bytes.empty()) {
+      return PreflopClassTableOrError{std::nullopt,
+                                      "The preflop class table was not built into this program."};
+    }
+    return ParseClassTable(bytes, ClassTableCheck::BuiltIn);
+  }();
   return table;
 }
 

@@ -74,7 +74,10 @@ class PreflopClassTable {
   // A table from one record per class, codes ascending. Refused, with the reason, unless the codes are
   // exactly the class codes of all ordered matchups (each matchup finds its class, each class is some
   // matchup's) and every record's counts add up to kPreflopBoardCount.
-  static PreflopClassTableOrError Build(std::vector<MatchupClassRecord> records);
+  // Without `fullCheck` (the table built into the program, checked by the tests and by "quillet-cli tables
+  // info") the two costly checks are left out: that each class is named by the smallest code of its
+  // matchups and that every matchup has a class.
+  static PreflopClassTableOrError Build(std::vector<MatchupClassRecord> records, bool fullCheck = true);
 
   const std::vector<MatchupClassRecord>& Records() const { return records_; }
   ClassRef ClassOf(int32_t holding, int32_t opponent) const;
@@ -113,7 +116,8 @@ struct PreflopClassTableOrError {
 
 // Reads the class table built into the program, checking the file (preflop_class_file.h) and the classes.
 PreflopClassTableOrError LoadPreflopClassTable();
-// The program's class table: LoadPreflopClassTable() run once, on first use (about 12 ms).
+// The program's class table, read once on first use: as LoadPreflopClassTable() but without the checksum
+// and the costly checks of Build, which the tests and "quillet-cli tables info" run.
 const PreflopClassTableOrError& ProgramPreflopClassTable();
 
 // My Hand against the holdings under standard rules before the flop: TallyAgainst over the program's class

@@ -6,18 +6,14 @@
 #include <vector>
 
 #include "cards/board_analysis.h"  // RankMaskBit
-#include "equity/board_record.h"   // IsDeckCard
 #include "equity/deck.h"
+#include "equity/enumeration.h"
 #include "equity/preflop_classes.h"
 #include "equity/rank_pair.h"
 #include "equity/standard_evaluator.h"
 
 namespace quillet {
 namespace {
-
-constexpr uint64_t DeckBit(int32_t place) {
-  return uint64_t{1} << place;
-}
 
 // The two cards of every holding number (preflop_classes.h), read once.
 const std::array<std::array<Card, 2>, kHoldingCount>& CardsOfHoldings() {
@@ -36,11 +32,8 @@ HoldingWeights LiveWeights(std::span<const HandCombo> range, uint64_t boardCards
   HoldingWeights weights{};
   count = 0;
   for (const HandCombo& combo : range) {
-    const Card a = combo.card1();
-    const Card b = combo.card2();
-    if (!combo.flag || !IsDeckCard(a) || !IsDeckCard(b) || a == b) continue;
-    if (((DeckBit(DeckIndex(a)) | DeckBit(DeckIndex(b))) & boardCards) != 0) continue;
-    ++weights[HoldingNumber(a, b)];
+    if (!IsLiveHolding(combo, boardCards)) continue;
+    ++weights[HoldingNumber(combo.card1(), combo.card2())];
     ++count;
   }
   return weights;
@@ -152,8 +145,8 @@ struct RankPairEntry {
   uint8_t card2 = 0;
 };
 
-// A live holding of either range that can make a flush in one suit.
-struct FlushCandidate {
+// A live holding of either range that can make a flush in one suit, with its weight in each range.
+struct WeightedFlushCandidate {
   uint64_t cards = 0;
   int32_t myWeight = 0;
   int32_t theirWeight = 0;
@@ -169,14 +162,10 @@ class CompletionCounter {
  public:
   CompletionCounter(const BoardCards& board, int32_t known, const HoldingWeights& mine,
                     const HoldingWeights& theirs)
-      : evaluator_(StandardEvaluator::Get()),
-        myWeights_(mine),
-        theirWeights_(theirs),
-        patterns_(PatternSlots(5 - known)) {
+      : evaluator_(StandardEvaluator::Get()), myWeights_(mine), theirWeights_(theirs), patterns_(5 - known) {
     for (int32_t i = 0; i < known; ++i) {
       boardRanks_ = evaluator_.AddRank(boardRanks_, board[i].rank);
-      ++boardSuitCounts_[board[i].suit];
-      boardSuitRanks_[board[i].suit] |= RankMaskBit(board[i].rank);
+      boardSuits_.Add(board[i]);
     }
     ListHoldings(mine, theirs, mine_, myStart_);
     ListHoldings(theirs, mine, theirs_, theirStart_);
@@ -195,20 +184,18 @@ class CompletionCounter {
 
   // Adds the wins and the ties of my range on the board completed by `coming` (none to two cards).
   void Count(std::span<const Card> coming, int64_t& wins, int64_t& ties) {
-    std::array<int32_t, 4> suitCounts = boardSuitCounts_;
-    std::array<uint32_t, 4> suitRanks = boardSuitRanks_;
+    SuitCounts suits = boardSuits_;
     uint64_t comingCards = 0;
     for (const Card& card : coming) {
-      ++suitCounts[card.suit];
-      suitRanks[card.suit] |= RankMaskBit(card.rank);
-      comingCards |= DeckBit(DeckIndex(card));
+      suits.Add(card);
+      comingCards |= DeckBit(card);
     }
-    const Pattern& pattern = PatternFor(coming);
-    int32_t flushSuit = -1;
-    for (int32_t suit = 0; suit < 4; ++suit) {
-      if (suitCounts[suit] >= 3) flushSuit = suit;
-    }
-    const std::vector<FlushCandidate>* candidates = nullptr;
+    const Pattern& pattern =
+        patterns_.For(coming, [&](Pattern& p, std::span<const Card> c) { FillPattern(p, c); });
+    const int32_t flushSuit = suits.FlushSuit();
+    const std::array<int32_t, 4>& suitCounts = suits.counts;
+    const std::array<uint32_t, 4>& suitRanks = suits.ranks;
+    const std::vector<WeightedFlushCandidate>* candidates = nullptr;
     flush_.clear();
     if (flushSuit >= 0) {
       candidates = &Candidates(flushSuit, suitCounts[flushSuit] - 3);
@@ -225,14 +212,9 @@ class CompletionCounter {
   // The values without a flush of the rank pairs present, on one rank pattern of the coming cards, and the
   // present pairs in ascending order of value.
   struct Pattern {
-    bool filled = false;
     std::array<HandValue, kRankPairCount> values{};
     std::vector<uint16_t> order;
   };
-
-  static std::size_t PatternSlots(int32_t comingCount) {
-    return comingCount == 2 ? kRankPairCount : comingCount == 1 ? 13 : 1;
-  }
 
   static void ListHoldings(const HoldingWeights& range, const HoldingWeights& other,
                            std::vector<RankPairEntry>& entries,
@@ -254,15 +236,15 @@ class CompletionCounter {
       const int32_t a = DeckIndex(cards[0]);
       const int32_t b = DeckIndex(cards[1]);
       entries[next[CanonicalPairIndex(cards[0].rank, cards[1].rank)]++] = {
-          DeckBit(a) | DeckBit(b), range[h], other[h], static_cast<uint16_t>(h), static_cast<uint8_t>(a),
+          DeckBits(cards[0], cards[1]), range[h], other[h], static_cast<uint16_t>(h), static_cast<uint8_t>(a),
           static_cast<uint8_t>(b)};
     }
   }
 
   // The candidates for a flush in `suit` with three (kind 0), four (1) or five (2) board cards of it: the
   // holdings suited in it, those with a card of it, every holding. Listed when first needed.
-  const std::vector<FlushCandidate>& Candidates(int32_t suit, int32_t kind) {
-    std::vector<FlushCandidate>& list = candidates_[suit][kind];
+  const std::vector<WeightedFlushCandidate>& Candidates(int32_t suit, int32_t kind) {
+    std::vector<WeightedFlushCandidate>& list = candidates_[suit][kind];
     if (candidatesListed_[suit][kind]) return list;
     for (const uint16_t h : holdings_) {
       const auto& cards = CardsOfHoldings()[h];
@@ -270,8 +252,7 @@ class CompletionCounter {
                                  (cards[1].suit == suit ? RankMaskBit(cards[1].rank) : 0u);
       if (kind == 0 && (cards[0].suit != suit || cards[1].suit != suit)) continue;
       if (kind == 1 && suitRanks == 0) continue;
-      list.push_back({DeckBit(DeckIndex(cards[0])) | DeckBit(DeckIndex(cards[1])), myWeights_[h],
-                      theirWeights_[h], h,
+      list.push_back({DeckBits(cards[0], cards[1]), myWeights_[h], theirWeights_[h], h,
                       static_cast<uint16_t>(CanonicalPairIndex(cards[0].rank, cards[1].rank)),
                       static_cast<uint16_t>(suitRanks), static_cast<uint8_t>(DeckIndex(cards[0])),
                       static_cast<uint8_t>(DeckIndex(cards[1]))});
@@ -280,13 +261,7 @@ class CompletionCounter {
     return list;
   }
 
-  const Pattern& PatternFor(std::span<const Card> coming) {
-    std::size_t slot = 0;
-    if (coming.size() == 1) slot = static_cast<std::size_t>(coming[0].rank - 2);
-    if (coming.size() == 2)
-      slot = static_cast<std::size_t>(CanonicalPairIndex(coming[0].rank, coming[1].rank));
-    Pattern& pattern = patterns_[slot];
-    if (pattern.filled) return pattern;
+  void FillPattern(Pattern& pattern, std::span<const Card> coming) const {
     RankState ranks = boardRanks_;
     for (const Card& card : coming) ranks = evaluator_.AddRank(ranks, card.rank);
     for (const uint16_t pair : presentPairs_) {
@@ -297,16 +272,14 @@ class CompletionCounter {
     pattern.order = presentPairs_;
     std::sort(pattern.order.begin(), pattern.order.end(),
               [&](uint16_t x, uint16_t y) { return pattern.values[x] < pattern.values[y]; });
-    pattern.filled = true;
-    return pattern;
   }
 
   // The live candidates whose flush beats their rank pair's value (all of them when `all`): marked as moved
   // out of their pair's list, and listed by value (value << 32 | place in the candidate list).
   void CollectFlushes(const Pattern& pattern, uint32_t boardSuitRanks,
-                      const std::vector<FlushCandidate>& candidates, uint64_t comingCards, bool all) {
+                      const std::vector<WeightedFlushCandidate>& candidates, uint64_t comingCards, bool all) {
     for (std::size_t i = 0; i < candidates.size(); ++i) {
-      const FlushCandidate& c = candidates[i];
+      const WeightedFlushCandidate& c = candidates[i];
       if ((c.cards & comingCards) != 0) continue;
       const HandValue plain = pattern.values[c.rankPair];
       const HandValue flush = evaluator_.FlushValue(boardSuitRanks | c.suitRanks);
@@ -318,8 +291,9 @@ class CompletionCounter {
   }
 
   // Walks the values upwards in groups of equal value.
-  void Sweep(const Pattern& pattern, std::size_t pairCount, const std::vector<FlushCandidate>* candidates,
-             uint64_t comingCards, int64_t& wins, int64_t& ties) {
+  void Sweep(const Pattern& pattern, std::size_t pairCount,
+             const std::vector<WeightedFlushCandidate>* candidates, uint64_t comingCards, int64_t& wins,
+             int64_t& ties) {
     int64_t passed = 0;                           // opponent's holdings of a lower value
     std::array<int64_t, kDeckSize> passedWith{};  // the same, holding the card
     int64_t less = 0;
@@ -357,7 +331,7 @@ class CompletionCounter {
         }
       }
       for (std::size_t i = f; i < flushEnd; ++i) {
-        const FlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
         less += c.myWeight * beaten(c.card1, c.card2);
       }
       // The opponent's holdings of this value are passed.
@@ -369,7 +343,7 @@ class CompletionCounter {
         }
       }
       for (std::size_t i = f; i < flushEnd; ++i) {
-        const FlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
         pass(c.card1, c.card2, c.theirWeight);
       }
       // My holdings of this value meet those passed now at a tie or better; the opponent's copy of the
@@ -382,7 +356,7 @@ class CompletionCounter {
         }
       }
       for (std::size_t i = f; i < flushEnd; ++i) {
-        const FlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
         lessOrEqual += c.myWeight * (beaten(c.card1, c.card2) + c.theirWeight);
       }
       p = pairEnd;
@@ -396,8 +370,7 @@ class CompletionCounter {
   const HoldingWeights& myWeights_;
   const HoldingWeights& theirWeights_;
   RankState boardRanks_ = StandardEvaluator::kNoRanks;
-  std::array<int32_t, 4> boardSuitCounts_{};
-  std::array<uint32_t, 4> boardSuitRanks_{};
+  SuitCounts boardSuits_;
   std::vector<RankPairEntry> mine_;
   std::vector<RankPairEntry> theirs_;
   std::array<uint32_t, kRankPairCount + 1> myStart_{};
@@ -405,9 +378,9 @@ class CompletionCounter {
   std::vector<uint16_t> presentPairs_;
   std::vector<uint16_t> holdings_;  // the live holdings of either range
   // [suit][board cards of the suit - 3]: the suited holdings, those with a card of the suit, every holding.
-  std::array<std::array<std::vector<FlushCandidate>, 3>, 4> candidates_;
+  std::array<std::array<std::vector<WeightedFlushCandidate>, 3>, 4> candidates_;
   std::array<std::array<bool, 3>, 4> candidatesListed_{};
-  std::vector<Pattern> patterns_;
+  RankPatternCache<Pattern> patterns_;
   std::vector<uint64_t> flush_;
   std::array<bool, kHoldingCount> moved_{};
 };
@@ -417,33 +390,13 @@ bool CountOnBoard(const BoardCards& board, int32_t known, uint64_t boardCards, c
                   const HoldingWeights& theirs, const RangeEquityProgress& progress, ShowdownTally& tally,
                   uint64_t showdowns) {
   CompletionCounter counter(board, known, mine, theirs);
-  std::array<Card, kDeckSize> remaining{};
-  int32_t remainingCount = 0;
-  for (int32_t place = 0; place < kDeckSize; ++place) {
-    if ((boardCards & DeckBit(place)) == 0) remaining[remainingCount++] = DeckCard(place);
-  }
   int64_t wins = 0;
   int64_t ties = 0;
-  if (known == 5) {
-    counter.Count({}, wins, ties);
-  } else if (known == 4) {
-    for (int32_t i = 0; i < remainingCount; ++i) {
-      counter.Count(std::span(&remaining[i], 1), wins, ties);
-      if (progress && !progress(static_cast<double>(i + 1) / remainingCount)) return false;
-    }
-  } else {
-    for (int32_t i = 0; i < remainingCount; ++i) {
-      for (int32_t j = i + 1; j < remainingCount; ++j) {
-        const std::array<Card, 2> coming = {remaining[i], remaining[j]};
-        counter.Count(coming, wins, ties);
-      }
-      // Rows of completions shrink: the share done is the completions counted so far.
-      const int32_t left = remainingCount - 1 - i;
-      const double done =
-          1.0 - static_cast<double>(left) * (left - 1) / (remainingCount * (remainingCount - 1.0));
-      if (progress && !progress(done)) return false;
-    }
-  }
+  const int32_t street = known == 5 ? kRiver : known == 4 ? kTurn : kFlop;
+  const int walked = ForEachComingBoard(
+      boardCards, street, [&](std::span<const Card> coming) { counter.Count(coming, wins, ties); },
+      [&](double done) { return !progress || progress(done); });
+  if (walked < 0) return false;
   tally.wins = static_cast<uint64_t>(wins);
   tally.ties = static_cast<uint64_t>(ties);
   tally.losses = showdowns - tally.wins - tally.ties;
@@ -461,15 +414,13 @@ RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::s
     return result;
   }
   const int32_t known = BoardCardCount(street);
-  uint64_t boardCards = 0;
-  for (int32_t i = 0; i < known; ++i) {
-    if (!IsDeckCard(board[i])) {
-      result.error = "the board holds a card outside the deck";
-      return result;
-    }
-    boardCards |= DeckBit(DeckIndex(board[i]));
+  const KnownCards boardKnown = KnownBoardCards(board, street);
+  const uint64_t boardCards = boardKnown.bits;
+  if (!boardKnown.inDeck) {
+    result.error = "the board holds a card outside the deck";
+    return result;
   }
-  if (std::popcount(boardCards) != known) {
+  if (!boardKnown.distinct) {
     result.error = "the board holds a card twice";
     return result;
   }

@@ -1,67 +1,41 @@
 #include "equity/standard_evaluator.h"
 
 #include <cassert>
-#include <unordered_map>
+#include <span>
+
+#include "equity/embedded_tables.h"
+#include "equity/table_bytes.h"
 
 namespace quillet {
 namespace {
 
-// A multiset of ranks as a base-5 number: digit r - 2 counts rank r (0..4). 5^13 fits in 32 bits.
-constexpr std::array<uint32_t, 13> kDigit = [] {
-  std::array<uint32_t, 13> digits{};
-  uint32_t power = 1;
-  for (auto& digit : digits) {
-    digit = power;
-    power *= 5;
-  }
-  return digits;
-}();
-
-std::array<uint8_t, 13> RankCounts(uint32_t code) {
-  std::array<uint8_t, 13> counts{};
-  for (int i = 0; i < 13; ++i) counts[i] = static_cast<uint8_t>(code / kDigit[i] % 5);
-  return counts;
-}
-
-int RankCount(uint32_t code) {
-  int total = 0;
-  for (uint8_t count : RankCounts(code)) total += count;
-  return total;
+std::span<const uint32_t> TableWords() {
+  const std::span<const unsigned char> bytes = EmbeddedEvaluatorTableBytes();
+  return {reinterpret_cast<const uint32_t*>(bytes.data()), bytes.size() / sizeof(uint32_t)};
 }
 
 }  // namespace
 
 StandardEvaluator::StandardEvaluator() {
-  // States are numbered in the order they are first reached, fewer ranks first, so the states that need
-  // steps (fewer than seven ranks, and the dead state) are exactly those before the first seven-rank one.
-  std::vector<uint32_t> codes = {0, 0};  // the empty state, then the dead state (its code is never read)
-  std::unordered_map<uint32_t, RankState> stateOf = {{0u, kNoRanks}};
-  stateOf.reserve(80000);
-  for (RankState state = 0; state < codes.size(); ++state) {
-    if (state == kDeadRankState) {
-      steps_.insert(steps_.end(), 13, kDeadRankState);
-      continue;
-    }
-    const uint32_t code = codes[state];
-    if (RankCount(code) == 7) break;
-    for (int i = 0; i < 13; ++i) {
-      if (code / kDigit[i] % 5 == 4) {
-        steps_.push_back(kDeadRankState);
-        continue;
-      }
-      const uint32_t next = code + kDigit[i];
-      const auto [it, inserted] = stateOf.try_emplace(next, static_cast<RankState>(codes.size()));
-      if (inserted) codes.push_back(next);
-      steps_.push_back(it->second);
-    }
-  }
-  values_.resize(codes.size());
-  for (RankState state = 0; state < codes.size(); ++state) {
-    values_[state] = state == kDeadRankState ? 0 : EvaluateRanks(RankCounts(codes[state]));
-  }
-  for (uint32_t mask = 0; mask < flushValues_.size(); ++mask) {
-    if (std::popcount(mask) >= 5) flushValues_[mask] = EvaluateFlush(mask);
-  }
+  // The build guarantees the tables (the library does not link without them); they are read in place.
+  const std::span<const uint32_t> words = TableWords();
+  stateCount_ = words[EvaluatorTableLayout::kStateCountWord];
+  steps_ = words.data() + EvaluatorTableLayout::kHeaderWords;
+  values_ = steps_ + words[EvaluatorTableLayout::kStepCountWord];
+  flushValues_ = values_ + stateCount_;
+}
+
+bool StandardEvaluator::TablesIntact() {
+  const std::span<const uint32_t> words = TableWords();
+  if (words.size() < EvaluatorTableLayout::kHeaderWords) return false;
+  if (words[EvaluatorTableLayout::kMagicWord] != EvaluatorTableLayout::kMagic) return false;
+  const std::size_t expected =
+      EvaluatorTableLayout::kHeaderWords + words[EvaluatorTableLayout::kStepCountWord] +
+      words[EvaluatorTableLayout::kStateCountWord] + EvaluatorTableLayout::kFlushMasks;
+  if (words.size() != expected) return false;
+  const auto payload = std::as_bytes(words.subspan(EvaluatorTableLayout::kHeaderWords));
+  return Crc32({reinterpret_cast<const unsigned char*>(payload.data()), payload.size()}) ==
+         words[EvaluatorTableLayout::kCrcWord];
 }
 
 const StandardEvaluator& StandardEvaluator::Get() {

@@ -1,6 +1,8 @@
 // The fast reader of hands under the standard rules: the same HandValue as EvaluateCards
-// (hand_evaluator.h) for any five to seven cards, read from two tables built once from that evaluator's
-// own rule functions, so the rule lives in one place and EvaluateCards stays as the step-by-step reference.
+// (hand_evaluator.h) for any five to seven cards, read from tables made from that evaluator's own rule
+// functions, so the rule lives in one place and EvaluateCards stays as the step-by-step reference. The
+// build makes the tables (tools/evaluator_table_generator.cpp) and the library carries them in its
+// read-only data; they are read in place, nothing is built or copied when a program starts.
 //
 // A hand splits into its ranks and its suits:
 // - Without a flush the value depends only on the multiset of ranks. The multisets of up to seven ranks
@@ -16,10 +18,10 @@
 //                 0 and every step from it leads back to it
 #pragma once
 
-#include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <span>
 
 #include "cards/card.h"
 #include "equity/hand_evaluator.h"
@@ -28,10 +30,28 @@ namespace quillet {
 
 using RankState = uint32_t;
 
+// The table image, 32-bit words in the build machine's byte order: a header of four words (magic "QEVL",
+// the number of states, the number of step entries, the CRC-32 of the rest), then the steps
+// ([state x 13 + rank - 2] for the states of fewer than seven ranks), the values by state and the flush
+// values by 13-bit rank mask.
+struct EvaluatorTableLayout {
+  static constexpr uint32_t kMagic = 0x4C564551;  // "QEVL"
+  static constexpr std::size_t kMagicWord = 0;
+  static constexpr std::size_t kStateCountWord = 1;
+  static constexpr std::size_t kStepCountWord = 2;
+  static constexpr std::size_t kCrcWord = 3;
+  static constexpr std::size_t kHeaderWords = 4;
+  static constexpr std::size_t kFlushMasks = 8192;
+};
+
 class StandardEvaluator {
  public:
-  // The program's one evaluator, built on first use (a few milliseconds, about 1.7 MB).
+  // The program's one evaluator, over the tables built into it (about 1.7 MB).
   static const StandardEvaluator& Get();
+
+  // Whether the built-in tables are whole: their header fits their size and the CRC-32 of their words
+  // matches the header's. Checked by the tests and by "quillet-cli tables info", not at every start.
+  static bool TablesIntact();
 
   // The state of no cards.
   static constexpr RankState kNoRanks = 0;
@@ -51,14 +71,15 @@ class StandardEvaluator {
   HandValue Evaluate(CardSet cards) const;
 
   // How many states the graph has (every multiset of up to seven ranks, plus the dead state).
-  std::size_t StateCount() const { return values_.size(); }
+  std::size_t StateCount() const { return stateCount_; }
 
  private:
   StandardEvaluator();
 
-  std::vector<RankState> steps_;   // [state x 13 + rank - 2], for the states of fewer than seven ranks
-  std::vector<HandValue> values_;  // [state]
-  std::array<HandValue, 8192> flushValues_{};
+  const RankState* steps_ = nullptr;   // [state x 13 + rank - 2], for the states of fewer than seven ranks
+  const HandValue* values_ = nullptr;  // [state]
+  const HandValue* flushValues_ = nullptr;  // [13-bit rank mask]
+  std::size_t stateCount_ = 0;
 };
 
 // EvaluateCards through the fast reader.

@@ -3,40 +3,17 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <optional>
 #include <string>
 
 namespace quillet {
 namespace {
-
-constexpr std::array<uint32_t, 256> kCrcTable = [] {
-  std::array<uint32_t, 256> table{};
-  for (uint32_t n = 0; n < 256; ++n) {
-    uint32_t c = n;
-    for (int k = 0; k < 8; ++k) c = (c & 1) ? 0xEDB88320u ^ (c >> 1) : c >> 1;
-    table[n] = c;
-  }
-  return table;
-}();
-
-uint32_t ReadU32(const unsigned char* p) {
-  return uint32_t{p[0]} | uint32_t{p[1]} << 8 | uint32_t{p[2]} << 16 | uint32_t{p[3]} << 24;
-}
-
-void WriteU32(std::vector<unsigned char>& out, uint32_t v) {
-  for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<unsigned char>(v >> shift));
-}
 
 TablesOrError Fail(const std::string& why) {
   return {std::nullopt, "The preflop table is damaged: " + why};
 }
 
 }  // namespace
-
-uint32_t Crc32(std::span<const unsigned char> bytes) {
-  uint32_t c = 0xFFFFFFFFu;
-  for (unsigned char b : bytes) c = kCrcTable[(c ^ b) & 0xFF] ^ (c >> 8);
-  return c ^ 0xFFFFFFFFu;
-}
 
 std::vector<unsigned char> SerializeTables(const LookupTables& tables) {
   const std::size_t n = tables.keys.size();
@@ -53,7 +30,10 @@ std::vector<unsigned char> SerializeTables(const LookupTables& tables) {
   return out;
 }
 
-TablesOrError ParseTables(std::span<const unsigned char> bytes) {
+namespace {
+
+// The header's checks (size, magic, version, length): the reason the first one fails, or nothing.
+std::optional<TablesOrError> CheckHeader(std::span<const unsigned char> bytes) {
   if (bytes.size() < kTableHeaderSize) {
     return Fail("it is " + std::to_string(bytes.size()) + " bytes long, shorter than its header");
   }
@@ -71,23 +51,39 @@ TablesOrError ParseTables(std::span<const unsigned char> bytes) {
     return Fail("it holds " + std::to_string(bytes.size()) + " bytes where " + std::to_string(count) +
                 " entries take " + std::to_string(expected));
   }
+  return std::nullopt;
+}
+
+}  // namespace
+
+TablesOrError ParseTables(std::span<const unsigned char> bytes) {
+  if (std::optional<TablesOrError> failed = CheckHeader(bytes)) return std::move(*failed);
+  const uint64_t count = ReadU32(bytes.data() + 12);
   const auto payload = bytes.subspan(kTableHeaderSize);
   if (Crc32(payload) != ReadU32(bytes.data() + 16)) return Fail("its checksum does not match its contents");
 
-  LookupTables tables;
-  tables.keys.resize(count);
-  tables.values.resize(count);
+  std::vector<int32_t> keys(count);
+  std::vector<float> values(count);
   for (std::size_t i = 0; i < count; ++i) {
-    tables.keys[i] = static_cast<int32_t>(ReadU32(payload.data() + 4 * i));
-    tables.values[i] = std::bit_cast<float>(ReadU32(payload.data() + 4 * (count + i)));
-    if (i > 0 && tables.keys[i] <= tables.keys[i - 1]) {
+    keys[i] = static_cast<int32_t>(ReadU32(payload.data() + 4 * i));
+    values[i] = std::bit_cast<float>(ReadU32(payload.data() + 4 * (count + i)));
+    if (i > 0 && keys[i] <= keys[i - 1]) {
       return Fail("its keys are not in ascending order at entry " + std::to_string(i));
     }
-    if (!(tables.values[i] >= 0.0f && tables.values[i] <= 100.0f)) {
+    if (!(values[i] >= 0.0f && values[i] <= 100.0f)) {
       return Fail("entry " + std::to_string(i) + " holds an equity outside 0..100");
     }
   }
-  return {std::move(tables), {}};
+  return {LookupTables(std::move(keys), std::move(values)), {}};
+}
+
+TablesOrError ReadTablesInPlace(std::span<const unsigned char> bytes) {
+  static_assert(std::endian::native == std::endian::little, "the table's numbers are read in place");
+  if (std::optional<TablesOrError> failed = CheckHeader(bytes)) return std::move(*failed);
+  const std::size_t count = ReadU32(bytes.data() + 12);
+  const auto* keys = reinterpret_cast<const int32_t*>(bytes.data() + kTableHeaderSize);
+  const auto* values = reinterpret_cast<const float*>(bytes.data() + kTableHeaderSize + 4 * count);
+  return {LookupTables::InPlace({keys, count}, {values, count}), {}};
 }
 
 }  // namespace quillet

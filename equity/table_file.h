@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "equity/lookup_tables.h"
+#include "equity/table_bytes.h"
 
 namespace quillet {
 
@@ -24,13 +25,14 @@ inline constexpr std::string_view kTableMagic = "QPREFLOP";
 inline constexpr uint32_t kTableFormatVersion = 1;
 inline constexpr std::size_t kTableHeaderSize = 20;
 
-uint32_t Crc32(std::span<const unsigned char> bytes);
-
 // The file image of the tables (the caller keeps keys sorted and unique; ParseTables checks it).
 std::vector<unsigned char> SerializeTables(const LookupTables& tables);
 
 // Reads a file image, checking magic, version, size, checksum, key order and value range; the error
 // names the first check that failed.
 TablesOrError ParseTables(std::span<const unsigned char> bytes);
+// The same image read in place (it must outlive the tables, 4-byte aligned): only the header is checked
+// (magic, version, size); the checksum and the entries are ParseTables's to check.
+TablesOrError ReadTablesInPlace(std::span<const unsigned char> bytes);
 
 }  // namespace quillet

@@ -23,10 +23,6 @@ char SuitChar(int32_t suit) {
   return suit >= 0 && suit <= 3 ? kSuitText[suit] : '?';
 }
 
-bool IsHandCard(int32_t rank, int32_t suit) {
-  return rank >= 2 && rank <= 14 && suit >= 0 && suit <= 3;
-}
-
 std::string CategoryKey(int i) {
   return std::to_string(i) + "k";
 }
@@ -103,9 +99,7 @@ class TreeBuilder {
   // One enumeration over the holdings the cook classified, read by every category and group node.
   void CountCategoryEquities() {
     if (!options_.categoryEquity || cards_.street == kNoBoard) return;
-    if (!IsHandCard(cards_.hand.rank1, cards_.hand.suit1) ||
-        !IsHandCard(cards_.hand.rank2, cards_.hand.suit2))
-      return;
+    if (!IsDeckCard(cards_.hand.card1()) || !IsDeckCard(cards_.hand.card2())) return;
     showdowns_.emplace(cards_.hand, cards_.board, cards_.street, CategorisedHoldings(categories_),
                        options_.showdownRules);
     out_.categoryEquities = CategoryEquities(categories_, *showdowns_);
@@ -309,7 +303,7 @@ int AddResultNode(ResultsTree& tree, std::string& exportText, int level, std::st
 WinTieLose WinTieLoseIcon(bool winLoseOn, const HandCards& myHand, const HandCombo& combo,
                           const BoardCards& board, int32_t street, ShowdownRules rules) {
   if (!winLoseOn || street == kNoBoard) return {};
-  if (!IsHandCard(myHand.rank1, myHand.suit1) || !IsHandCard(myHand.rank2, myHand.suit2)) return {};
+  if (!IsDeckCard(myHand.card1()) || !IsDeckCard(myHand.card2())) return {};
   const ShowdownResult result = rules == ShowdownRules::Standard
                                     ? CompareStandardShowdown(myHand, combo, board, street)
                                     : ComparePartialBoardShowdown(myHand, combo, board, street);

@@ -5,8 +5,8 @@
 #include "cards/holding.h"
 #include "cards/showdown_key.h"
 #include "categorise/categories.h"
-#include "equity/board_record.h"
 #include "equity/engine.h"
+#include "equity/enumeration.h"
 #include "equity/equity_display.h"
 #include "equity/standard_equity.h"
 #include "results/build_results_tree.h"
@@ -21,39 +21,21 @@ std::span<const HandCombo> OwnHoldings(const CategoryNode& node) {
   return {node.combos.data(), own};
 }
 
-// The program's rules on the river: the board as it stands, decided by the showdown keys the engine
-// compares.
-void CountRiver(const HandCards& myHand, const BoardCards& board, std::span<const HandCombo> holdings,
-                std::span<ShowdownCounts> counts) {
-  const HandCombo mine{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2};
-  const ShowdownKey myKey = StreetShowdownKey(mine, board, kRiver);
-  for (std::size_t k = 0; k < holdings.size(); ++k) {
-    const ShowdownKey key = StreetShowdownKey(holdings[k], board, kRiver);
-    counts[k] = {1, myKey > key ? 1 : 0, myKey < key ? 1 : 0, myKey == key ? 1 : 0};
-  }
-}
-
-bool SharesCard(const HandCombo& holding, Card card) {
-  return holding.card1() == card || holding.card2() == card;
-}
-
 }  // namespace
 
 HoldingShowdowns::HoldingShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
                                    std::span<const HandCombo> holdings, ShowdownRules rules)
     : rules_(rules), byNumber_(kHoldingCount) {
   if (street != kFlop && street != kTurn && street != kRiver) return;
-  const int known = BoardCardCount(street);
   // Each holding once, flag set, and none that shares a card with My Hand or the board.
+  const uint64_t deadCards = KnownCardsWithHand(myHand, board, street).bits;
   std::vector<HandCombo> live;
   live.reserve(holdings.size());
   std::vector<bool> listed(kHoldingCount, false);
   for (HandCombo holding : holdings) {
-    if (!IsHolding(holding.card1(), holding.card2())) continue;
-    bool dead = SharesCard(holding, myHand.card1()) || SharesCard(holding, myHand.card2());
-    for (int i = 0; i < known; ++i) dead = dead || SharesCard(holding, board[i]);
+    if (!IsLiveHolding(holding.card1(), holding.card2(), deadCards)) continue;
     const int32_t number = HoldingNumber(holding.card1(), holding.card2());
-    if (dead || listed[number]) continue;
+    if (listed[number]) continue;
     listed[number] = true;
     holding.flag = true;
     live.push_back(holding);
@@ -68,11 +50,7 @@ HoldingShowdowns::HoldingShowdowns(const HandCards& myHand, const BoardCards& bo
     return;
   }
   std::vector<ShowdownCounts> counts(live.size());
-  if (street == kRiver) {
-    CountRiver(myHand, board, live, counts);
-  } else {
-    CountShowdownsByHolding(myHand, board, street, live, counts);
-  }
+  CountShowdownsByHolding(myHand, board, street, live, counts);
   for (std::size_t k = 0; k < live.size(); ++k) {
     const ShowdownCounts& c = counts[k];
     byNumber_[HoldingNumber(live[k].card1(), live[k].card2())] = {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +11,7 @@
 #include "equity/board_record.h"
 #include "tests/support/card_text.h"
 #include "tests/support/reference_showdown.h"
+#include "tests/support/test_seed.h"
 
 namespace quillet {
 namespace {
@@ -188,6 +191,54 @@ TEST(TurnEnumeration, TheKeyPathCountsExactlyWhatTheReferenceComparatorCountsFor
       const std::vector<HandCombo> range = LiveHoldings(hand, board, kTurn);
       EXPECT_EQ(CountShowdowns(hand, board, kTurn, range), ReferenceCounts(hand, board, kTurn, range));
     }
+  }
+}
+
+TEST(Enumeration, RandomHandsBoardsAndRangesCountExactlyWhatTheReferenceComparatorCounts) {
+  // Random My Hands, flops and turns (a third of them with three or more cards of one suit) and random
+  // ranges, some holdings listed twice or with the flag cleared; each holding counted by rank pattern and
+  // flush correction must meet the same showdowns the written rules decide.
+  std::mt19937_64 rng(testing::TestSeed(2811));
+  for (int round = 0; round < 24; ++round) {
+    std::vector<Card> deck;
+    for (int32_t index = 0; index < 52; ++index) deck.push_back(DeckCard(index));
+    std::shuffle(deck.begin(), deck.end(), rng);
+    if (round % 3 == 0) {
+      // Move cards of one suit to the board's places.
+      const int32_t suit = static_cast<int32_t>(rng() % 4);
+      std::stable_partition(deck.begin() + 2, deck.end(), [&](Card card) { return card.suit == suit; });
+    }
+    const int32_t street = round % 2 == 0 ? kFlop : kTurn;
+    const HandCards hand{1, deck[0].rank, deck[0].suit, deck[1].rank, deck[1].suit};
+    BoardCards board;
+    for (int i = 0; i < 5; ++i) board[i] = i < BoardCardCount(street) ? deck[2 + i] : Card{};
+    std::vector<HandCombo> range;
+    for (const HandCombo& combo : LiveHoldings(hand, board, street)) {
+      const uint64_t draw = rng() % 16;
+      if (draw < 2) range.push_back(combo);
+      if (draw == 2) {
+        range.push_back(combo);
+        range.push_back(combo);
+      }
+      if (draw == 3) {
+        HandCombo off = combo;
+        off.flag = false;
+        range.push_back(off);
+      }
+    }
+    SCOPED_TRACE("round " + std::to_string(round));
+    const ShowdownCounts counts = CountShowdowns(hand, board, street, range);
+    EXPECT_EQ(counts, ReferenceCounts(hand, board, street, range));
+    std::vector<ShowdownCounts> byHolding(range.size());
+    CountShowdownsByHolding(hand, board, street, range, byHolding);
+    ShowdownCounts sum;
+    for (const ShowdownCounts& c : byHolding) {
+      sum.total += c.total;
+      sum.myWins += c.myWins;
+      sum.oppWins += c.oppWins;
+      sum.ties += c.ties;
+    }
+    EXPECT_EQ(sum, counts);
   }
 }
 

@@ -116,7 +116,7 @@ TEST(CountShowdownsByHolding, AFlopHoldingMeetsNineHundredNinetyCompletionsAndTh
   EXPECT_EQ(counts[0], expected);
 }
 
-TEST(CountShowdownsByHolding, HoldingsThatTakeNoPartGetZeroAndOtherStreetsCountNothing) {
+TEST(CountShowdownsByHolding, HoldingsThatTakeNoPartGetZeroAndPreflopCountsNothing) {
   HandCombo flaggedOff = Holding("KcKs");
   flaggedOff.flag = false;
   const std::vector<HandCombo> holdings{flaggedOff, HandCombo{true, 15, 0, 2, 1}, Holding("QcQd")};
@@ -124,9 +124,26 @@ TEST(CountShowdownsByHolding, HoldingsThatTakeNoPartGetZeroAndOtherStreetsCountN
   EXPECT_EQ(counts[0], ShowdownCounts{});
   EXPECT_EQ(counts[1], ShowdownCounts{});
   EXPECT_EQ(counts[2].total, 990);
-  for (int32_t street : {kNoBoard, kRiver}) {
-    const std::vector<ShowdownCounts> none = ByHolding(Hand("AhKd"), Board("Tc8h3s2d4c"), street, holdings);
-    EXPECT_EQ(Sum(none), ShowdownCounts{}) << street;
+  const std::vector<ShowdownCounts> none = ByHolding(Hand("AhKd"), Board("Tc8h3s2d4c"), kNoBoard, holdings);
+  EXPECT_EQ(Sum(none), ShowdownCounts{});
+}
+
+TEST(CountShowdownsByHolding, OnTheRiverEachLiveHoldingMeetsTheBoardOnceAndTheReferenceDecidesIt) {
+  for (const auto& [handText, boardText] :
+       {std::pair{"AhKd", "Tc8h3s2d4c"}, std::pair{"7s6s", "Ks9s2s5s4h"}, std::pair{"QcJc", "Tc9c3c3d3h"},
+        std::pair{"AhKd", "2h5h9hJhQh"}}) {
+    const HandCards hand = Hand(handText);
+    const BoardCards board = Board(boardText);
+    const std::vector<HandCombo> range = LiveAndSomeDead(hand, board, kRiver);
+    const std::vector<ShowdownCounts> counts = ByHolding(hand, board, kRiver, range);
+    const std::size_t live = kHoldingCount - 7 * 51 + 21;  // the holdings without a card of the seven
+    for (std::size_t k = 0; k < live; ++k) {
+      const ShowdownResult result =
+          testing::CompareShowdown(hand, range[k], testing::MakeBoardRecord(board, kRiver));
+      const ShowdownCounts expected{1, result.myWin ? 1 : 0, result.oppWin ? 1 : 0,
+                                    !result.myWin && !result.oppWin ? 1 : 0};
+      EXPECT_EQ(counts[k], expected) << handText << " " << boardText << " holding " << k;
+    }
   }
 }
 

@@ -96,7 +96,7 @@ TEST(HandEvaluator, EveryFiveCardHandFallsIntoTheKnownCountOfEachOfTheTenCategor
             const std::array<Card, 5> hand = {DeckCard(a), DeckCard(b), DeckCard(c), DeckCard(d),
                                               DeckCard(e)};
             const HandValue v = EvaluateCards(hand);
-            const bool royal = HandCategoryOf(v) == kStraightFlush && HandTopRank(v) == 14;
+            const bool royal = HandCategoryOf(v) == kMadeStraightFlush && HandTopRank(v) == 14;
             ++counts[royal ? 9 : static_cast<int>(HandCategoryOf(v))];
             if (!seen[v]) seen[v] = true, ++distinct;
             if (v != PlainFiveCardValue(hand)) ++disagreements;
@@ -135,17 +135,17 @@ TEST(HandEvaluator, SevenCardHandsAreValuedAsTheBestOfTheirTwentyOneFiveCardHand
 }
 
 TEST(HandEvaluator, TheAcePlaysLowOnlyInTheFiveHighStraight) {
-  EXPECT_EQ(HandCategoryOf(Eval({"Ah", "2c", "3d", "4s", "5h"})), kStraight);
+  EXPECT_EQ(HandCategoryOf(Eval({"Ah", "2c", "3d", "4s", "5h"})), kMadeStraight);
   EXPECT_EQ(HandTopRank(Eval({"Ah", "2c", "3d", "4s", "5h"})), 5);
   EXPECT_LT(Eval({"Ah", "2c", "3d", "4s", "5h"}), Eval({"6h", "2c", "3d", "4s", "5h"}));
-  EXPECT_EQ(HandCategoryOf(Eval({"Qh", "Kc", "Ad", "2s", "3h"})), kHighCard);  // no wrap-around
+  EXPECT_EQ(HandCategoryOf(Eval({"Qh", "Kc", "Ad", "2s", "3h"})), kMadeHighCard);  // no wrap-around
 }
 
 TEST(HandEvaluator, AnySixOrSevenCardsOfOneSuitMakeAFlushOfTheBestFive) {
   const HandValue six = Eval({"Ah", "Jh", "9h", "7h", "4h", "2h", "Kc"});
-  EXPECT_EQ(HandCategoryOf(six), kFlush);
+  EXPECT_EQ(HandCategoryOf(six), kMadeFlush);
   EXPECT_EQ(six, Eval({"Ah", "Jh", "9h", "7h", "4h"}));
-  EXPECT_EQ(HandCategoryOf(Eval({"Ah", "Jh", "9h", "7h", "4h", "2h", "3h"})), kFlush);
+  EXPECT_EQ(HandCategoryOf(Eval({"Ah", "Jh", "9h", "7h", "4h", "2h", "3h"})), kMadeFlush);
 }
 
 TEST(HandEvaluator, KickersComeFromAllSevenCards) {
@@ -161,7 +161,7 @@ TEST(HandEvaluator, KickersComeFromAllSevenCards) {
 
 TEST(HandEvaluator, TwoTripsMakeAFullHouseOfTheHigherTripsOverThePairOfTheLower) {
   const HandValue v = Eval({"9c", "9d", "9h", "5s", "5c", "5d", "Ah"});
-  EXPECT_EQ(HandCategoryOf(v), kFullHouse);
+  EXPECT_EQ(HandCategoryOf(v), kMadeFullHouse);
   EXPECT_EQ(v, Eval({"9c", "9d", "9h", "5s", "5c"}));
 }
 
@@ -172,7 +172,7 @@ TEST(HandEvaluator, QuadsTakeTheHighestOtherCardAsKicker) {
 TEST(HandEvaluator, AStraightFlushBeatsQuadsAndTheRoyalIsTheBestHand) {
   const HandValue royal = Eval({"Ts", "Js", "Qs", "Ks", "As", "2c", "2d"});
   const HandValue wheelFlush = Eval({"As", "2s", "3s", "4s", "5s", "Ac", "Ad"});
-  EXPECT_EQ(HandCategoryOf(wheelFlush), kStraightFlush);
+  EXPECT_EQ(HandCategoryOf(wheelFlush), kMadeStraightFlush);
   EXPECT_EQ(HandTopRank(wheelFlush), 5);
   EXPECT_GT(wheelFlush, Eval({"Ac", "Ad", "Ah", "As", "Kc"}));
   EXPECT_GT(royal, Eval({"9s", "Ts", "Js", "Qs", "Ks"}));

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "equity/deck.h"
+#include "equity/embedded_tables.h"
 #include "equity/matchup_key.h"
+#include "equity/table_file.h"
 
 namespace quillet {
 namespace {
@@ -66,6 +68,29 @@ TEST(FindKey, ComparesKeysAsSignedNumbers) {
   EXPECT_EQ(FindKey(t, -1).index, 1);
   EXPECT_TRUE(FindKey(t, INT32_MAX).found);
   EXPECT_EQ(FindKey(t, INT32_MAX).index, 3);
+}
+
+TEST(ProgramTables, AreReadInPlaceAndTheFullCheckOfTheBuiltInTableFindsThemWhole) {
+  // At start only the header is checked; LoadTables checks the checksum, the key order and the values.
+  const TablesOrError checked = LoadTables();
+  ASSERT_TRUE(checked.ok()) << checked.error;
+  const LookupTables& inPlace = *ProgramTables().tables;
+  EXPECT_EQ(static_cast<const void*>(inPlace.keys.data()),
+            static_cast<const void*>(EmbeddedTableBytes().data() + kTableHeaderSize));
+  ASSERT_EQ(inPlace.size(), checked.tables->size());
+  EXPECT_TRUE(std::equal(inPlace.keys.begin(), inPlace.keys.end(), checked.tables->keys.begin()));
+  EXPECT_TRUE(std::equal(inPlace.values.begin(), inPlace.values.end(), checked.tables->values.begin()));
+}
+
+TEST(LookupTables, ACopyHoldsItsOwnEntries) {
+  LookupTables copy;
+  {
+    const LookupTables original = SmallTable();
+    copy = original;
+    EXPECT_NE(copy.keys.data(), original.keys.data());
+  }
+  EXPECT_EQ(FindKey(copy, 250).index, 3);
+  EXPECT_EQ(copy.values[3], 4.0f);
 }
 
 TEST(ProgramTables, LoadWithoutErrorAndHoldAscendingKeys) {

@@ -46,6 +46,20 @@ std::vector<HandCombo> AllHoldings() {
   return all;
 }
 
+TEST(ProgramPreflopClassTable, IsTheBuiltInTableThatTheFullCheckFindsWhole) {
+  // At start the checksum and the costly checks are left out; the full check runs here.
+  const PreflopClassTableOrError checked = LoadPreflopClassTable();
+  ASSERT_TRUE(checked.ok()) << checked.error;
+  const PreflopClassTableOrError& program = ProgramPreflopClassTable();
+  ASSERT_TRUE(program.ok()) << program.error;
+  EXPECT_EQ(program.table->Records(), checked.table->Records());
+  for (int32_t a = 0; a < kHoldingCount; a += 7) {
+    for (int32_t b = 0; b < kHoldingCount; b += 5) {
+      ASSERT_EQ(program.table->Matchup(a, b), checked.table->Matchup(a, b)) << a << " v " << b;
+    }
+  }
+}
+
 TEST(HoldingNumber, NumbersTheHoldingsZeroToThirteenTwentyFiveEitherWayRound) {
   std::vector<bool> seen(kHoldingCount, false);
   for (int32_t x = 0; x < 52; ++x) {

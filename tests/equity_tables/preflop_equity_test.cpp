@@ -36,9 +36,10 @@ int32_t SwappedKey(const HandCards& h, const HandCombo& c) {
 // A hand-made table of (key, value) pairs, sorted here.
 LookupTables Table(std::vector<std::pair<int32_t, float>> entries) {
   std::sort(entries.begin(), entries.end());
-  LookupTables t;
-  for (auto [k, v] : entries) t.keys.push_back(k), t.values.push_back(v);
-  return t;
+  std::vector<int32_t> keys;
+  std::vector<float> values;
+  for (auto [k, v] : entries) keys.push_back(k), values.push_back(v);
+  return {std::move(keys), std::move(values)};
 }
 
 struct Messages {

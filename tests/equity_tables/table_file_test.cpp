@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -51,8 +52,9 @@ TEST(TableFile, ReadsBackWhatItWrote) {
   const Bytes b = SerializeTables(Sample());
   const TablesOrError read = ParseTables(AsSpan(b));
   ASSERT_TRUE(read.ok()) << read.error;
-  EXPECT_EQ(read.tables->keys, Sample().keys);
-  EXPECT_EQ(read.tables->values, Sample().values);
+  const LookupTables sample = Sample();
+  EXPECT_TRUE(std::ranges::equal(read.tables->keys, sample.keys));
+  EXPECT_TRUE(std::ranges::equal(read.tables->values, sample.values));
 }
 
 TEST(TableFile, AnEmptyTableIsWellFormed) {

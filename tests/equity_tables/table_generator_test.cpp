@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "equity/preflop_table_generator.h"
 #include "tests/equity_tables/reference_equity.h"
 #include "tests/support/card_text.h"
-#include "tools/preflop_table_generator.h"
 
 namespace quillet {
 namespace {

@@ -17,6 +17,7 @@
 #include "range/player_profile.h"
 #include "range/range_notation.h"
 #include "tests/support/recording_services.h"
+#include "tests/support/tree_nodes.h"
 
 namespace quillet {
 namespace {
@@ -218,13 +219,7 @@ TEST(MyHandRange, ARangeThatTheBoardKillsShowsMinusOneAndSaysWhy) {
       "No showdowns: every holding of My Hand's range shares a card with every holding of the opponent's");
 }
 
-// The node of one holding in a cook's tree without Simplify Output ("Td Th", maybe with " *").
-const ResultNode* HoldingNode(const ResultsTree& tree, const std::string& text) {
-  for (const ResultNode& node : tree.nodes) {
-    if (node.text.rfind(text, 0) == 0) return &node;
-  }
-  return nullptr;
-}
+using testing::HoldingNode;
 
 TEST(MyHandRange, TheCookClassifiesTheOpponentsRangeOnTheBoardAloneWithoutIcons) {
   RangeWindow w;

@@ -13,6 +13,7 @@
 #include "range/player_profile.h"
 #include "tests/support/generic_profile_window.h"
 #include "tests/support/recording_services.h"
+#include "tests/support/tree_nodes.h"
 
 namespace quillet {
 namespace {
@@ -122,13 +123,7 @@ TEST(StandardRulesEquity, TheCooksAutomaticEquityFollowsTheRules) {
   EXPECT_EQ(w.my(), "88.1%");
 }
 
-// The node of one holding in a cook's tree without Simplify Output ("Js Tc", maybe with " *").
-const ResultNode* HoldingNode(const ResultsTree& tree, const std::string& text) {
-  for (const ResultNode& node : tree.nodes) {
-    if (node.text.rfind(text, 0) == 0) return &node;
-  }
-  return nullptr;
-}
+using testing::HoldingNode;
 
 TEST(StandardRulesEquity, TheIconsMarkTheNutFlushAsBeatingAJackHighFlush) {
   for (const bool standard : {false, true}) {

@@ -6,6 +6,7 @@
 #include "tests/storage/file_size_limit.h"
 #include "tests/storage/memory_budget.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/le_bytes.h"
 #include "tests/support/model_in_folder.h"
 #include "tests/support/recording_services.h"
 
@@ -17,11 +18,7 @@ using testing::Profile;
 using testing::ReadBytes;
 using testing::WriteBytes;
 
-std::string Le32(int32_t v) {
-  std::string out;
-  for (int k = 0; k < 4; ++k) out.push_back(static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF));
-  return out;
-}
+using testing::Le32;
 
 using ProfilesModel = testing::ModelInFolderTest;
 

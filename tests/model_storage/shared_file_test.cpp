@@ -15,6 +15,7 @@
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
 #include "tests/storage/temp_folder.h"
+#include "tests/support/le_bytes.h"
 #include "tests/support/model_in_folder.h"
 
 namespace quillet {
@@ -215,11 +216,7 @@ TEST_F(SharedProfileFile, TheQuestionNamesTheProgramThatHoldsTheLock) {
       << services.retryQuestions[0].text;
 }
 
-std::string Le32(int32_t v) {
-  std::string out;
-  for (int k = 0; k < 4; ++k) out.push_back(static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF));
-  return out;
-}
+using testing::Le32;
 
 TEST_F(SharedProfileFile, AFileOfAnotherVersionIsKeptByteForByteAsBadBeforeItIsOverwritten) {
   // One flipped bit in the version of a real file.

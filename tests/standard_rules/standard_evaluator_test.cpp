@@ -5,9 +5,13 @@
 #include <array>
 #include <bit>
 #include <random>
+#include <span>
+#include <vector>
 
 #include "equity/deck.h"
+#include "equity/embedded_tables.h"
 #include "equity/hand_evaluator.h"
+#include "equity/table_bytes.h"
 
 namespace quillet {
 namespace {
@@ -18,7 +22,7 @@ CardSet DeckCardSet(int index) {
 
 // The category as counted for seven-card hands, royal flushes apart in the tenth.
 int CountedCategory(HandValue value) {
-  const bool royal = HandCategoryOf(value) == kStraightFlush && HandTopRank(value) == 14;
+  const bool royal = HandCategoryOf(value) == kMadeStraightFlush && HandTopRank(value) == 14;
   return royal ? 9 : static_cast<int>(HandCategoryOf(value));
 }
 
@@ -26,6 +30,17 @@ TEST(StandardEvaluator, TheRankGraphHoldsEveryMultisetOfUpToSevenRanksOnceAndThe
   // Multisets of n ranks out of 13 with at most four of each, for n = 0..7:
   // 1 + 13 + 91 + 455 + 1820 + 6175 + 18395 + 49205.
   EXPECT_EQ(StandardEvaluator::Get().StateCount(), 1u + 13 + 91 + 455 + 1820 + 6175 + 18395 + 49205 + 1);
+}
+
+TEST(StandardEvaluator, TheBuiltInTablesAreWholeAndTheirChecksumMatches) {
+  EXPECT_TRUE(StandardEvaluator::TablesIntact());
+  const std::span<const unsigned char> bytes = EmbeddedEvaluatorTableBytes();
+  ASSERT_GT(bytes.size(), EvaluatorTableLayout::kHeaderWords * 4);
+  // The checksum covers every table word: a table image with one byte changed no longer matches it.
+  std::vector<unsigned char> copy(bytes.begin(), bytes.end());
+  const uint32_t stored = Crc32(std::span(copy).subspan(EvaluatorTableLayout::kHeaderWords * 4));
+  copy[copy.size() / 2] ^= 1;
+  EXPECT_NE(Crc32(std::span(copy).subspan(EvaluatorTableLayout::kHeaderWords * 4)), stored);
 }
 
 TEST(StandardEvaluator, AFifthCardOfOneRankLeadsToTheDeadStateAndStaysThere) {
@@ -145,8 +160,8 @@ TEST(StandardEvaluator, EverySevenCardHandFallsIntoTheKnownCountOfEachCategory) 
 TEST(StandardEvaluator, FlushValuesNeedFiveCardsOfTheSuit) {
   const StandardEvaluator& evaluator = StandardEvaluator::Get();
   EXPECT_EQ(evaluator.FlushValue(0b1011001000000), 0u);  // four cards
-  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1011001000001)), kFlush);
-  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1000000001111)), kStraightFlush);  // A2345
+  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1011001000001)), kMadeFlush);
+  EXPECT_EQ(HandCategoryOf(evaluator.FlushValue(0b1000000001111)), kMadeStraightFlush);  // A2345
 }
 
 }  // namespace

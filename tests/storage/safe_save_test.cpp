@@ -19,6 +19,7 @@
 #include "tests/storage/memory_budget.h"
 #include "tests/storage/temp_folder.h"
 #include "tests/support/killed_save.h"
+#include "tests/support/le_bytes.h"
 
 namespace quillet {
 namespace {
@@ -198,12 +199,7 @@ TEST(SaveMessages, AFolderThatCannotBeMadeIsNamedWithTheReason) {
   EXPECT_TRUE(fs::is_directory(dir / "new" / "quillet"));
 }
 
-// A file of `size` bytes that takes no room on the disk, starting with `head`.
-std::string Le32(int32_t v) {
-  std::string out;
-  for (int k = 0; k < 4; ++k) out.push_back(static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF));
-  return out;
-}
+using testing::Le32;
 
 // Reads the file in a child whose address space may grow by `budgetBytes`; true when the child got through
 // and the file came back as `expected`, unread.

@@ -1,4 +1,4 @@
-#include "tools/preflop_table_generator.h"
+#include "equity/preflop_table_generator.h"
 
 #include <algorithm>
 #include <array>
@@ -42,12 +42,12 @@ constexpr int32_t MultisetTerm(int32_t rankIndex, int position) {
   return kBinomial[rankIndex + position][position + 1];
 }
 
-constexpr int RankPairIndex(int32_t i, int32_t j) {
+constexpr int TrianglePairIndex(int32_t i, int32_t j) {
   return i <= j ? j * (j + 1) / 2 + i : i * (i + 1) / 2 + j;
 }
 
 // Five board ranks with repetition, as their multiset index and as ranks with how often each occurs.
-struct BoardRanks {
+struct FiveBoardRanks {
   int32_t index = 0;
   int32_t groups = 0;
   std::array<uint8_t, 5> rank{};
@@ -55,9 +55,9 @@ struct BoardRanks {
 };
 
 struct FastTables {
-  std::vector<uint16_t> nonFlush;      // [rank pair][board rank multiset]
-  std::vector<uint16_t> flush;         // [13-bit rank mask of one suit], five or more ranks
-  std::vector<BoardRanks> boardRanks;  // every multiset of five ranks no rank more than four times
+  std::vector<uint16_t> nonFlush;          // [rank pair][board rank multiset]
+  std::vector<uint16_t> flush;             // [13-bit rank mask of one suit], five or more ranks
+  std::vector<FiveBoardRanks> boardRanks;  // every multiset of five ranks no rank more than four times
   std::array<std::vector<uint16_t>, 6> suitSubsets;  // [k]: the 13-bit rank masks of k ranks
   // [n], n = 0..2: OtherRankSets(n).
   std::array<std::vector<std::array<int32_t, 2>>, 3> otherRankSets;
@@ -90,7 +90,7 @@ FastTables BuildFastTables() {
             const int32_t board = MultisetTerm(r1, 0) + MultisetTerm(r2, 1) + MultisetTerm(r3, 2) +
                                   MultisetTerm(r4, 3) + MultisetTerm(r5, 4);
             if (r1 != r5) {  // five of one rank: no such board
-              BoardRanks b;
+              FiveBoardRanks b;
               b.index = board;
               for (int32_t r : {r1, r2, r3, r4, r5}) {
                 if (b.groups > 0 && b.rank[b.groups - 1] == r) {
@@ -107,7 +107,8 @@ FastTables BuildFastTables() {
                 std::array<uint8_t, 13> counts{};
                 for (int32_t r : {hi, lo, r1, r2, r3, r4, r5}) ++counts[r];
                 if (*std::max_element(counts.begin(), counts.end()) > 4) continue;  // no such cards
-                nonFlushValues[RankPairIndex(hi, lo) * kBoardRankMultisets + board] = EvaluateRanks(counts);
+                nonFlushValues[TrianglePairIndex(hi, lo) * kBoardRankMultisets + board] =
+                    EvaluateRanks(counts);
               }
             }
           }
@@ -231,8 +232,10 @@ double PercentOfWinsTwice(int64_t winsTwice) {
 // visited, and every value still comes from the standard evaluator's tables.
 ShowdownTally CountMatchupShowdowns(Card a1, Card a2, Card b1, Card b2) {
   const FastTables& t = Fast();
-  const uint16_t* rowA = t.nonFlush.data() + RankPairIndex(a1.rank - 2, a2.rank - 2) * kBoardRankMultisets;
-  const uint16_t* rowB = t.nonFlush.data() + RankPairIndex(b1.rank - 2, b2.rank - 2) * kBoardRankMultisets;
+  const uint16_t* rowA =
+      t.nonFlush.data() + TrianglePairIndex(a1.rank - 2, a2.rank - 2) * kBoardRankMultisets;
+  const uint16_t* rowB =
+      t.nonFlush.data() + TrianglePairIndex(b1.rank - 2, b2.rank - 2) * kBoardRankMultisets;
   std::array<int32_t, 13> left;
   left.fill(4);
   std::array<uint32_t, 4> dead{};
@@ -246,7 +249,7 @@ ShowdownTally CountMatchupShowdowns(Card a1, Card a2, Card b1, Card b2) {
   for (const Card c : {b1, b2}) holeB[c.suit] |= 1u << (c.rank - 2);
 
   Tally tally;
-  for (const BoardRanks& b : t.boardRanks) {
+  for (const FiveBoardRanks& b : t.boardRanks) {
     int64_t ways = 1;
     for (int g = 0; g < b.groups; ++g) ways *= kChooseOfRank[left[b.rank[g]]][b.times[g]];
     if (ways != 0) tally.Add(rowA[b.index], rowB[b.index], ways);
@@ -349,12 +352,13 @@ GeneratedTables GeneratePreflopTables(int threads, const GeneratorProgress& prog
   keys.reserve(sums.size());
   for (const auto& [key, sum] : sums) keys.push_back(key);
   std::sort(keys.begin(), keys.end());
-  out.tables.keys = keys;
-  out.tables.values.reserve(keys.size());
+  std::vector<float> values;
+  values.reserve(keys.size());
   for (int32_t key : keys) {
     const Sum& s = sums[key];
-    out.tables.values.push_back(static_cast<float>(s.equity / s.tuples));
+    values.push_back(static_cast<float>(s.equity / s.tuples));
   }
+  out.tables = LookupTables(std::move(keys), std::move(values));
   out.classes = std::move(records);
   return out;
 }
