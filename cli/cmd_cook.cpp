@@ -90,6 +90,23 @@ void WriteJson(const CookResult& cooked, const ResultsBuild& built, const HandBo
   out << JsonText(json) << "\n";
 }
 
+// Why a switch given would change nothing whatever the cards and the range, or nullptr when each counts:
+// such a switch is refused rather than passed over.
+const char* UnusedSwitch(const CLI::App& app) {
+  if (Given(app, "--simplify-further") && Given(app, "--no-simplify")) {
+    return "--simplify-further does not apply with --no-simplify (it leaves out the holdings under each "
+           "group, and --no-simplify makes no groups)";
+  }
+  if (Given(app, "--category-icons") && !Given(app, "--json")) {
+    return "--category-icons shows only in --json's tree (\"image\"): the text carries no pictures";
+  }
+  if (Given(app, "--standard-rules") && !Given(app, "--win-lose-icons") && !Given(app, "--category-equity")) {
+    return "--standard-rules changes only the win/tie/lose icons and the equities per category (the "
+           "categories are the same under both rules): give it with --win-lose-icons or --category-equity";
+  }
+  return nullptr;
+}
+
 int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
   CLI::App app(kCookSummary, "quillet-cli cook");
   SetUpCommandParser(app);
@@ -120,6 +137,10 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
   int status = kExitOk;
   const auto positional = ParseCommandWords(app, words, "cook", out, err, status);
   if (!positional) return status;
+  if (const char* why = UnusedSwitch(app)) {
+    err << "cook: " << why << "\n";
+    return kExitBadInput;
+  }
   const auto input = ReadHandBoardRange(app, options, *positional, "cook", err);
   if (!input) return kExitBadInput;
 

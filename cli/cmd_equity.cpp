@@ -22,6 +22,29 @@ constexpr const char* kEquitySummary =
     "completion on the flop and the turn (the river shows 0.0%); LIST and PCT as for cook; --json gives the "
     "unrounded values, the street (0-3) and My Equity's colour";
 
+// With --hand-range my side is a range and the opponent's is --range in notation: --hand, --top and --seen
+// have nothing to act on there and are refused rather than passed over. Returns false after saying why.
+bool RefuseWithHandRange(const CLI::App& app, const std::vector<std::string>& positional, std::ostream& err) {
+  if (!positional.empty()) {
+    err << "equity: unexpected argument \"" << positional.front() << "\"\n";
+    return false;
+  }
+  if (Given(app, "--hand")) {
+    err << "equity: give --hand TEXT or --hand-range RANGE, not both\n";
+    return false;
+  }
+  if (Given(app, "--top")) {
+    err << "equity: --top does not apply with --hand-range: write the opponent's range in --range (\"10%\" "
+           "there is the top of the preflop order)\n";
+    return false;
+  }
+  if (Given(app, "--seen")) {
+    err << "equity: --seen does not apply with --hand-range: write those holdings into --range too\n";
+    return false;
+  }
+  return true;
+}
+
 int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
   CLI::App app(kEquitySummary, "quillet-cli equity");
   SetUpCommandParser(app);
@@ -42,7 +65,8 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   int status = kExitOk;
   const auto positional = ParseCommandWords(app, words, "equity", out, err, status);
   if (!positional) return status;
-  if (app.count("--hand-range") > 0) {
+  if (Given(app, "--hand-range")) {
+    if (!RefuseWithHandRange(app, *positional, err)) return kExitBadInput;
     return RunEquityRanges({handRange, options.range, options.board, json}, out, err);
   }
   const auto input = ReadHandBoardRange(app, options, *positional, "equity", err);

@@ -140,8 +140,13 @@ int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ost
   const std::vector<std::string>& positional = *positionalWords;
   const std::string action = positional.empty() ? "" : positional[0];
   if (positional.size() == 1 && action == "generate") return Generate(args, out, err);
-  if (positional.size() == 1 && action == "info" && !Given(app, "--out") && !Given(app, "--classes-out") &&
-      !Given(app, "--threads")) {
+  if (positional.size() == 1 && action == "info") {
+    for (const char* option : {"--out", "--classes-out", "--threads"}) {
+      if (Given(app, option)) {
+        err << "quillet-cli tables info: " << option << " does not apply here (it is for generate)\n";
+        return kExitBadInput;
+      }
+    }
     return Info(out, err);
   }
   err << "quillet-cli tables: say \"generate [--out FILE] [--classes-out FILE] [--threads N]\" or \"info\"\n";

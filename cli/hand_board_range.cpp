@@ -54,7 +54,16 @@ std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const Hand
       return std::nullopt;
     }
     read.profile.rangeText = TopOfOrderText(step->entry);
-    if (step->apply) ApplyTopOfOrder(read.profile.rangeLayer, step->entry);
+    if (step->apply) {
+      ApplyTopOfOrder(read.profile.rangeLayer, step->entry);
+    } else {
+      // The range box moves the slider to its end and leaves the grid as it was; the command follows it, so
+      // it says so rather than let an empty range pass for the whole order.
+      err << command << ": --top " << options.top << " is at or above the last step of the preflop order ("
+          << read.profile.rangeText
+          << "): as in the range box, the range was left as it was (empty); --range 100% takes every "
+             "holding\n";
+    }
   }
   read.handText = options.hand;
   read.boardText = options.board;

@@ -27,7 +27,7 @@ void AddHandBoardRangeOptions(CLI::App& app, HandBoardRangeOptions& options);
 // The two card texts and the range, as the window would stand before the command: one fresh "Generic"
 // profile holding the listed classes whole in its On and Seen layers, or with --top the range the range box
 // gives for PCT (snapped to a step of the preflop order; at or above the last step the On layer stays
-// empty). Its range text is the box's text after --top.
+// empty, and a line on `err` says so). Its range text is the box's text after --top.
 struct HandBoardRange {
   std::string handText;
   std::string boardText;

@@ -74,6 +74,7 @@ Form1::Form1(Form1Model& model, QtWindowServices& services, QWidget* parent)
   ConnectEvents();
   BuildRangeHistoryKeys();
   BuildTreeCheckBoxes();
+  BuildKeyboard();
   services_.Attach(this);
 
   model_.geometry.treeTop = kTreeTop * kTwipsPerPixel;
@@ -148,9 +149,12 @@ void Form1::BuildControls() {
   readOut.setBold(true);
   lblMyEquity_->setFont(readOut);
   lbloppEquity_->setFont(readOut);
-  // A read-out's value can be selected with the mouse and copied (Ctrl+C or its right-click menu).
+  // A read-out's value can be selected with the mouse and copied (Ctrl+C or its right-click menu, which is
+  // the window's own: a label's built-in one offers only links).
   lblMyEquity_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lbloppEquity_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lblMyEquity_->setContextMenuPolicy(Qt::CustomContextMenu);
+  lbloppEquity_->setContextMenuPolicy(Qt::CustomContextMenu);
 
   // The grid with its hint, the suit matrix, the range text and slider, the quick-select commands.
   QLabel* hint = caption(QString::fromLatin1(kHint), 8, 110, 452, 32, Qt::AlignLeft | Qt::AlignVCenter);
@@ -268,10 +272,20 @@ void Form1::BuildMenus() {
   QAction* copy = treeMenu_->addAction(QStringLiteral("Copy Results to Clipboard"));
   copy->setObjectName(QStringLiteral("mnuCopyToClipboard"));
   connect(copy, &QAction::triggered, this, [this] { Act([this] { model_.mnuCopyToClipboard_Click(); }); });
+
+  equityMenu_ = new QMenu(QStringLiteral("Equity"), this);
+  equityMenu_->setObjectName(QStringLiteral("mnuEquity"));
+  QAction* copyEquity = equityMenu_->addAction(QStringLiteral("Copy"));
+  copyEquity->setObjectName(QStringLiteral("mnuCopyEquity"));
+  connect(copyEquity, &QAction::triggered, this, [this] { Act([this] { model_.mnuCopyEquity_Click(); }); });
+  connect(lblMyEquity_, &QWidget::customContextMenuRequested, this,
+          [this] { Act([this] { model_.lblMyEquity_MouseUp(kRightButton); }); });
+  connect(lbloppEquity_, &QWidget::customContextMenuRequested, this,
+          [this] { Act([this] { model_.lbloppEquity_MouseUp(kRightButton); }); });
 }
 
 QAction* Form1::menuAction(const char* name) const {
-  for (QMenu* menu : {optionsMenu_, treeMenu_}) {
+  for (QMenu* menu : {optionsMenu_, treeMenu_, equityMenu_}) {
     if (auto* action = menu->findChild<QAction*>(QString::fromLatin1(name))) return action;
   }
   return nullptr;
@@ -310,10 +324,12 @@ void Form1::ConnectEvents() {
   connect(txtMyHand_, &CardTextBox::edited, this, [this] {
     model_.txtMyHand.text = txtMyHand_->Text();
     model_.txtMyHand.charColours = txtMyHand_->CharColours();
+    if (model_.frmSelCards.visible) Act([this] { model_.txtMyHand_Change(); });
   });
   connect(txtBoard_, &CardTextBox::edited, this, [this] {
     model_.txtBoard.text = txtBoard_->Text();
     model_.txtBoard.charColours = txtBoard_->CharColours();
+    if (model_.frmSelCards.visible) Act([this] { model_.txtBoard_Change(); });
   });
   connect(txtMyHand_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtMyHand_Click(); }); });
   connect(txtBoard_, &CardTextBox::clicked, this, [this] { Act([this] { model_.txtBoard_Click(); }); });
@@ -438,6 +454,9 @@ void Form1::Refresh() {
   ShowPlayerBox();
 
   txtMyHand_->ShowState(model_.txtMyHand);
+  if (const QString tip = ToQString(model_.MyHandToolTip()); txtMyHand_->toolTip() != tip) {
+    txtMyHand_->setToolTip(tip);
+  }
   txtBoard_->ShowState(model_.txtBoard);
 
   const QString rangeText = ToQString(model_.txtRange.text);
@@ -554,7 +573,14 @@ void Form1::SyncTimer(QTimer& timer, const TimerState& state, uint64_t& shownArm
 
 void Form1::PopUpMenu(PopupMenuId menu) {
   Refresh();
-  QMenu* popup = menu == PopupMenuId::Options ? optionsMenu_ : treeMenu_;
+  QMenu* popup = menu == PopupMenuId::Options ? optionsMenu_
+                 : menu == PopupMenuId::Tree  ? treeMenu_
+                                              : equityMenu_;
+  if (menuFromKey_ && menu == PopupMenuId::Options) {
+    const QWidget* label = commandLabel(CommandLabel::lblOptions);
+    popup->popup(label->mapToGlobal(QPoint(0, label->height())));
+    return;
+  }
   popup->popup(QCursor::pos());
 }
 
@@ -564,6 +590,7 @@ void Form1::FocusControl(ControlId control) {
       txtMyHand_->setFocus();
       break;
     case ControlId::txtBoard:
+      if (gridKeyActing_) break;
       txtBoard_->setFocus();
       break;
     case ControlId::txtRange:
@@ -613,6 +640,11 @@ void Form1::resizeEvent(QResizeEvent* event) {
 void Form1::closeEvent(QCloseEvent* event) {
   Act([this] { model_.Form_QueryUnload(); });
   event->accept();
+  emit closed();
+}
+
+void Form1::EndOfSession() {
+  Act([this] { model_.Form_QueryUnload(); });
 }
 
 void Form1::mouseMoveEvent(QMouseEvent* event) {
@@ -622,17 +654,22 @@ void Form1::mouseMoveEvent(QMouseEvent* event) {
 
 bool Form1::SliderKey(QKeyEvent* event, bool down) {
   if (event->isAutoRepeat() && !down) return false;  // a held key: only its last release counts
-  // A modifier alone, or a key with Ctrl or Alt (the window's shortcuts, Ctrl+Z among them), moves nothing:
-  // it must not start the timer that puts the slider's place into the range again.
+  // Only the keys that move the slider start the timer that puts its place into the range, and only the
+  // release of the key that started it stops it. Any other key (Tab and Shift+Tab, whose press or release
+  // lands here as the focus comes or goes, a modifier alone, the window's Ctrl and Alt shortcuts) moves
+  // nothing and must not apply the slider's place.
   const int pressed = event->key();
-  if (pressed == Qt::Key_Control || pressed == Qt::Key_Shift || pressed == Qt::Key_Alt ||
-      pressed == Qt::Key_Meta || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
-    return false;
-  }
+  const bool moves = pressed == Qt::Key_Left || pressed == Qt::Key_Right || pressed == Qt::Key_Up ||
+                     pressed == Qt::Key_Down || pressed == Qt::Key_PageUp || pressed == Qt::Key_PageDown ||
+                     pressed == Qt::Key_Home || pressed == Qt::Key_End;
+  if (!moves || (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) return false;
   if (down) {
-    sliderKeyHeld_ = true;
-    Act([this] { model_.Slider1_KeyDown(); });
-  } else {
+    if (!sliderKeyHeld_) {
+      sliderKeyHeld_ = true;
+      sliderHeldKey_ = pressed;
+      Act([this] { model_.Slider1_KeyDown(); });
+    }
+  } else if (sliderKeyHeld_ && pressed == sliderHeldKey_) {
     sliderKeyHeld_ = false;
     // A key tapped faster than the timer's first tick still moves the range.
     Act([this] {
@@ -644,6 +681,13 @@ bool Form1::SliderKey(QKeyEvent* event, bool down) {
     });
   }
   return false;
+}
+
+void Form1::SliderFocusLost() {
+  // The held key's release goes to wherever the focus went: the hold ends here, and the timer with it.
+  if (!sliderKeyHeld_) return;
+  sliderKeyHeld_ = false;
+  Act([this] { model_.Slider1_KeyUp(); });
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
@@ -681,6 +725,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
   } else if (watched == slider_) {
     if (type == QEvent::KeyPress) return SliderKey(static_cast<QKeyEvent*>(event), true);
     if (type == QEvent::KeyRelease) return SliderKey(static_cast<QKeyEvent*>(event), false);
+    if (type == QEvent::FocusOut) SliderFocusLost();
     if (type == QEvent::MouseButtonRelease) {
       auto* mouse = static_cast<QMouseEvent*>(event);
       const int button = ButtonNumber(mouse->button());

@@ -39,6 +39,10 @@ class Form1 : public QWidget {
   // Shows the model's state in every control.
   void Refresh();
 
+  // The session ends: the profiles and the preferences are written as a close writes them; the window
+  // stays until the session manager ends the program.
+  void EndOfSession();
+
   // What the model's services ask of the window.
   void PopUpMenu(PopupMenuId menu);
   void FocusControl(ControlId control);
@@ -63,11 +67,16 @@ class Form1 : public QWidget {
   QTreeWidget* TV() const { return tree_; }
   QMenu* mnuOptions() const { return optionsMenu_; }
   QMenu* mnuTV() const { return treeMenu_; }
+  QMenu* mnuEquity() const { return equityMenu_; }
   QAction* menuAction(const char* name) const;
   SelCardsWindow* frmSelCards() const { return picker_; }
   QTimer* tmrSliderMoving() { return &tmrSliderMoving_; }
   QTimer* tmrCalcEquity() { return &tmrCalcEquity_; }
   QTimer* tmrTVError() { return &tmrTVError_; }
+
+ signals:
+  // The window closed and wrote the profiles and the preferences.
+  void closed();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -86,18 +95,23 @@ class Form1 : public QWidget {
   void SyncTimer(QTimer& timer, const TimerState& state, uint64_t& shownArm);
   void TimerFired(QTimer& timer, const std::function<void()>& handler);
   bool SliderKey(QKeyEvent* event, bool down);
+  void SliderFocusLost();
   // The range notation box under the grid and the grid's Ctrl+C / Ctrl+V.
   void BuildNotationBox();
   void ShowNotationBox();
   // Ctrl+Z, Ctrl+Shift+Z, Ctrl+Y for the range, and the tree's check boxes (form1_range_history.cpp).
   void BuildRangeHistoryKeys();
   void BuildTreeCheckBoxes();
+  // F9, F10, the Tab order, the grid's keys and the tooltips of the boxes and menus (form1_keyboard.cpp).
+  void BuildKeyboard();
   void ShowTreeChecks();
 
   Form1Model& model_;
   QtWindowServices& services_;
   int acting_ = 0;
   bool resizing_ = false;
+  bool menuFromKey_ = false;    // the options menu opens under its label, not at the pointer
+  bool gridKeyActing_ = false;  // a key on the grid acts: the focus stays on the grid
 
   QComboBox* cmbPlayer_ = nullptr;
   std::vector<std::string> shownPlayers_;
@@ -113,6 +127,7 @@ class Form1 : public QWidget {
   QSlider* slider_ = nullptr;
   bool showingSlider_ = false;
   bool sliderKeyHeld_ = false;
+  int sliderHeldKey_ = 0;
   int sliderAppliedValue_ = -1;
   QLabel* lblMyEquity_ = nullptr;
   QLabel* lbloppEquity_ = nullptr;
@@ -127,6 +142,7 @@ class Form1 : public QWidget {
 
   QMenu* optionsMenu_ = nullptr;
   QMenu* treeMenu_ = nullptr;
+  QMenu* equityMenu_ = nullptr;  // the read-outs' right-click menu
   QAction* switchScheme_ = nullptr;
   QAction* keepOnlyChecked_ = nullptr;
   struct TickAction {

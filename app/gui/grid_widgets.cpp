@@ -1,9 +1,11 @@
 #include "app/gui/grid_widgets.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 
 #include "app/gui/qt_convert.h"
 #include "cards/hand_class.h"
@@ -49,6 +51,8 @@ bool ShowAreaToolTip(QWidget* widget, QEvent* event, const std::string& text, co
 HandGridWidget::HandGridWidget(const Form1Model& model, QWidget* parent) : QWidget(parent), model_(model) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setCursor(Qt::PointingHandCursor);
+  // Tab reaches the grid; a click does not take the focus (the click's handler hands it to the Board box).
+  setFocusPolicy(Qt::TabFocus);
 }
 
 QRect HandGridWidget::BlockRect(int index) const {
@@ -89,6 +93,67 @@ void HandGridWidget::paintEvent(QPaintEvent*) {
     painter.setPen(ReadableTextOn(fill));
     painter.drawText(cell, Qt::AlignCenter, QString::fromLatin1(classes[i].caption.c_str()));
   }
+  if (hasFocus()) {
+    // The keyboard's block: a dark frame of two pixels inside a light one, that reads on every block colour.
+    const QRect cell = BlockRect(focusBlock_).adjusted(0, 0, -1, -1);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(0, 0, 0), 1));
+    painter.drawRect(cell.adjusted(1, 1, -2, -2));
+    painter.drawRect(cell.adjusted(2, 2, -3, -3));
+    painter.setPen(QPen(QColor(255, 255, 255), 1));
+    painter.drawRect(cell.adjusted(0, 0, -1, -1));
+  }
+}
+
+void HandGridWidget::keyPressEvent(QKeyEvent* event) {
+  int row = focusBlock_ / kSide;
+  int column = focusBlock_ % kSide;
+  const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  switch (event->key()) {
+    case Qt::Key_Left:
+      column = std::max(0, column - 1);
+      break;
+    case Qt::Key_Right:
+      column = std::min(kSide - 1, column + 1);
+      break;
+    case Qt::Key_Up:
+      row = std::max(0, row - 1);
+      break;
+    case Qt::Key_Down:
+      row = std::min(kSide - 1, row + 1);
+      break;
+    case Qt::Key_Space:
+      if (modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier) {
+        if (!event->isAutoRepeat()) emit blockKey(focusBlock_, modifiers == Qt::ShiftModifier ? 2 : 1);
+        event->accept();
+        return;
+      }
+      QWidget::keyPressEvent(event);
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+      return;
+  }
+  if (modifiers != Qt::NoModifier) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  event->accept();
+  const int block = row * kSide + column;
+  if (block == focusBlock_) return;
+  update(BlockRect(focusBlock_));
+  focusBlock_ = block;
+  update(BlockRect(focusBlock_));
+}
+
+void HandGridWidget::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  update();
+}
+
+void HandGridWidget::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  update();
 }
 
 void HandGridWidget::mousePressEvent(QMouseEvent* event) {

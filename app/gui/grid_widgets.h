@@ -17,21 +17,29 @@ class HandGridWidget : public QWidget {
   QRect BlockRect(int index) const;
   // The block under `point`, or -1.
   int BlockAt(QPoint point) const;
+  // The block the keyboard works on: framed while the grid has the focus (Tab reaches the grid).
+  int FocusBlock() const { return focusBlock_; }
 
  signals:
   // The button was released after being pressed on block `index` (button 1 left, 2 right, 4 middle;
   // shift 1 Shift, 2 Ctrl, 4 Alt).
   void blockMouseUp(int index, int button, int shift);
+  // Space (button 1, as a left click) or Shift+Space (button 2, as a right click) on the framed block.
+  void blockKey(int index, int button);
 
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   const Form1Model& model_;
   int pressedBlock_ = -1;
+  int focusBlock_ = 0;
 };
 
 class SuitMatrixWidget : public QWidget {

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <filesystem>
 
+#include "app/gui/end_requests.h"
 #include "app/gui/form1.h"
 #include "app/gui/qt_services.h"
 #include "app/model/form1_model.h"
@@ -18,6 +19,8 @@ int main(int argc, char* argv[]) {
   if (!model.Form_Load(programFolder)) return 0;
 
   quillet::gui::Form1 form(model, services);
+  // SIGTERM, SIGHUP, SIGINT and the end of the session close the window as its close box does.
+  quillet::gui::EndRequests endRequests(form, model, services);
   form.show();
   return QApplication::exec();
 }

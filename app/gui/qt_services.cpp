@@ -7,6 +7,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QUrl>
+#include <cstdio>
 
 #include "app/gui/form1.h"
 #include "app/gui/qt_convert.h"
@@ -43,6 +44,10 @@ QWidget* QtWindowServices::DialogParent() const {
 }
 
 void QtWindowServices::MsgBox(std::string_view text, MessageIcon icon) {
+  if (screenGone_) {
+    std::fprintf(stderr, "%.*s\n", static_cast<int>(text.size()), text.data());
+    return;
+  }
   QMessageBox box(ToQtIcon(icon), QString::fromLatin1(kBoxTitle), ToDisplayText(text), QMessageBox::Ok,
                   DialogParent());
   LetCtrlCCopy(box);
@@ -51,6 +56,7 @@ void QtWindowServices::MsgBox(std::string_view text, MessageIcon icon) {
 }
 
 bool QtWindowServices::AskYesNo(std::string_view title, std::string_view text, MessageIcon icon) {
+  if (screenGone_) return false;
   QMessageBox box(ToQtIcon(icon), ToQString(title), ToDisplayText(text), QMessageBox::Yes | QMessageBox::No,
                   DialogParent());
   box.setDefaultButton(QMessageBox::Yes);
@@ -60,6 +66,7 @@ bool QtWindowServices::AskYesNo(std::string_view title, std::string_view text, M
 }
 
 std::string QtWindowServices::InputBox(std::string_view prompt, std::string_view defaultText) {
+  if (screenGone_) return {};
   bool ok = false;
   ModalScope scope(*this);
   const QString answer =

@@ -28,6 +28,8 @@ class QtWindowServices : public WindowServices {
 
   // Whether a modal box is open (the window's timers wait while one is).
   bool InModalBox() const { return modalDepth_ > 0; }
+  // The display is gone: a message goes to the standard error stream, a question is answered No.
+  void LoseScreen() { screenGone_ = true; }
 
  protected:
   QWidget* DialogParent() const;
@@ -48,6 +50,7 @@ class QtWindowServices : public WindowServices {
  private:
   Form1* form_ = nullptr;
   int modalDepth_ = 0;
+  bool screenGone_ = false;
 };
 
 // The title of the program's message boxes and input box.

@@ -15,6 +15,18 @@ namespace {
 constexpr int kPickerGapX = 5;
 constexpr int kPickerOffsetY = 24;
 
+// Chooses the picker's cells from the box's text: two cards for My Hand, three to five for the Board.
+void InitPickerFromBox(Form1Model& form, bool forMyHand) {
+  SelCardsModel& picker = form.frmSelCards;
+  if (forMyHand) {
+    // A range's text names no cards to start from.
+    picker.Init(2, 2, true,
+                form.MyHandIsRange() ? std::string_view{} : std::string_view(form.txtMyHand.text));
+  } else {
+    picker.Init(3, 5, false, form.txtBoard.text);
+  }
+}
+
 void OpenPicker(Form1Model& form, bool forMyHand) {
   SelCardsModel& picker = form.frmSelCards;
   picker.owner = &form;
@@ -24,12 +36,14 @@ void OpenPicker(Form1Model& form, bool forMyHand) {
   picker.anchor = forMyHand ? ControlId::txtMyHand : ControlId::txtBoard;
   picker.offsetX = box.width + kPickerGapX;
   picker.offsetY = kPickerOffsetY;
-  if (forMyHand) {
-    // A range's text names no cards to start from.
-    picker.Init(2, 2, true, form.MyHandIsRange() ? std::string_view{} : std::string_view(box.text));
-  } else {
-    picker.Init(3, 5, false, box.text);
-  }
+  InitPickerFromBox(form, forMyHand);
+}
+
+// The picker, open for this box, takes the box's new text as its choice.
+void PickerFollowsBox(Form1Model& form, bool forMyHand) {
+  const SelCardsModel& picker = form.frmSelCards;
+  if (!picker.visible || picker.targetMyHand != forMyHand) return;
+  InitPickerFromBox(form, forMyHand);
 }
 
 // Whether any cell of the kinds now selected is still shown. With more than one kind every cell counts.
@@ -101,6 +115,14 @@ void Form1Model::lblMyHand_Click() {
 
 void Form1Model::txtBoard_Click() {
   OpenPicker(*this, false);
+}
+
+void Form1Model::txtMyHand_Change() {
+  PickerFollowsBox(*this, true);
+}
+
+void Form1Model::txtBoard_Change() {
+  PickerFollowsBox(*this, false);
 }
 
 void Form1Model::WritePickedCards(bool targetMyHand, const std::string& text) {

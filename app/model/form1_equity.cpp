@@ -126,6 +126,23 @@ void Form1Model::mnuAutoPFEquityCalc_Click() {
   ToggleMenuCheck(options.autoPFEquityCalc);
 }
 
+void Form1Model::lblMyEquity_MouseUp(int button) {
+  if (button != kRightButton || lblMyEquity.caption.empty()) return;
+  equityMenuOfMine = true;
+  services.PopUpMenu(PopupMenuId::EquityReadOut);
+}
+
+void Form1Model::lbloppEquity_MouseUp(int button) {
+  if (button != kRightButton || lbloppEquity.caption.empty()) return;
+  equityMenuOfMine = false;
+  services.PopUpMenu(PopupMenuId::EquityReadOut);
+}
+
+void Form1Model::mnuCopyEquity_Click() {
+  const std::string& shown = equityMenuOfMine ? lblMyEquity.caption : lbloppEquity.caption;
+  if (!shown.empty()) services.SetClipboardText(shown);
+}
+
 void Form1Model::mnuStandardShowdownRules_Click() {
   ToggleMenuCheck(options.standardShowdownRules);
   // A result shown under the other rules would read as one of the new rules: the read-outs go blank.

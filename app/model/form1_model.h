@@ -241,6 +241,11 @@ class Form1Model {
   void mnuCalcEquityOnCook_Click();
   void mnuAutoPFEquityCalc_Click();
   void mnuStandardShowdownRules_Click();
+  // A right click on a read-out (My Equity when `mine`) pops up its menu ("Copy") while it shows a value.
+  void lblMyEquity_MouseUp(int button);
+  void lbloppEquity_MouseUp(int button);
+  // The read-out menu's "Copy": the read-out the menu was opened on, as it shows ("57.3%"), to the clipboard.
+  void mnuCopyEquity_Click();
 
   // ---- hand grid (form1_grid.cpp) ----
   void DeselectAllBlocks();
@@ -311,6 +316,11 @@ class Form1Model {
   // and its OK puts the two cards picked in place of the range.
   void lblMyHand_Click();
   void txtBoard_Click();  // also lblBoardCards_Click: opens the picker for the Board
+  // The user changed the box's text (`text` and `charColours` already hold it). While the picker is open
+  // for that box it follows the text: its chosen cells become the box's cards, so that its OK writes what
+  // was typed last rather than what the box held when the picker opened.
+  void txtMyHand_Change();
+  void txtBoard_Change();
   // The picker's OK wrote its text: put it into the target box and colour it (called by SelCardsModel).
   void WritePickedCards(bool targetMyHand, const std::string& text);
   void picSuit_Click(int index);
@@ -423,8 +433,12 @@ class Form1Model {
   // A suit-matrix cell: its suit pair and what a click on it does to the selected blocks.
   std::string SuitCellToolTip(int cell) const;
   // An equity read-out (My Equity when `mine`, else Opp Equity): what it measures and, after a
-  // calculation, the unrounded value and how it was found.
+  // calculation, the unrounded value and how it was found; under this program's own showdown rules also
+  // those rules and where the standard ones are ticked.
   std::string EquityToolTip(bool mine) const;
+  // My Hand: empty, except while its text would be read as a range if "Standard Showdown Rules" were
+  // ticked (it is not): then it says so.
+  std::string MyHandToolTip() const;
   // A node of the results tree: for a category node the category's meaning in plain words; empty for the
   // holdings and groups, whose captions say all.
   std::string TreeNodeToolTip(int node) const;
@@ -452,6 +466,7 @@ class Form1Model {
   double oppEquity = 0.0;
   int32_t equityStreet = kNoBoard;
   bool equityOfMyRange = false;       // the read-outs give my range's equity (a range in My Hand)
+  bool equityMenuOfMine = true;       // the read-out menu was opened on My Equity (else Opp Equity)
   std::string lblCheckPossibleHands;  // the cook's three-line caption
   bool lblSeenVisible = false;
 

@@ -8,11 +8,28 @@
 #include "cards/hand_class.h"
 #include "categorise/category_meaning.h"
 #include "range/grid_colours.h"
+#include "range/my_hand_range.h"
+#include "range/range_notation.h"
 
 namespace quillet {
 namespace {
 
 constexpr std::string_view kSuitNames[4] = {"clubs", "diamonds", "hearts", "spades"};
+
+constexpr std::string_view kOwnRulesNote =
+    "\nShowdown rules: this program's own. A flush needs exactly five cards of one suit, kickers come from "
+    "the hole cards only, equal two pair goes to the higher hole card, tied showdowns count for neither "
+    "side, "
+    "and the river is not calculated.\nOptions > Operation > Standard Showdown Rules switches to the "
+    "standard "
+    "rules (best five of seven, ties split; My Hand then also takes a range).";
+
+constexpr std::string_view kMyHandTip =
+    "My two cards, typed as AhKd (rank, then suit); a click opens the card picker, Enter cooks. With "
+    "Standard Showdown Rules ticked it may hold a range such as QQ+,AKs";
+constexpr std::string_view kMyHandRangeNote =
+    "This reads as a range (\"QQ+, AKs\"), which My Hand takes only under the standard showdown rules:\n"
+    "Options > Operation > Standard Showdown Rules. Without them My Hand takes two cards (\"AhKd\").";
 
 int HoldingsOfKind(int32_t kind) {
   switch (kind) {
@@ -58,15 +75,16 @@ std::string CommandLabelToolTip(CommandLabel label) {
       return "Cook: sort the opponent's range by what each hand makes on the board (Enter in My Hand or "
              "Board Cards)";
     case CommandLabel::cmdCalcEquity:
-      return "Calculate My Hand's equity against the opponent's range";
+      return "Calculate My Hand's equity against the opponent's range (F9)";
     case CommandLabel::lblOptions:
-      return "Display, appearance and operation options";
+      return "Display, appearance and operation options (F10)";
     case CommandLabel::lblHelp:
       return "Open the online guide in the browser";
     case CommandLabel::lblWebsite:
       return "Open Quillet's home page in the browser";
     case CommandLabel::lblSave:
-      return "Save the name typed in the box as a new profile with the grid's range (Enter in the box)";
+      return "Save the name typed in the box as a new profile, which starts with a fresh, empty range (Enter "
+             "in the box)";
     case CommandLabel::lblDelete:
       return "Delete the current profile (no question is asked)";
   }
@@ -119,14 +137,29 @@ std::string Form1Model::EquityToolTip(bool mine) const {
   if (!tally.empty()) return text + ", standard rules: " + tally;
   switch (equityStreet) {
     case kNoBoard:
-      return text + ", preflop, from the program's matchup tables";
+      text += ", preflop, from the program's matchup tables";
+      break;
     case kFlop:
-      return text + ", on the flop, every turn and river dealt out";
+      text += ", on the flop, every turn and river dealt out";
+      break;
     case kTurn:
-      return text + ", on the turn, every river card dealt out";
+      text += ", on the turn, every river card dealt out";
+      break;
     default:
-      return text + ", on the river, where no calculation runs";
+      text += ", on the river, where no calculation runs";
+      break;
   }
+  // The program's own rules give values players do not expect (0.0% on the river, a nut flush far below
+  // its due): the read-out names them and the option that changes them.
+  return text + std::string(kOwnRulesNote);
+}
+
+std::string Form1Model::MyHandToolTip() const {
+  const std::string tip(kMyHandTip);
+  if (options.standardShowdownRules || txtMyHand.text.empty() || IsTwoCardText(txtMyHand.text)) return tip;
+  if (!ParseRangeNotation(txtMyHand.text).ok()) return tip;
+  // A range typed while the program's own rules are in force: the box says what would take it.
+  return tip + "\n" + std::string(kMyHandRangeNote);
 }
 
 std::string Form1Model::TreeNodeToolTip(int node) const {

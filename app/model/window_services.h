@@ -9,7 +9,7 @@
 namespace quillet {
 
 enum class MessageIcon { None, Information, Warning };
-enum class PopupMenuId { Options, Tree };
+enum class PopupMenuId { Options, Tree, EquityReadOut };
 enum class ControlId { txtMyHand, txtBoard, txtRange, cmbPlayer, Slider1, TV };
 
 class WindowServices {

@@ -76,8 +76,10 @@ TEST(CategoryEquityCli, WithoutTheFlagTheOutputIsAsBefore) {
   EXPECT_EQ(plain.out.find(" eq "), std::string::npos);
   const CliRun json = RunCommandLine(With(kTwentyPercent, {"--json"}));
   EXPECT_EQ(json.out.find("\"equity\""), std::string::npos);
-  // The standard rules alone change nothing without icons or equities.
-  EXPECT_EQ(RunCommandLine(With(kTwentyPercent, {"--standard-rules"})).out, plain.out);
+  // The standard rules alone would change nothing without icons or equities: they are refused.
+  const CliRun rulesAlone = RunCommandLine(With(kTwentyPercent, {"--standard-rules"}));
+  EXPECT_EQ(rulesAlone.status, 2);
+  EXPECT_TRUE(rulesAlone.out.empty());
 }
 
 TEST(CategoryEquityCli, JsonGivesEachCategoryItsEquityAndNullWhenEmpty) {

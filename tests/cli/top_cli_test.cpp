@@ -41,6 +41,37 @@ TEST(CookTop, OneHundredOrMoreLeavesTheFreshGridEmpty) {
   EXPECT_NE(run.out.find("\"rangeText\":\"100\""), std::string::npos);
 }
 
+TEST(CookTop, AtOrAboveTheLastStepStderrSaysTheRangeWasLeftAsItWas) {
+  // The range box moves the slider to its end and leaves the grid alone there; the command does the same
+  // and says so, while the output is that of the range it was left with (empty).
+  const CliRun empty = RunCommandLine({"cook", "--hand", "", "--board", "", "--range", ""});
+  for (const char* percent : {"100", "150"}) {
+    const CliRun run = RunCommandLine({"cook", "--hand", "", "--board", "", "--top", percent});
+    EXPECT_EQ(run.status, 0) << percent;
+    EXPECT_EQ(run.out, empty.out) << percent;
+    EXPECT_EQ(run.err, "cook: --top " + std::string(percent) +
+                           " is at or above the last step of the preflop order (100): as in the range box, "
+                           "the range was left as it was (empty); --range 100% takes every holding\n");
+  }
+  // Below the last step the range is taken and nothing is said.
+  const CliRun below = RunCommandLine({"cook", "--hand", "", "--board", "", "--top", "99.8", "--json"});
+  EXPECT_EQ(below.status, 0);
+  EXPECT_TRUE(below.err.empty()) << below.err;
+  // Notation's 100% is the whole order.
+  const CliRun whole = RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "100%", "--json"});
+  EXPECT_EQ(whole.out.rfind("{\"range\":1326,", 0), 0u) << whole.out;
+  EXPECT_TRUE(whole.err.empty()) << whole.err;
+}
+
+TEST(EquityTop, AtOrAboveTheLastStepStderrSaysTheRangeWasLeftAsItWas) {
+  const CliRun empty = RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--range", "", "--json"});
+  const CliRun run = RunCommandLine({"equity", "--hand", "AhAd", "--board", "", "--top", "100", "--json"});
+  EXPECT_EQ(run.status, 0);
+  ASSERT_FALSE(empty.out.empty());
+  EXPECT_EQ(run.out, empty.out.substr(0, empty.out.size() - 2) + ",\"rangeText\":\"100\"}\n");
+  EXPECT_EQ(run.err.rfind("equity: --top 100 is at or above the last step", 0), 0u) << run.err;
+}
+
 TEST(CookTop, JustBelowOneHundredTakesEveryClass) {
   const CliRun run = RunCommandLine({"cook", "--hand", "", "--board", "", "--top", "99.8", "--json"});
   EXPECT_EQ(run.out.rfind("{\"range\":1326,", 0), 0u) << run.out;

@@ -154,7 +154,8 @@ start_screen() {
 # Starts the program in the scratch folder (its program folder: the files are written beside it).
 start_quillet() {
   QUILLET_PID=""
-  (cd "$SCRATCH" && exec ./quillet >>"$SCRATCH/quillet.log" 2>&1) &
+  # shellcheck disable=SC2086
+  (cd "$SCRATCH" && exec ${LAUNCH:-} ./quillet >>"$SCRATCH/quillet.log" 2>&1) &
   QUILLET_PID=$!
   log "quillet started"
 }
@@ -858,9 +859,137 @@ journey_bad_board() {
   expect_equal "the board kept as typed" "$(pref txtBoard)" "Tc8h"
 }
 
+# Tab from the percentage box through the slider and on, and Shift+Tab back: the focus passing over the
+# slider moves nothing, and the grid still takes clicks afterwards.
+journey_slider_tab() {
+  first_start
+  aces_kings_queens
+  expect_grid_notation "QQ+"
+  # shellcheck disable=SC2086
+  click $RANGE_BOX
+  xdotool key Tab
+  xdotool key Tab
+  step_shot tabbed
+  expect_grid_notation "QQ+"
+  xdotool key shift+Tab
+  xdotool key shift+Tab
+  expect_grid_notation "QQ+"
+  click_block 3 3 1 shift # JJ joins the range
+  expect_grid_notation "JJ+"
+  close_quillet
+  expect_equal "the On layer saved after the Tabs and a click" "$(layer Generic On | tr '\n' ' ')" "AA JJ KK QQ "
+}
+
+# The picker follows the box while it is open: cards typed over the board's are what its OK writes.
+journey_picker_typed() {
+  first_start
+  # shellcheck disable=SC2086
+  click_card_box $BOARD
+  type_text Ks7d2c
+  close_picker
+  activate "$MAIN"
+  # shellcheck disable=SC2086
+  click_card_box $BOARD
+  local picker
+  picker=$WIN
+  xdotool key ctrl+a
+  type_text Qh9h4c
+  step_shot typed
+  picker_ok "$picker"
+  poll "the picker to close on OK" no_window "^$PICKER_TITLE\$"
+  close_quillet
+  # The cards typed, in the picker's cell order (clubs first, then diamonds, hearts, spades).
+  expect_equal "the board after typing while the picker was open" "$(pref txtBoard)" "4cQh9h"
+}
+
+# The window from the keyboard: Tab from the Board box reaches the grid, the arrows move its frame, Space
+# acts as a left click and Shift+Space as a right click; the next Tab reaches the Range box. F9 runs Calc
+# Equity.
+journey_keyboard() {
+  first_start
+  # shellcheck disable=SC2086
+  click $LBL_CLEAR_ALL
+  click_block 0 0 # AA; the click leaves the focus in the Board box
+  xdotool key Tab
+  xdotool key Right
+  step_shot grid-frame
+  xdotool key space # AKs, as a left click
+  xdotool key Down
+  xdotool key shift+space # KK into the Seen layer, as a right click
+  xdotool key Tab
+  xdotool key End
+  type_text ",JJ"
+  xdotool key Return
+  close_quillet
+  expect_equal "the On layer after the grid's keys and the Range box" "$(layer Generic On | tr '\n' ' ')" \
+    "AA AKs JJ "
+  expect_equal "the Seen layer after Shift+Space" "$(layer Generic Seen | tr '\n' ' ')" "KK "
+
+  restart
+  aces_kings_queens
+  # shellcheck disable=SC2086
+  click_card_box $MY_HAND
+  type_text AhKd
+  # shellcheck disable=SC2086
+  click_card_box $BOARD
+  type_text Tc8h3s
+  close_picker
+  activate "$MAIN"
+  local colour
+  colour=$("$CLI" equity --hand AhKd --board Tc8h3s --range AA,KK,QQ --json | grep -o '#[0-9A-Fa-f]\{6\}')
+  [ -n "$colour" ] || fail "quillet-cli equity gave no colour"
+  xdotool key F9
+  poll "My Equity to show its colour $colour after F9" read_out_shows "${colour^^}"
+  log "ok: F9 ran Calc Equity"
+  close_quillet
+}
+
+# SIGTERM, SIGHUP and SIGINT close the window as its close box does: the grid's last change is saved. When
+# the display goes away the program ends, and writes the change on its way out.
+signal_quillet() {
+  kill "-$1" "$QUILLET_PID"
+  poll "quillet to end on SIG$1" quillet_gone
+  wait "$QUILLET_PID" 2>/dev/null
+  QUILLET_PID=""
+  MAIN=""
+  log "quillet ended on SIG$1"
+}
+
+journey_end_signals() {
+  first_start
+  # shellcheck disable=SC2086
+  click $LBL_CLEAR_ALL
+  close_quillet
+  touch -d 2000-01-01 "$SCRATCH/MyPrefs.ini"
+  touch -d 2001-01-01 "$SCRATCH/before-signal"
+  restart
+  click_block 0 0
+  signal_quillet TERM
+  expect_equal "the On layer saved on SIGTERM" "$(layer Generic On | tr '\n' ' ')" "AA "
+  [ "$SCRATCH/MyPrefs.ini" -nt "$SCRATCH/before-signal" ] || fail "MyPrefs.ini was not written on SIGTERM"
+  restart
+  click_block 1 1
+  signal_quillet HUP
+  expect_equal "the On layer saved on SIGHUP" "$(layer Generic On | tr '\n' ' ')" "AA KK "
+  # A shell's background job starts with SIGINT ignored (and keeps it so); from a terminal it is not.
+  LAUNCH="env --default-signal=INT"
+  restart
+  LAUNCH=""
+  click_block 2 2
+  signal_quillet INT
+  expect_equal "the On layer saved on SIGINT" "$(layer Generic On | tr '\n' ' ')" "AA KK QQ "
+  restart
+  click_block 3 3
+  kill "$XVFB_PID"
+  poll "quillet to end when the display goes" quillet_gone
+  wait "$QUILLET_PID" 2>/dev/null
+  QUILLET_PID=""
+  expect_equal "the On layer saved when the display went" "$(layer Generic On | tr '\n' ' ')" "AA JJ KK QQ "
+}
+
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
-    notation | range_hand | undo)
+    notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end

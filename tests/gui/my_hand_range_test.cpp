@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QMenu>
 #include <QTest>
 #include <memory>
 
@@ -69,6 +70,7 @@ class MyHandRangeTest : public QObject {
   void untickedTheSameTextIsRefusedAsAHandAlwaysWas();
   void theBoxKeepsThePickerShutForARangeAndTheLabelOpensIt();
   void aReadOutCanBeSelectedAndCopied();
+  void aReadOutsRightClickMenuCopiesIt();
 };
 
 void MyHandRangeTest::aRangeTypedIntoMyHandGivesItsEquityAgainstTheOpponentsRange() {
@@ -132,6 +134,14 @@ void MyHandRangeTest::untickedTheSameTextIsRefusedAsAHandAlwaysWas() {
   QCOMPARE(s.services.messages,
            (std::vector<std::string>{"My hand is invalid. Valid Eg: AhAd", "Bad Input"}));
   QCOMPARE(form.lblMyEquity()->text(), QString());
+  // The box itself says what would take the range.
+  QVERIFY2(
+      form.txtMyHand()->toolTip().contains(QStringLiteral("Options > Operation > Standard Showdown Rules")),
+      qPrintable(form.txtMyHand()->toolTip()));
+  TickStandardRules(form);
+  QVERIFY2(!form.txtMyHand()->toolTip().contains(QStringLiteral("Options > Operation")),
+           qPrintable(form.txtMyHand()->toolTip()));
+  QVERIFY(!form.txtMyHand()->toolTip().isEmpty());
 }
 
 void MyHandRangeTest::theBoxKeepsThePickerShutForARangeAndTheLabelOpensIt() {
@@ -174,6 +184,31 @@ void MyHandRangeTest::aReadOutCanBeSelectedAndCopied() {
   QGuiApplication::clipboard()->setText(QStringLiteral("before"));
   QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
   QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("50.0%"));
+}
+
+void MyHandRangeTest::aReadOutsRightClickMenuCopiesIt() {
+  Session s;
+  QVERIFY(s.StartActive());
+  Form1& form = *s.form;
+  OpponentRange(form, QStringLiteral("AA"));
+  TypeInto(form.txtMyHand(), QStringLiteral("KhKd"));
+  TypeInto(form.txtBoard(), QStringLiteral("Tc8h3s"));
+  Click(form.commandLabel(CommandLabel::cmdCalcEquity));
+  QLabel* opp = form.lbloppEquity();
+  QVERIFY(!opp->text().isEmpty());
+  QVERIFY(opp->text() != form.lblMyEquity()->text());
+  // A right click on Opp Equity pops up the menu with "Copy", which copies that read-out.
+  Click(opp, Qt::RightButton);
+  auto* menu = form.findChild<QMenu*>(QStringLiteral("mnuEquity"));
+  QVERIFY(menu != nullptr);
+  QTRY_VERIFY(menu->isVisible());
+  QStringList titles;
+  for (QAction* action : menu->actions()) titles << action->text();
+  QCOMPARE(titles, QStringList{QStringLiteral("Copy")});
+  QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+  menu->actions().front()->trigger();
+  menu->hide();
+  QCOMPARE(QGuiApplication::clipboard()->text(), opp->text());
 }
 
 }  // namespace quillet::gui

@@ -189,6 +189,50 @@ TEST_F(CardEntry, TheWrittenHandIsInCellOrderWhicheverOrderTheCardsWereClicked) 
   EXPECT_EQ(form.txtMyHand.text, "KdAh");
 }
 
+TEST_F(CardEntry, CardsTypedWhileThePickerIsOpenBecomeItsChoiceAndOkKeepsThem) {
+  form.txtBoard.text = "Ks7d2c";
+  form.txtBoard_Click();
+  ASSERT_TRUE(form.frmSelCards.IsChosen(Cell(13, 3)));
+  // The user types another flop into the box while the picker is open.
+  form.txtBoard.text = "Qh9h4c";
+  form.txtBoard_Change();
+  std::vector<int> chosen;
+  for (int i = 0; i < 52; ++i) {
+    if (form.frmSelCards.IsChosen(i)) chosen.push_back(i);
+  }
+  EXPECT_EQ(chosen, (std::vector<int>{Cell(4, 0), Cell(12, 2), Cell(9, 2)}));
+  form.frmSelCards.cmdOK_Click();
+  EXPECT_FALSE(form.frmSelCards.visible);
+  EXPECT_EQ(form.txtBoard.text, "4cQh9h");  // the typed cards, in cell order as every OK writes them
+  EXPECT_TRUE(services.messages.empty());
+}
+
+TEST_F(CardEntry, WhicheverHandActedLastDecidesWhatOkWrites) {
+  form.txtMyHand_Click();
+  form.frmSelCards.Card_MouseUp(Cell(14, 2), kLeftButton);  // Ah clicked
+  form.txtMyHand.text = "Qs";
+  form.txtMyHand_Change();  // half a hand typed: nothing else is chosen
+  EXPECT_EQ(form.frmSelCards.ChosenCount(false), 1);
+  EXPECT_TRUE(form.frmSelCards.IsChosen(Cell(12, 3)));
+  form.frmSelCards.Card_MouseUp(Cell(2, 0), kLeftButton);  // then 2c clicked
+  form.frmSelCards.cmdOK_Click();
+  EXPECT_EQ(form.txtMyHand.text, "2cQs");
+}
+
+TEST_F(CardEntry, TypingInTheOtherBoxLeavesThePickersChoiceAlone) {
+  form.txtBoard.text = "Ks7d2c";
+  form.txtBoard_Click();
+  form.txtMyHand.text = "AhAd";
+  form.txtMyHand_Change();
+  EXPECT_EQ(form.frmSelCards.ChosenCount(false), 3);
+  EXPECT_FALSE(form.frmSelCards.IsChosen(Cell(14, 2)));
+  // With the picker closed, typing changes nothing of it.
+  form.frmSelCards.cmdCancel_Click();
+  form.txtBoard.text = "Ah";
+  form.txtBoard_Change();
+  EXPECT_EQ(form.frmSelCards.ChosenCount(false), 3);
+}
+
 TEST_F(CardEntry, AChosenCellClickedAgainIsUnchosen) {
   form.txtMyHand_Click();
   form.frmSelCards.Card_MouseUp(5, kLeftButton);

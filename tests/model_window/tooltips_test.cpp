@@ -80,12 +80,76 @@ TEST_F(ToolTips, TheEquityReadOutsSayWhatTheyMeasureAndTheUnroundedValueAfterACa
   model.myEquity = 57.25;
   model.oppEquity = 42.75;
   model.equityStreet = kFlop;
-  EXPECT_EQ(
-      model.EquityToolTip(true),
-      "My Hand's equity against the opponent's range: 57.25%, on the flop, every turn and river dealt out");
-  EXPECT_EQ(
-      model.EquityToolTip(false),
-      "The opponent's range's equity against My Hand: 42.75%, on the flop, every turn and river dealt out");
+  EXPECT_EQ(model.EquityToolTip(true).rfind("My Hand's equity against the opponent's range: 57.25%, on the "
+                                            "flop, every turn and river dealt out\n",
+                                            0),
+            0u)
+      << model.EquityToolTip(true);
+  EXPECT_EQ(model.EquityToolTip(false).rfind("The opponent's range's equity against My Hand: 42.75%, on the "
+                                             "flop, every turn and river dealt out\n",
+                                             0),
+            0u)
+      << model.EquityToolTip(false);
+}
+
+TEST_F(ToolTips, UnderTheProgramsOwnRulesAReadOutNamesThemAndWhereToSwitch) {
+  ASSERT_TRUE(Start());
+  model.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
+  model.txtMyHand.text = "KhKd";
+  model.txtBoard.text = "Tc8h3s9d2c";
+  model.cmdCalcEquity_Click();
+  ASSERT_EQ(model.lblMyEquity.caption, "0.0%");  // the river reads 0.0% under these rules
+  for (const bool mine : {true, false}) {
+    const std::string tip = model.EquityToolTip(mine);
+    EXPECT_NE(tip.find("on the river, where no calculation runs\nShowdown rules: this program's own. "),
+              std::string::npos)
+        << tip;
+    EXPECT_NE(tip.find("A flush needs exactly five cards of one suit"), std::string::npos) << tip;
+    EXPECT_NE(tip.find("Options > Operation > Standard Showdown Rules"), std::string::npos) << tip;
+  }
+  // Ticked, the read-out gives the standard rules' tally and no word of the program's own.
+  model.mnuStandardShowdownRules_Click();
+  model.cmdCalcEquity_Click();
+  const std::string standard = model.EquityToolTip(true);
+  EXPECT_NE(standard.find(", standard rules: "), std::string::npos) << standard;
+  EXPECT_EQ(standard.find("this program's own"), std::string::npos) << standard;
+}
+
+TEST_F(ToolTips, MyHandSaysARangeIsTakenOnlyUnderTheStandardRules) {
+  ASSERT_TRUE(Start());
+  // The box always says what it takes; the note on a range comes only while a range waits in it.
+  const std::string plain = model.MyHandToolTip();
+  EXPECT_NE(plain.find("AhKd"), std::string::npos) << plain;
+  EXPECT_EQ(plain.find("reads as a range"), std::string::npos) << plain;
+  model.txtMyHand.text = "QQ+, AKs";
+  const std::string tip = model.MyHandToolTip();
+  EXPECT_NE(tip.find("reads as a range"), std::string::npos) << tip;
+  EXPECT_NE(tip.find("Options > Operation > Standard Showdown Rules"), std::string::npos) << tip;
+  // Enter keeps the hand's two messages; the hint is the box's own.
+  model.txtMyHand_KeyDown(kKeyEnter);
+  EXPECT_EQ(services.messageTexts(),
+            (std::vector<std::string>{"My hand is invalid. Valid Eg: AhAd", "Bad Input"}));
+  for (const char* text : {"AhKd", "ah kd", "AhXd", "AKx"}) {
+    model.txtMyHand.text = text;
+    EXPECT_EQ(model.MyHandToolTip(), plain) << text;  // two cards, or no range either
+  }
+  model.txtMyHand.text = "QQ+, AKs";
+  model.mnuStandardShowdownRules_Click();
+  EXPECT_EQ(model.MyHandToolTip(), plain);  // ticked, the box takes it
+}
+
+TEST_F(ToolTips, TheSaveLabelSaysANewProfileStartsWithAFreshRangeAsItDoes) {
+  ASSERT_TRUE(Start());
+  const std::string tip = CommandLabelToolTip(CommandLabel::lblSave);
+  EXPECT_EQ(tip.find("grid's range"), std::string::npos) << tip;
+  EXPECT_NE(tip.find("a fresh, empty range"), std::string::npos) << tip;
+  // What it says: a range on the grid, a new name saved, and the new profile holds nothing.
+  model.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
+  model.PFHand_MouseUp(Block("JTs"), kRightButton, 0);
+  TypePlayer("Villain", kKeyEnter);
+  ASSERT_EQ(model.currentProfile()->name, "Villain");
+  EXPECT_EQ(model.BlockToolTip(Block("AA")), "AA: 0 of 6 in range");
+  EXPECT_EQ(model.BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range");
 }
 
 TEST_F(ToolTips, ACategoryNodeOfTheTreeSaysWhatItsTerseCaptionMeansAndAHoldingHasNone) {
