@@ -5,6 +5,7 @@
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
 #include "equity/calc_equity.h"
+#include "equity/class_equity.h"
 #include "equity/engine.h"
 #include "equity/equity_display.h"
 #include "equity/range_equity.h"
@@ -46,6 +47,7 @@ void Form1Model::ClearEquityDisplay() {
   lbloppEquity.caption.clear();
   lblMyEquity.toolTip.clear();
   lbloppEquity.toolTip.clear();
+  heatMap.reset();
 }
 
 void Form1Model::cmdCalcEquity_Click() {
@@ -78,6 +80,8 @@ void Form1Model::cmdCalcEquity_Click() {
     lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
     lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
   }
+  if (options.equityHeatMap && outcome.status == EquityStatus::Calculated)
+    heatMap = ClassEquitiesOfHand(request.cards, request.range, request.rules);
 }
 
 void Form1Model::CalcMyRangeEquity() {
@@ -111,6 +115,7 @@ void Form1Model::CalcMyRangeEquity() {
     lblMyEquity.toolTip = ShowdownTallyText(result.tally);
     lbloppEquity.toolTip = ShowdownTallyText(result.tally.Reversed());
   }
+  if (options.equityHeatMap) heatMap = ClassEquitiesOfRange(mine, theirs, cards.board, cards.street);
 }
 
 void Form1Model::tmrCalcEquity_Timer() {

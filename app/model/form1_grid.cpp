@@ -2,6 +2,7 @@
 #include "app/model/form1_model.h"
 #include "cards/hand_class.h"
 #include "range/grid_colours.h"
+#include "range/heat_colours.h"
 
 namespace quillet {
 namespace {
@@ -53,6 +54,12 @@ void Form1Model::SetBlockColours() {
     ClearEquityDisplay();
   }
   WriteRangeNotation();
+}
+
+Colour Form1Model::ShownBlockColour(int index) const {
+  if (!IsBlockIndex(index)) return 0;
+  if (heatMap && (*heatMap)[index]) return HeatMapColour((*heatMap)[index]->equity);
+  return grid.blockColour[index];
 }
 
 void Form1Model::PFHand_MouseUp(int index, int button, int shift) {
