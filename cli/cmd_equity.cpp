@@ -85,11 +85,9 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   request.cards = CheckCardInputs(input->handText, input->boardText, CardsFor::Equity);
   request.range = CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer);
   request.rules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  request.perClass = perClass;
   const EquityOutcome outcome = CalcEquity(request);
-  // Counted only when asked for, in one more enumeration of the showdowns holding by holding.
-  std::optional<ClassEquities> classes;
-  if (perClass && outcome.status == EquityStatus::Calculated)
-    classes = ClassEquitiesOfHand(request.cards, request.range, request.rules);
+  const std::optional<ClassEquities>& classes = outcome.classes;
 
   // Nothing calculated: refused input (its messages say why) or no My Hand, which the window passes over
   // in silence.

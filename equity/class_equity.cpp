@@ -36,20 +36,23 @@ LiveHoldings LiveOf(std::span<const HandCombo> range, const HandCards& hand, con
   return live;
 }
 
-// Per class the sum of its holdings' tallies, its equity by the standard rules' formula.
-ClassEquities FromTallies(const LiveHoldings& live, std::span<const ShowdownTally> tallies) {
-  std::array<ShowdownTally, kClassCount> sums{};
+// Per class its tally and its equity by the standard rules' formula.
+ClassEquities FromClassTallies(const LiveHoldings& live, const std::array<ShowdownTally, kClassCount>& sums) {
   std::array<int32_t, kClassCount> holdings{};
-  for (std::size_t k = 0; k < live.combos.size(); ++k) {
-    sums[live.classes[k]] += tallies[k];
-    ++holdings[live.classes[k]];
-  }
+  for (const int index : live.classes) ++holdings[index];
   ClassEquities classes;
   for (int i = 0; i < kClassCount; ++i) {
     if (holdings[i] == 0 || sums[i].Showdowns() == 0) continue;
     classes[i] = ClassEquity{EquityFromTally(sums[i]).my, holdings[i], sums[i]};
   }
   return classes;
+}
+
+// Per class the sum of its holdings' tallies.
+ClassEquities FromTallies(const LiveHoldings& live, std::span<const ShowdownTally> tallies) {
+  std::array<ShowdownTally, kClassCount> sums{};
+  for (std::size_t k = 0; k < live.combos.size(); ++k) sums[live.classes[k]] += tallies[k];
+  return FromClassTallies(live, sums);
 }
 
 // Preflop under the program's own rules: per class the mean of the tables' values of its holdings.
@@ -72,18 +75,10 @@ std::optional<ClassEquities> QuilletPreflop(const HandCards& hand, const LiveHol
 // The flop and the turn under the program's own rules: ties are left out and the share is rounded, as the
 // read-outs have it.
 ClassEquities QuilletOnBoard(const CardInputs& cards, const LiveHoldings& live) {
-  std::vector<ShowdownCounts> counts(live.combos.size());
-  CountShowdownsByHolding(cards.hand, cards.board, cards.street, live.combos, counts);
   std::array<ShowdownCounts, kClassCount> sums{};
+  CountShowdownsByClass(cards.hand, cards.board, cards.street, live.combos, sums);
   std::array<int32_t, kClassCount> holdings{};
-  for (std::size_t k = 0; k < live.combos.size(); ++k) {
-    ShowdownCounts& sum = sums[live.classes[k]];
-    sum.total += counts[k].total;
-    sum.myWins += counts[k].myWins;
-    sum.oppWins += counts[k].oppWins;
-    sum.ties += counts[k].ties;
-    ++holdings[live.classes[k]];
-  }
+  for (const int index : live.classes) ++holdings[index];
   ClassEquities classes;
   for (int i = 0; i < kClassCount; ++i) {
     if (holdings[i] == 0 || sums[i].total == 0) continue;
@@ -130,6 +125,12 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
       for (std::size_t k = 0; k < live.combos.size(); ++k)
         tallies[k] = StandardPreflopTally(cards.hand, std::span<const HandCombo>(&live.combos[k], 1));
       return FromTallies(live, tallies);
+    }
+    if (cards.street == kFlop || cards.street == kTurn) {
+      // The classes counted by rank pair, in about the time of the whole range's count.
+      std::array<ShowdownTally, kClassCount> sums{};
+      StandardShowdownTallyByClass(cards.hand, cards.board, cards.street, live.combos, sums);
+      return FromClassTallies(live, sums);
     }
     std::vector<ShowdownTally> tallies(live.combos.size());
     StandardShowdownTallyByHolding(cards.hand, cards.board, cards.street, live.combos, tallies);

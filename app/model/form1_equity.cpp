@@ -66,6 +66,7 @@ void Form1Model::cmdCalcEquity_Click() {
 
   request.range = CurrentRangeCombos();
   request.rules = options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  request.perClass = options.equityHeatMap;
   request.caption = [this](std::string_view caption) {
     label(CommandLabel::cmdCalcEquity).caption = caption;
     services.RepaintNow();
@@ -80,8 +81,7 @@ void Form1Model::cmdCalcEquity_Click() {
     lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
     lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
   }
-  if (options.equityHeatMap && outcome.status == EquityStatus::Calculated)
-    heatMap = ClassEquitiesOfHand(request.cards, request.range, request.rules);
+  heatMap = outcome.classes;
 }
 
 void Form1Model::CalcMyRangeEquity() {

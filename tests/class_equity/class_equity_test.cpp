@@ -11,9 +11,11 @@
 #include "cards/hand_class.h"
 #include "cards/holding.h"
 #include "equity/calc_equity.h"
+#include "equity/engine.h"
 #include "equity/enumeration.h"
 #include "equity/hand_evaluator.h"
 #include "equity/range_equity.h"
+#include "equity/standard_equity.h"
 #include "range/class_list.h"
 
 namespace quillet {
@@ -226,6 +228,83 @@ TEST(ClassEquity, MyRangeAgainstEachClassAddsUpToTheRangeAgainstRangeTally) {
       EXPECT_NEAR(c->equity, alone.MyEquity(), 1e-9);
     }
     EXPECT_EQ(sum, StandardRangeEquity(mine, theirs, cards.board, cards.street).tally) << board;
+  }
+}
+
+}  // namespace
+}  // namespace quillet
+
+namespace quillet {
+namespace {
+
+// Every holding of the deck, flags set.
+std::vector<HandCombo> FullRange() {
+  std::vector<HandCombo> range;
+  for (int32_t number = 0; number < kHoldingCount; ++number) {
+    const auto cards = CardsOfHolding(number);
+    range.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
+  }
+  return range;
+}
+
+// Flush draws, monotone, paired and four-flush boards, where the holdings are read one by one.
+const Spot kFlushSpots[] = {{"AhKd", "Th7h2h"},   {"9s8s", "Ts7s2c"}, {"QcQd", "QhQs5c"},
+                            {"As5d", "Kd9d4d2d"}, {"7c7h", "7d8c9c"}, {"2c3d", "AhKh3h6h"}};
+
+TEST(ClassEquity, ByClassTheTalliesAreTheSumsOfTheHoldingsOwnCountsUnderBothRules) {
+  const std::vector<HandCombo> range = FullRange();
+  for (const Spot& spot : kFlushSpots) {
+    const CardInputs cards = Cards(spot.hand, spot.board);
+    std::vector<HandCombo> live = range;
+    RemoveDeadCombos(live, cards.hand, cards.board, cards.street);
+    std::vector<ShowdownTally> standard(live.size());
+    StandardShowdownTallyByHolding(cards.hand, cards.board, cards.street, live, standard);
+    std::vector<ShowdownCounts> program(live.size());
+    CountShowdownsByHolding(cards.hand, cards.board, cards.street, live, program);
+    std::array<ShowdownTally, kClassCount> expectedStandard{};
+    std::array<ShowdownTally, kClassCount> expectedProgram{};
+    for (std::size_t k = 0; k < live.size(); ++k) {
+      if (!live[k].flag) continue;
+      const int index = ClassOfCombo(live[k]);
+      expectedStandard[index] += standard[k];
+      expectedProgram[index] +=
+          ShowdownTally{static_cast<uint64_t>(program[k].myWins), static_cast<uint64_t>(program[k].ties),
+                        static_cast<uint64_t>(program[k].oppWins)};
+    }
+    const auto byStandard = ClassEquitiesOfHand(cards, range, ShowdownRules::Standard);
+    const auto byProgram = ClassEquitiesOfHand(cards, range, ShowdownRules::Quillet);
+    ASSERT_TRUE(byStandard && byProgram) << spot.board;
+    for (int i = 0; i < kClassCount; ++i) {
+      const std::optional<ClassEquity>& s = (*byStandard)[i];
+      const std::optional<ClassEquity>& p = (*byProgram)[i];
+      ASSERT_EQ(s.has_value(), expectedStandard[i].Showdowns() != 0) << spot.board << " " << i;
+      if (s) {
+        EXPECT_EQ(*s->tally, expectedStandard[i]) << spot.board << " " << HandClasses()[i].caption;
+      }
+      ASSERT_EQ(p.has_value(), expectedProgram[i].Showdowns() != 0) << spot.board << " " << i;
+      if (p) {
+        EXPECT_EQ(*p->tally, expectedProgram[i]) << spot.board << " " << HandClasses()[i].caption;
+      }
+    }
+  }
+}
+
+TEST(ClassEquity, WithThePerClassCountCalcEquityShowsTheSameReadOutsAsWithout) {
+  for (const Spot& spot : kFlushSpots) {
+    for (const ShowdownRules rules : {ShowdownRules::Quillet, ShowdownRules::Standard}) {
+      EquityRequest request;
+      request.cards = Cards(spot.hand, spot.board);
+      request.range = RangeOf(kRange);
+      request.rules = rules;
+      const EquityOutcome plain = CalcEquity(request);
+      request.perClass = true;
+      const EquityOutcome withClasses = CalcEquity(request);
+      EXPECT_FALSE(plain.classes.has_value());
+      ASSERT_TRUE(withClasses.classes.has_value());
+      EXPECT_EQ(withClasses.values.my, plain.values.my) << spot.board;
+      EXPECT_EQ(withClasses.values.opp, plain.values.opp) << spot.board;
+      EXPECT_EQ(withClasses.tally, plain.tally) << spot.board;
+    }
   }
 }
 
