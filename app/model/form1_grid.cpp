@@ -50,6 +50,8 @@ void Form1Model::SetBlockColours() {
     // Restarting the delay turns a burst of range changes into one calculation.
     tmrCalcEquity.Disable();
     tmrCalcEquity.Enable();
+    // The heat map of the old range would colour blocks it no longer has: it comes back with the result.
+    heatMap.reset();
   } else {
     ClearEquityDisplay();
   }

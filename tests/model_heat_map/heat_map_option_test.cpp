@@ -146,6 +146,21 @@ TEST_F(EquityHeatMap, ARangeChangeOrABoardChangeClearsTheColours) {
   EXPECT_FALSE(AnyHeat());
 }
 
+TEST_F(EquityHeatMap, WithAutoCalcPreflopARangeChangeColoursTheBlocksOfTheNewRangeOnly) {
+  model.mnuEquityHeatMap_Click();
+  model.mnuAutoPFEquityCalc_Click();
+  Calc("AhKd", "");
+  const int aces = FindClassByName("AA");
+  ASSERT_NE(model.ShownBlockColour(aces), model.grid.blockColour[aces]);
+  // AA out of the range: until the delayed calculation runs, no block shows the old range's colours.
+  model.PFHand_MouseUp(aces, kLeftButton, 0);
+  ASSERT_EQ(model.profiles[0].rangeLayer[aces].count, 0);
+  EXPECT_FALSE(AnyHeat());
+  model.tmrCalcEquity_Timer();
+  EXPECT_EQ(model.ShownBlockColour(aces), model.grid.blockColour[aces]);
+  EXPECT_TRUE(AnyHeat());
+}
+
 TEST_F(EquityHeatMap, SwitchingTheShowdownRulesClearsTheColours) {
   model.mnuEquityHeatMap_Click();
   Calc("AhKd", "Tc8h3s");
