@@ -37,9 +37,8 @@ LiveHoldings LiveOf(std::span<const HandCombo> range, const HandCards& hand, con
 }
 
 // Per class its tally and its equity by the standard rules' formula.
-ClassEquities FromClassTallies(const LiveHoldings& live, const std::array<ShowdownTally, kClassCount>& sums) {
-  std::array<int32_t, kClassCount> holdings{};
-  for (const int index : live.classes) ++holdings[index];
+ClassEquities FromClassTallies(const std::array<int32_t, kClassCount>& holdings,
+                               const std::array<ShowdownTally, kClassCount>& sums) {
   ClassEquities classes;
   for (int i = 0; i < kClassCount; ++i) {
     if (holdings[i] == 0 || sums[i].Showdowns() == 0) continue;
@@ -51,8 +50,12 @@ ClassEquities FromClassTallies(const LiveHoldings& live, const std::array<Showdo
 // Per class the sum of its holdings' tallies.
 ClassEquities FromTallies(const LiveHoldings& live, std::span<const ShowdownTally> tallies) {
   std::array<ShowdownTally, kClassCount> sums{};
-  for (std::size_t k = 0; k < live.combos.size(); ++k) sums[live.classes[k]] += tallies[k];
-  return FromClassTallies(live, sums);
+  std::array<int32_t, kClassCount> holdings{};
+  for (std::size_t k = 0; k < live.combos.size(); ++k) {
+    sums[live.classes[k]] += tallies[k];
+    ++holdings[live.classes[k]];
+  }
+  return FromClassTallies(holdings, sums);
 }
 
 // Preflop under the program's own rules: per class the mean of the tables' values of its holdings.
@@ -74,11 +77,24 @@ std::optional<ClassEquities> QuilletPreflop(const HandCards& hand, const LiveHol
 
 // The flop and the turn under the program's own rules: ties are left out and the share is rounded, as the
 // read-outs have it.
-ClassEquities QuilletOnBoard(const CardInputs& cards, const LiveHoldings& live) {
-  std::array<ShowdownCounts, kClassCount> sums{};
-  CountShowdownsByClass(cards.hand, cards.board, cards.street, live.combos, sums);
+// The live holdings of each class on the flop or the turn, read from the list as it stands (no copy: the
+// counts by class leave the dead holdings out themselves).
+std::array<int32_t, kClassCount> LiveHoldingsPerClass(const CardInputs& cards,
+                                                      std::span<const HandCombo> range) {
+  const uint64_t dead = KnownCardsWithHand(cards.hand, cards.board, cards.street).bits;
   std::array<int32_t, kClassCount> holdings{};
-  for (const int index : live.classes) ++holdings[index];
+  for (const HandCombo& combo : range) {
+    if (!IsLiveHolding(combo, dead)) continue;
+    const int index = ClassOfCombo(combo);
+    if (index >= 0) ++holdings[index];
+  }
+  return holdings;
+}
+
+ClassEquities QuilletOnBoard(const CardInputs& cards, std::span<const HandCombo> range) {
+  std::array<ShowdownCounts, kClassCount> sums{};
+  CountShowdownsByClass(cards.hand, cards.board, cards.street, range, sums);
+  const std::array<int32_t, kClassCount> holdings = LiveHoldingsPerClass(cards, range);
   ClassEquities classes;
   for (int i = 0; i < kClassCount; ++i) {
     if (holdings[i] == 0 || sums[i].total == 0) continue;
@@ -117,6 +133,14 @@ std::vector<HandCombo> CombosOf(const HoldingSet& holdings) {
 std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::span<const HandCombo> range,
                                                  ShowdownRules rules) {
   if (!cards.ok() || !cards.hasHand()) return std::nullopt;
+  const bool enumerates = cards.street == kFlop || cards.street == kTurn;
+  if (enumerates && rules == ShowdownRules::Quillet) return QuilletOnBoard(cards, range);
+  if (enumerates) {
+    // The classes counted by rank pair, in about the time of the whole range's count.
+    std::array<ShowdownTally, kClassCount> sums{};
+    StandardShowdownTallyByClass(cards.hand, cards.board, cards.street, range, sums);
+    return FromClassTallies(LiveHoldingsPerClass(cards, range), sums);
+  }
   const LiveHoldings live = LiveOf(range, cards.hand, cards.board, cards.street);
   if (rules == ShowdownRules::Standard) {
     if (cards.street == kNoBoard) {
@@ -126,12 +150,6 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
         tallies[k] = StandardPreflopTally(cards.hand, std::span<const HandCombo>(&live.combos[k], 1));
       return FromTallies(live, tallies);
     }
-    if (cards.street == kFlop || cards.street == kTurn) {
-      // The classes counted by rank pair, in about the time of the whole range's count.
-      std::array<ShowdownTally, kClassCount> sums{};
-      StandardShowdownTallyByClass(cards.hand, cards.board, cards.street, live.combos, sums);
-      return FromClassTallies(live, sums);
-    }
     std::vector<ShowdownTally> tallies(live.combos.size());
     StandardShowdownTallyByHolding(cards.hand, cards.board, cards.street, live.combos, tallies);
     return FromTallies(live, tallies);
@@ -139,9 +157,6 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
   switch (cards.street) {
     case kNoBoard:
       return QuilletPreflop(cards.hand, live);
-    case kFlop:
-    case kTurn:
-      return QuilletOnBoard(cards, live);
     default:  // the river: the read-outs show nothing
       return std::nullopt;
   }
@@ -181,8 +196,21 @@ std::optional<ClassEquities> ClassEquitiesOfRange(std::span<const HandCombo> myR
     }
     return FromTallies(live, tallies);
   }
-  // One holding of my range at a time against every holding of the other, each by its own tally (a
-  // holding sharing a card with mine counts nothing against it).
+  if (street == kFlop || street == kTurn) {
+    // One holding of my range at a time against the other range, counted by class (a holding sharing a
+    // card with mine takes no part against it).
+    std::array<ShowdownTally, kClassCount> sums{};
+    std::array<ShowdownTally, kClassCount> against{};
+    for (const int32_t h : mine) {
+      StandardShowdownTallyByClass(HandOfHolding(h), board, street, live.combos, against);
+      for (int i = 0; i < kClassCount; ++i) sums[i] += against[i];
+    }
+    std::array<int32_t, kClassCount> holdings{};
+    for (const int index : live.classes) ++holdings[index];
+    return FromClassTallies(holdings, sums);
+  }
+  // The river: one holding of my range at a time against every holding of the other, each by its own
+  // tally.
   std::vector<ShowdownTally> against(live.combos.size());
   for (const int32_t h : mine) {
     StandardShowdownTallyByHolding(HandOfHolding(h), board, street, live.combos, against);
