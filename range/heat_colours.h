@@ -27,10 +27,4 @@ inline Colour HeatMapColour(double equity) {
   return Rgb(mix(RedOf(from), RedOf(to)), mix(GreenOf(from), GreenOf(to)), mix(BlueOf(from), BlueOf(to)));
 }
 
-// Whether black text reads better than white on `background` (by its luma, as the grid's block text is
-// chosen).
-constexpr bool DarkTextReads(Colour background) {
-  return 0.299 * RedOf(background) + 0.587 * GreenOf(background) + 0.114 * BlueOf(background) >= 127.5;
-}
-
 }  // namespace quillet

@@ -31,13 +31,5 @@ TEST(HeatColours, FarBehindIsRedderAndFarAheadGreenerThanEven) {
     EXPECT_GT(GreenOf(HeatMapColour(e)), RedOf(HeatMapColour(e))) << e;
 }
 
-TEST(HeatColours, TheTextIsWhiteOnDeepRedAndGreenAndBlackOnYellow) {
-  EXPECT_FALSE(DarkTextReads(HeatMapColour(0.0)));
-  EXPECT_TRUE(DarkTextReads(HeatMapColour(50.0)));
-  EXPECT_FALSE(DarkTextReads(HeatMapColour(100.0)));
-  EXPECT_TRUE(DarkTextReads(0xFFFFFF));
-  EXPECT_FALSE(DarkTextReads(0x000000));
-}
-
 }  // namespace
 }  // namespace quillet

@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "app/gui/qt_convert.h"
 #include "app/gui/qt_services.h"
 #include "app/gui/result_icons.h"
 #include "app/model/form1_model.h"
@@ -512,6 +513,10 @@ void Form1Test::equityHeatMapColoursTheBlocksAfterCalcEquityAndUntickedLeavesThe
     QCOMPARE(BlockOnScreen(form, name), ModelColour(HeatMapColour(heat->equity)));
   }
   QCOMPARE(BlockOnScreen(form, "72"), ModelColour(s.model.grid.blockColour[FindClassByName("72")]));
+  // The block text is white on the deep red and green ends of the scale, black on its yellow middle.
+  QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(0.0), form.palette())), QColor(Qt::white));
+  QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(50.0), form.palette())), QColor(Qt::black));
+  QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(100.0), form.palette())), QColor(Qt::white));
   // The tooltip of a block carries my equity against it.
   QVERIFY(s.model.BlockToolTip(FindClassByName("AA")).find("live holdings") != std::string::npos);
 
