@@ -8,7 +8,9 @@
 #include "cli/equity_ranges.h"
 #include "cli/hand_board_range.h"
 #include "cli/options.h"
+#include "cli/per_class.h"
 #include "equity/calc_equity.h"
+#include "equity/class_equity.h"
 #include "equity/equity_display.h"
 #include "equity/tally_text.h"
 
@@ -16,7 +18,8 @@ namespace quillet::cli {
 namespace {
 
 constexpr const char* kEquityUsage =
-    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--standard-rules] [--json]";
+    "--hand TEXT --board TEXT (--range LIST | --top PCT) [--seen LIST] [--standard-rules] [--per-class] "
+    "[--json]";
 constexpr const char* kEquitySummary =
     "My Hand's equity against every live holding of the range: the preflop tables without a board, every "
     "completion on the flop and the turn (the river shows 0.0%); LIST and PCT as for cook; --json gives the "
@@ -57,6 +60,12 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
                "the standard showdown rules (\"Standard Showdown Rules\"): best five of seven, ties split; "
                "--json adds win, tie, lose, showdowns and rules");
 
+  bool perClass = false;
+  app.add_flag(
+      "--per-class", perClass,
+      "my equity against each class of the range: --json adds \"classes\" (class, equity, holdings), "
+      "the text a 13 x 13 table of rounded equities laid out like the grid");
+
   std::string handRange;
   app.add_option("--hand-range", handRange,
                  "my range in range notation in place of --hand: my range against --range (notation) under "
@@ -67,7 +76,7 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   if (!positional) return status;
   if (Given(app, "--hand-range")) {
     if (!RefuseWithHandRange(app, *positional, err)) return kExitBadInput;
-    return RunEquityRanges({handRange, options.range, options.board, json}, out, err);
+    return RunEquityRanges({handRange, options.range, options.board, json, perClass}, out, err);
   }
   const auto input = ReadHandBoardRange(app, options, *positional, "equity", err);
   if (!input) return kExitBadInput;
@@ -76,7 +85,9 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
   request.cards = CheckCardInputs(input->handText, input->boardText, CardsFor::Equity);
   request.range = CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer);
   request.rules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  request.perClass = perClass;
   const EquityOutcome outcome = CalcEquity(request);
+  const std::optional<ClassEquities>& classes = outcome.classes;
 
   // Nothing calculated: refused input (its messages say why) or no My Hand, which the window passes over
   // in silence.
@@ -107,11 +118,20 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
       }
       result["rules"] = std::string(ShowdownRulesName(request.rules));
     }
+    // null where the read-outs have nothing to split (the river under the program's own rules).
+    if (perClass) result["classes"] = classes ? ClassEquitiesJson(*classes) : Json(nullptr);
     out << JsonText(result) << "\n";
   } else {
     out << "My Equity: " << FormatEquityReadOut(my) << "\n"
         << "Opp Equity: " << FormatEquityReadOut(opp) << "\n";
     if (outcome.tally) out << ShowdownTallyText(*outcome.tally) << "\n";
+    if (perClass) {
+      if (classes) {
+        out << "My equity per class (%):\n" << ClassEquitiesTable(*classes);
+      } else {
+        out << "My equity per class: none on this street under these rules\n";
+      }
+    }
   }
   return status;
 }

@@ -6,6 +6,8 @@
 
 #include "cards/card_input.h"
 #include "cli/commands.h"
+#include "cli/per_class.h"
+#include "equity/class_equity.h"
 #include "equity/equity_display.h"
 #include "equity/range_equity.h"
 #include "equity/tally_text.h"
@@ -64,16 +66,23 @@ int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::
   const bool counted = tally.Showdowns() > 0;
   const double my = counted ? tally.EquityPercent() : -1.0;
   const double opp = counted ? tally.Reversed().EquityPercent() : -1.0;
+  std::optional<ClassEquities> classes;
+  if (request.perClass) {
+    classes = ClassEquitiesOfRange(mine.holdings, theirs.holdings, board, street);
+  }
   if (request.json) {
     out << "{\"my\":" << JsonNumber(my) << ",\"opp\":" << JsonNumber(opp)
         << ",\"win\":" << JsonNumber(tally.WinPercent()) << ",\"tie\":" << JsonNumber(tally.TiePercent())
         << ",\"lose\":" << JsonNumber(tally.LossPercent()) << ",\"showdowns\":" << tally.Showdowns()
-        << ",\"street\":" << street << ",\"rules\":\"" << ShowdownRulesName(ShowdownRules::Standard)
-        << "\"}\n";
+        << ",\"street\":" << street << ",\"rules\":\"" << ShowdownRulesName(ShowdownRules::Standard) << "\"";
+    if (request.perClass)
+      out << ",\"classes\":" << (classes ? ClassEquitiesJson(*classes).dump() : std::string("null"));
+    out << "}\n";
   } else {
     out << "My Equity: " << FormatEquityReadOut(my) << "\n"
         << "Opp Equity: " << FormatEquityReadOut(opp) << "\n"
         << ShowdownTallyText(tally) << "\n";
+    if (classes) out << "My equity per class (%):\n" << ClassEquitiesTable(*classes);
   }
   return kExitOk;
 }

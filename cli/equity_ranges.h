@@ -12,6 +12,7 @@ struct EquityRangesRequest {
   std::string range;      // the opponent's range, in range notation
   std::string board;      // "" or three to five cards, as the Board box takes them
   bool json = false;
+  bool perClass = false;  // my range's equity against each class of the opponent's too
 };
 
 // Reads the two ranges and the board, counts every showdown and writes the result: the two equities as

@@ -41,16 +41,43 @@ EquityOutcome CalcEquity(const EquityRequest& request) {
   std::vector<HandCombo> live = request.range;
   RemoveDeadCombos(live, cards.hand, cards.board, cards.street);
 
+  const bool enumerates = cards.street == kFlop || cards.street == kTurn;
+  // On the flop and the turn the classes' showdowns add up to the whole range's: one enumeration.
+  std::optional<ShowdownTally> classSum;
+  if (request.perClass) {
+    if (enumerates && request.caption) request.caption(kCalculatingCaption);
+    outcome.classes = ClassEquitiesOfHand(cards, request.range, request.rules);
+    if (enumerates && request.caption) request.caption(kCalcEquityCaption);
+    if (enumerates && outcome.classes) {
+      classSum.emplace();
+      for (const std::optional<ClassEquity>& c : *outcome.classes) {
+        if (c && c->tally) *classSum += *c->tally;
+      }
+    }
+  }
+
   switch (request.rules) {
     case ShowdownRules::Quillet:
-      outcome.values = QuilletEquity(cards, live, request.caption, outcome.messages);
+      if (classSum) {
+        ShowdownCounts counts;
+        counts.total = static_cast<int64_t>(classSum->Showdowns());
+        counts.myWins = static_cast<int64_t>(classSum->wins);
+        counts.ties = static_cast<int64_t>(classSum->ties);
+        counts.oppWins = static_cast<int64_t>(classSum->losses);
+        outcome.values = EquityFromCounts(counts);
+      } else {
+        outcome.values = QuilletEquity(cards, live, request.caption, outcome.messages);
+      }
       outcome.status = EquityStatus::Calculated;
       break;
     case ShowdownRules::Standard: {
-      const bool enumerates = cards.street == kFlop || cards.street == kTurn;
-      if (enumerates && request.caption) request.caption(kCalculatingCaption);
-      outcome.tally = StandardEquityTally(cards.hand, cards.board, cards.street, live);
-      if (enumerates && request.caption) request.caption(kCalcEquityCaption);
+      if (classSum) {
+        outcome.tally = classSum;
+      } else {
+        if (enumerates && request.caption) request.caption(kCalculatingCaption);
+        outcome.tally = StandardEquityTally(cards.hand, cards.board, cards.street, live);
+        if (enumerates && request.caption) request.caption(kCalcEquityCaption);
+      }
       outcome.values = outcome.tally ? EquityFromTally(*outcome.tally)
                                      : QuilletEquity(cards, live, request.caption, outcome.messages);
       outcome.status = EquityStatus::Calculated;

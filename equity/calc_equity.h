@@ -13,6 +13,7 @@
 
 #include "cards/card.h"
 #include "cards/card_input.h"
+#include "equity/class_equity.h"
 #include "equity/engine.h"
 #include "equity/equity_result.h"
 #include "equity/showdown_rules.h"
@@ -24,6 +25,9 @@ struct EquityRequest {
   std::vector<HandCombo> range;  // holdings as CollectRangeCombos gives them; the dead ones are dropped here
   ShowdownRules rules = ShowdownRules::Quillet;
   CaptionSink caption;  // told "Calculating" and "Calc Equity" around a flop or turn enumeration
+  // My Hand's equity against each class of the range too (the heat map). On the flop and the turn the one
+  // enumeration by class then gives the read-outs as well (the same showdowns, summed over the classes).
+  bool perClass = false;
 };
 
 enum class EquityStatus {
@@ -46,6 +50,8 @@ struct EquityOutcome {
   // program's own rules, and preflop while no exact preflop table is loaded (the matchup tables' mean
   // stands then).
   std::optional<ShowdownTally> tally;
+  // With `perClass`: the equity against each class (class_equity.h); none where the read-outs show nothing.
+  std::optional<ClassEquities> classes;
 };
 
 EquityOutcome CalcEquity(const EquityRequest& request);

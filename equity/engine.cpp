@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cards/showdown_key.h"
+#include "equity/class_board_counter.h"
 #include "equity/enumeration.h"
 #include "equity/hand_against_range.h"
 #include "equity/rank_pair.h"
@@ -166,6 +167,31 @@ void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, i
     c.myWins = byKey.tally().First(i);
     c.ties = byKey.tally().Second(i);
     c.oppWins = c.total - c.myWins - c.ties;
+  }
+}
+
+void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+                           std::span<const HandCombo> combos, std::span<ShowdownCounts> counts) {
+  std::fill(counts.begin(), counts.end(), ShowdownCounts{});
+  if (counts.size() < static_cast<std::size_t>(kClassCount)) return;
+  if (street != kFlop && street != kTurn) return;
+  const KnownCards known = KnownCardsWithHand(myHand, board, street);
+  if (!known.valid()) return;
+  const ProgramRules rules(board, street);
+  ClassBoardCounter<ProgramRules> counter(rules, myHand, board, street, combos, [&](const HandCombo& combo) {
+    return IsLiveHolding(combo, known.bits);
+  });
+  if (counter.empty()) return;
+  const int remaining =
+      ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });
+  const int64_t meets = BoardsMet(street, remaining);
+  const ClassWinsAndTies& c = counter.Finish();
+  for (int cls = 0; cls < kClassCount; ++cls) {
+    ShowdownCounts& out = counts[cls];
+    out.total = c.holdings[cls] * meets;
+    out.myWins = c.wins[cls];
+    out.ties = c.ties[cls];
+    out.oppWins = out.total - out.myWins - out.ties;
   }
 }
 

@@ -47,6 +47,14 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
 void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
                              std::span<const HandCombo> combos, std::span<ShowdownCounts> counts);
 
+// The same showdowns on the flop or the turn summed per starting-hand class, in one enumeration counted by
+// rank pair (class_board_counter.h): `counts[c]` for grid block c (cards/hand_class.h). Only the live
+// holdings take part (flag set, two cards of the deck, none shared with My Hand or the board), as after
+// the equity command has removed the dead ones. Other streets, or a My Hand or board with a card twice,
+// count nothing. `counts` must have kClassCount entries (else it is only cleared).
+void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+                           std::span<const HandCombo> combos, std::span<ShowdownCounts> counts);
+
 // Result R: ties are left out of the denominator, so the two shares add up to 100 before rounding; each
 // is rounded half to even to two decimals from the exact fraction. 50 and 50 when every showdown tied,
 // -1 and -1 when there was none.

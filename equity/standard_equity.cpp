@@ -5,6 +5,7 @@
 #include <bit>
 #include <vector>
 
+#include "equity/class_board_counter.h"
 #include "equity/enumeration.h"
 #include "equity/hand_against_range.h"
 #include "equity/hand_evaluator.h"
@@ -110,6 +111,30 @@ void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& b
     tally.wins = counter.tally().First(i);
     tally.ties = counter.tally().Second(i);
     tally.losses = meets - tally.wins - tally.ties;
+  }
+}
+
+void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+                                  std::span<const HandCombo> combos, std::span<ShowdownTally> tallies) {
+  std::fill(tallies.begin(), tallies.end(), ShowdownTally{});
+  if (tallies.size() < static_cast<std::size_t>(kClassCount)) return;
+  if (street != kFlop && street != kTurn) return;
+  const KnownCards known = KnownCardsWithHand(myHand, board, street);
+  if (!known.valid()) return;
+  const StandardRules rules(board, street);
+  ClassBoardCounter<StandardRules> counter(rules, myHand, board, street, combos, [&](const HandCombo& combo) {
+    return IsLiveHolding(combo, known.bits);
+  });
+  if (counter.empty()) return;
+  const int remaining =
+      ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });
+  const int64_t meets = BoardsMet(street, remaining);
+  const ClassWinsAndTies& c = counter.Finish();
+  for (int cls = 0; cls < kClassCount; ++cls) {
+    ShowdownTally& out = tallies[cls];
+    out.wins = static_cast<uint64_t>(c.wins[cls]);
+    out.ties = static_cast<uint64_t>(c.ties[cls]);
+    out.losses = static_cast<uint64_t>(c.holdings[cls] * meets - c.wins[cls] - c.ties[cls]);
   }
 }
 

@@ -40,6 +40,13 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
 void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
                                     std::span<const HandCombo> combos, std::span<ShowdownTally> tallies);
 
+// The same showdowns on the flop or the turn summed per starting-hand class, in one enumeration counted by
+// rank pair (class_board_counter.h): `tallies[c]` for grid block c (cards/hand_class.h). Summed over the
+// classes they are StandardShowdownTally's tally. Other streets count nothing. `tallies` must have
+// kClassCount entries (else it is only cleared).
+void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+                                  std::span<const HandCombo> combos, std::span<ShowdownTally> tallies);
+
 // Every showdown preflop (every five-card board), read from the exact preflop table of matchup classes.
 // No value while the program has no such table (or it failed to load): callers then fall back to the
 // preflop path of the program's own rules. This is the one place the standard preflop tally is taken from;

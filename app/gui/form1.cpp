@@ -166,6 +166,11 @@ void Form1::BuildControls() {
   grid_ = new HandGridWidget(model_, this);
   grid_->setObjectName(QStringLiteral("PFHand"));
   grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * 20 + 1);  // rows of 20 leave room for the notation box
+  // While "Equity Heat Map" is ticked the rows are one pixel lower and its legend takes the room freed.
+  heatLegend_ = new HeatLegendWidget(this);
+  heatLegend_->setObjectName(QStringLiteral("HeatLegend"));
+  heatLegend_->setGeometry(8, 144 + 13 * 19 + 2, 13 * 34 + 1, 13);
+  heatLegend_->setVisible(false);
 
   txtRange_ = new QLineEdit(this);
   txtRange_->setObjectName(QStringLiteral("txtRange"));
@@ -240,6 +245,8 @@ void Form1::BuildMenus() {
   tick(display, "mnuCheckBoxes", "Check Boxes", &MenuOptions::checkBoxes, &Form1Model::mnuCheckBoxes_Click);
   tick(display, "mnuEquityPerCategory", "Equity per Category", &MenuOptions::equityPerCategory,
        &Form1Model::mnuEquityPerCategory_Click);
+  tick(display, "mnuEquityHeatMap", "Equity Heat Map", &MenuOptions::equityHeatMap,
+       &Form1Model::mnuEquityHeatMap_Click);
   QMenu* appearance = optionsMenu_->addMenu(QStringLiteral("Appearance"));
   appearance->setObjectName(QStringLiteral("mnuAppearance"));
   tick(appearance, "mnuCategoryIcons", "Category Icons", &MenuOptions::categoryIcons,
@@ -468,6 +475,9 @@ void Form1::Refresh() {
   if (slider_->value() != model_.Slider1.value) slider_->setValue(model_.Slider1.value);
   showingSlider_ = false;
 
+  const int rowHeight = model_.options.equityHeatMap ? 19 : 20;
+  if (grid_->height() != 13 * rowHeight + 1) grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * rowHeight + 1);
+  heatLegend_->setVisible(model_.options.equityHeatMap);
   grid_->update();
   matrix_->update();
   lblSeen_->setVisible(model_.lblSeenVisible);

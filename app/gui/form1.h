@@ -123,6 +123,7 @@ class Form1 : public QWidget {
   CardTextBox* txtBoard_ = nullptr;
   HandGridWidget* grid_ = nullptr;
   SuitMatrixWidget* matrix_ = nullptr;
+  HeatLegendWidget* heatLegend_ = nullptr;
   QLineEdit* txtRange_ = nullptr;
   QLineEdit* txtNotation_ = nullptr;
   QSlider* slider_ = nullptr;

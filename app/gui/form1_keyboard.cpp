@@ -28,6 +28,7 @@ constexpr MenuTip kMenuTips[] = {
     {"mnuCheckBoxes",
      "Put a check box on each category and group of the results tree, for Keep Only Checked"},
     {"mnuEquityPerCategory", "End each category of the results tree with My Hand's equity against its hands"},
+    {"mnuEquityHeatMap", "After Calc Equity colour each block of the range by My Hand's equity against it"},
     {"mnuAppearance", "Icons and colours"},
     {"mnuCategoryIcons", "Show an icon beside each category of the results tree"},
     {"mnuWinLoseIcons",

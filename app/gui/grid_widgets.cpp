@@ -9,6 +9,7 @@
 
 #include "app/gui/qt_convert.h"
 #include "cards/hand_class.h"
+#include "range/heat_colours.h"
 
 namespace quillet::gui {
 namespace {
@@ -88,7 +89,7 @@ void HandGridWidget::paintEvent(QPaintEvent*) {
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
     const QRect cell = BlockRect(i).adjusted(0, 0, -1, -1);
-    const QColor fill = ToQColor(model_.grid.blockColour[i], palette());
+    const QColor fill = ToQColor(model_.ShownBlockColour(i), palette());
     painter.fillRect(cell, fill);
     painter.setPen(ReadableTextOn(fill));
     painter.drawText(cell, Qt::AlignCenter, QString::fromLatin1(classes[i].caption.c_str()));
@@ -103,6 +104,32 @@ void HandGridWidget::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(QColor(255, 255, 255), 1));
     painter.drawRect(cell.adjusted(0, 0, -1, -1));
   }
+}
+
+HeatLegendWidget::HeatLegendWidget(QWidget* parent) : QWidget(parent) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setToolTip(
+      QStringLiteral("Equity Heat Map: my equity against each block of the range, red where I am far "
+                     "behind, yellow near 50 %, green where I am far ahead"));
+}
+
+void HeatLegendWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const int w = width();
+  for (int x = 0; x < w; ++x) {
+    const double equity = w > 1 ? 100.0 * x / (w - 1) : 50.0;
+    painter.fillRect(QRect(x, 0, 1, height()), ToQColor(HeatMapColour(equity), palette()));
+  }
+  QFont font = this->font();
+  font.setPixelSize(10);
+  painter.setFont(font);
+  const QRect text = rect().adjusted(3, 0, -3, 0);
+  painter.setPen(ReadableTextOn(ToQColor(HeatMapColour(0.0), palette())));
+  painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("0 % behind"));
+  painter.setPen(ReadableTextOn(ToQColor(HeatMapColour(50.0), palette())));
+  painter.drawText(text, Qt::AlignHCenter | Qt::AlignVCenter, QStringLiteral("50 %"));
+  painter.setPen(ReadableTextOn(ToQColor(HeatMapColour(100.0), palette())));
+  painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("ahead 100 %"));
 }
 
 void HandGridWidget::keyPressEvent(QKeyEvent* event) {

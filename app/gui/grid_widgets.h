@@ -66,6 +66,18 @@ class SuitMatrixWidget : public QWidget {
   int pressedCell_ = -1;
 };
 
+// The heat map's legend under the grid: the colour scale from 0 % (far behind) through 50 % to 100 % (far
+// ahead). Shown only while "Equity Heat Map" is ticked.
+class HeatLegendWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit HeatLegendWidget(QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
 // Shows `text` as the tooltip of `area` of `widget` for a tooltip event, or hides any tooltip when the
 // text is empty. Always true: the event is taken.
 bool ShowAreaToolTip(QWidget* widget, QEvent* event, const std::string& text, const QRect& area);

@@ -5,6 +5,7 @@
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
 #include "equity/calc_equity.h"
+#include "equity/class_equity.h"
 #include "equity/engine.h"
 #include "equity/equity_display.h"
 #include "equity/range_equity.h"
@@ -46,6 +47,7 @@ void Form1Model::ClearEquityDisplay() {
   lbloppEquity.caption.clear();
   lblMyEquity.toolTip.clear();
   lbloppEquity.toolTip.clear();
+  heatMap.reset();
 }
 
 void Form1Model::cmdCalcEquity_Click() {
@@ -64,6 +66,7 @@ void Form1Model::cmdCalcEquity_Click() {
 
   request.range = CurrentRangeCombos();
   request.rules = options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
+  request.perClass = options.equityHeatMap;
   request.caption = [this](std::string_view caption) {
     label(CommandLabel::cmdCalcEquity).caption = caption;
     services.RepaintNow();
@@ -78,6 +81,7 @@ void Form1Model::cmdCalcEquity_Click() {
     lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
     lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
   }
+  heatMap = outcome.classes;
 }
 
 void Form1Model::CalcMyRangeEquity() {
@@ -111,6 +115,7 @@ void Form1Model::CalcMyRangeEquity() {
     lblMyEquity.toolTip = ShowdownTallyText(result.tally);
     lbloppEquity.toolTip = ShowdownTallyText(result.tally.Reversed());
   }
+  if (options.equityHeatMap) heatMap = ClassEquitiesOfRange(mine, theirs, cards.board, cards.street);
 }
 
 void Form1Model::tmrCalcEquity_Timer() {

@@ -2,6 +2,7 @@
 #include "app/model/form1_model.h"
 #include "cards/hand_class.h"
 #include "range/grid_colours.h"
+#include "range/heat_colours.h"
 
 namespace quillet {
 namespace {
@@ -49,10 +50,18 @@ void Form1Model::SetBlockColours() {
     // Restarting the delay turns a burst of range changes into one calculation.
     tmrCalcEquity.Disable();
     tmrCalcEquity.Enable();
+    // The heat map of the old range would colour blocks it no longer has: it comes back with the result.
+    heatMap.reset();
   } else {
     ClearEquityDisplay();
   }
   WriteRangeNotation();
+}
+
+Colour Form1Model::ShownBlockColour(int index) const {
+  if (!IsBlockIndex(index)) return 0;
+  if (heatMap && (*heatMap)[index]) return HeatMapColour((*heatMap)[index]->equity);
+  return grid.blockColour[index];
 }
 
 void Form1Model::PFHand_MouseUp(int index, int button, int shift) {

@@ -27,6 +27,7 @@
 #include "cards/card.h"
 #include "cards/card_input.h"
 #include "categorise/category_node.h"
+#include "equity/class_equity.h"
 #include "range/block_record.h"
 #include "range/colour.h"
 #include "range/colour_scheme.h"
@@ -157,6 +158,9 @@ struct MenuOptions {
   // mnuEquityPerCategory, "Equity per Category": every category and group node of the results tree ends
   // with My Hand's equity against the holdings under it.
   bool equityPerCategory = false;
+  // mnuEquityHeatMap, "Equity Heat Map": after each Calc Equity every block of the range is coloured by My
+  // Hand's equity against its live holdings.
+  bool equityHeatMap = false;
 };
 
 // The hand grid's display and selection state (the layers themselves live in the current profile).
@@ -439,6 +443,7 @@ class Form1Model {
   void mnuSimplifyFurther_Click();
   void mnuHideEmptyCats_Click();
   void mnuEquityPerCategory_Click();
+  void mnuEquityHeatMap_Click();
   void mnuCategoryIcons_Click();
   void mnuWinLoseIcons_Click();
 
@@ -446,6 +451,9 @@ class Form1Model {
   // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
   // range").
   std::string BlockToolTip(int index) const;
+  // What block `index` shows: its heat-map colour while the heat map has an equity for it, else its
+  // block colour (form1_grid.cpp).
+  Colour ShownBlockColour(int index) const;
   // A suit-matrix cell: its suit pair and what a click on it does to the selected blocks.
   std::string SuitCellToolTip(int cell) const;
   // An equity read-out (My Equity when `mine`, else Opp Equity): what it measures and, after a
@@ -481,7 +489,10 @@ class Form1Model {
   double myEquity = 0.0;
   double oppEquity = 0.0;
   int32_t equityStreet = kNoBoard;
-  bool equityOfMyRange = false;       // the read-outs give my range's equity (a range in My Hand)
+  bool equityOfMyRange = false;  // the read-outs give my range's equity (a range in My Hand)
+  // The heat map: My Hand's equity against each class of the range from the last Calc Equity while
+  // "Equity Heat Map" was ticked; cleared with the read-outs and by unticking.
+  std::optional<ClassEquities> heatMap;
   bool equityMenuOfMine = true;       // the read-out menu was opened on My Equity (else Opp Equity)
   std::string lblCheckPossibleHands;  // the cook's three-line caption
   bool lblSeenVisible = false;

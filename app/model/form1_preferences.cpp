@@ -37,6 +37,7 @@ constexpr MenuKey kLaterMenuKeys[] = {
     {"mnuStandardShowdownRules", &MenuOptions::standardShowdownRules},
     {"mnuCheckBoxes", &MenuOptions::checkBoxes},
     {"mnuEquityPerCategory", &MenuOptions::equityPerCategory},
+    {"mnuEquityHeatMap", &MenuOptions::equityHeatMap},
 };
 
 void SetBoxText(RichTextState& box, const std::string& text) {

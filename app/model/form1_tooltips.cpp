@@ -102,6 +102,13 @@ std::string Form1Model::BlockToolTip(int index) const {
       block.caption + ": " + std::to_string(on) + " of " + std::to_string(holdings) + " in range";
   if (seen > 0)
     text += "; " + std::to_string(seen) + " of " + std::to_string(holdings) + " in the Seen layer";
+  if (heatMap && (*heatMap)[static_cast<std::size_t>(index)]) {
+    const ClassEquity& heat = *(*heatMap)[static_cast<std::size_t>(index)];
+    char equity[32];
+    std::snprintf(equity, sizeof equity, "%.1f", heat.equity);
+    text += "; my equity " + std::string(equity) + " % against its " + std::to_string(heat.holdings) +
+            (heat.holdings == 1 ? " live holding" : " live holdings");
+  }
   return text;
 }
 

@@ -138,6 +138,12 @@ void Form1Model::mnuEquityPerCategory_Click() {
   cmdCheckPossibleHands_Click();
 }
 
+void Form1Model::mnuEquityHeatMap_Click() {
+  ToggleMenuCheck(options.equityHeatMap);
+  // The colours come with the next Calc Equity; unticked, every block shows its own colour again.
+  if (!options.equityHeatMap) heatMap.reset();
+}
+
 void Form1Model::mnuCategoryIcons_Click() {
   ToggleMenuCheck(options.categoryIcons);
 }

@@ -987,9 +987,79 @@ journey_end_signals() {
   expect_equal "the On layer saved when the display went" "$(layer Generic On | tr '\n' ' ')" "AA JJ KK QQ "
 }
 
+# "Equity Heat Map": the last of the Display Options' five items.
+tick_heat_map() {
+  local before menu sub
+  before=$(quillet_windows)
+  # shellcheck disable=SC2086
+  click $LBL_OPTIONS
+  wait_new_window "$before" "the options menu"
+  menu=$WIN
+  before="$before $menu"
+  click_item "$menu" 0 3
+  wait_new_window "$before" "the Display Options submenu"
+  sub=$WIN
+  step_shot display-options
+  click_item "$sub" 4 5
+  poll "the options menu to close" no_window_id "$menu"
+}
+# A block's fill, a few pixels in from its top-left corner, with rows of ROW_HEIGHT pixels.
+block_fill() { pixel "$MAIN" $((8 + $2 * 34 + 4)) $((144 + $1 * $3 + 4)); }
+block_fill_is() { [ "$(block_fill "$1" "$2" "$3")" = "$4" ]; }
+# The heat map's colour of an equity: straight from red (0 %) to pale yellow (50 %), on to green (100 %).
+heat_colour() {
+  awk -v e="$1" 'function mix(a, b, t) { return int(a + (b - a) * t + 0.5) }
+    BEGIN {
+      if (e < 50) { t = e / 50; r = mix(215, 255, t); g = mix(48, 255, t); b = mix(39, 153, t) }
+      else { t = (e - 50) / 50; r = mix(255, 26, t); g = mix(255, 152, t); b = mix(153, 80, t) }
+      printf "#%02X%02X%02X\n", r, g, b
+    }'
+}
+class_equity() { grep -o "\"class\":\"$2\",\"equity\":[0-9.e+-]*" <<<"$1" | sed 's/.*://'; }
+
+journey_heat_map() {
+  first_start
+  aces_kings_queens
+  # shellcheck disable=SC2086
+  click_card_box $MY_HAND
+  type_text AhKd
+  # shellcheck disable=SC2086
+  click_card_box $BOARD
+  type_text Tc8h3s
+  close_picker
+  local plain_aa plain_72 classes aa qq aa_colour qq_colour
+  plain_aa=$(block_fill 0 0 20)
+  plain_72=$(block_fill 12 5 20)
+  import -window "$MAIN" "$ARTEFACTS/plain-window.png"
+  tick_heat_map
+  # The expected colours from quillet-cli's equity per class.
+  classes=$("$CLI" equity --hand AhKd --board Tc8h3s --range AA,KK,QQ --per-class --json)
+  aa=$(class_equity "$classes" AA)
+  qq=$(class_equity "$classes" QQ)
+  [ -n "$aa" ] && [ -n "$qq" ] || fail "quillet-cli equity --per-class gave no AA or QQ: $classes"
+  aa_colour=$(heat_colour "$aa")
+  qq_colour=$(heat_colour "$qq")
+  # shellcheck disable=SC2086
+  click $CMD_CALC_EQUITY
+  # Ticked, the rows are 19 pixels high and the legend sits under the grid.
+  poll "the AA block to show $aa_colour (my equity $aa %)" block_fill_is 0 0 19 "$aa_colour"
+  poll "the QQ block to show $qq_colour (my equity $qq %)" block_fill_is 2 2 19 "$qq_colour"
+  log "ok: AA shows $aa_colour, QQ $qq_colour"
+  expect_equal "72o, out of the range, keeps its colour" "$(block_fill 12 5 19)" "$plain_72"
+  shoot heat-map
+  # The tooltip of the aces' block: "my equity ... against its 3 live holdings".
+  hover_tooltip $((8 + 17)) $((144 + 9)) aces-tooltip
+  # Unticked, the grid is exactly as before.
+  tick_heat_map
+  poll "the AA block to show its own colour again" block_fill_is 0 0 20 "$plain_aa"
+  import -window "$MAIN" "$ARTEFACTS/unticked-window.png"
+  close_quillet
+  expect_equal "no heat map record while unticked" "$(pref mnuEquityHeatMap)" ""
+}
+
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
-    notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals)
+    notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals | heat_map)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end

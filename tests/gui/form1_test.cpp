@@ -16,11 +16,13 @@
 #include <filesystem>
 #include <memory>
 
+#include "app/gui/qt_convert.h"
 #include "app/gui/qt_services.h"
 #include "app/gui/result_icons.h"
 #include "app/model/form1_model.h"
 #include "cards/hand_class.h"
 #include "categorise/categories.h"
+#include "range/heat_colours.h"
 #include "range/holding_set.h"
 #include "results/tree_actions.h"
 #include "storage/file_lock.h"
@@ -97,6 +99,7 @@ class Form1Test : public QObject {
   void theHoverHighlightMovesBetweenLabelsAndLeavesOnTheBareWindow();
   void theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme();
   void equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEquity();
+  void equityHeatMapColoursTheBlocksAfterCalcEquityAndUntickedLeavesTheWindowAsItWas();
   void theSliderAppliesTheRangeWhenDraggedAndWhenAnArrowKeyIsHeld();
   void typingAPercentageAndEnterSnapsItToAStep();
   void theTreePopUpMenuOpensOnARightClickOnlyWhenTheTreeHasNodes();
@@ -502,6 +505,57 @@ void Form1Test::equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEqu
   std::vector<QString> after;
   for (QTreeWidgetItem* item : AllItems(tree)) after.push_back(item->text(0));
   QCOMPARE(after, before);
+}
+
+void Form1Test::equityHeatMapColoursTheBlocksAfterCalcEquityAndUntickedLeavesTheWindowAsItWas() {
+  Session s;
+  QVERIFY(s.Start());
+  Form1& form = *s.form;
+  CookTwentyPercentOnTheFlop(form);
+  HandGridWidget* grid = form.PFHand();
+  QWidget* legend = form.findChild<QWidget*>(QStringLiteral("HeatLegend"));
+  QVERIFY(legend != nullptr);
+  QVERIFY(!legend->isVisible());
+  const QRect gridPlace = grid->geometry();
+  QAction* option = form.menuAction("mnuEquityHeatMap");
+  QCOMPARE(option->text(), QStringLiteral("Equity Heat Map"));
+  QVERIFY(!option->isChecked());
+
+  // Unticked, Calc Equity leaves the grid as it was.
+  const QImage gridBefore = grid->grab().toImage();
+  ClickLabel(form, CommandLabel::cmdCalcEquity);
+  QVERIFY(!form.lblMyEquity()->text().isEmpty());
+  QCOMPARE(grid->grab().toImage(), gridBefore);
+  const QImage windowBefore = form.grab().toImage();
+  const QRect below(0, 106, windowBefore.width(), windowBefore.height() - 106);
+
+  ClickDisplayOption(form, "mnuEquityHeatMap");
+  QVERIFY(option->isChecked());
+  QVERIFY(legend->isVisible());
+  ClickLabel(form, CommandLabel::cmdCalcEquity);
+  // Each block of the range shows the colour of my equity against it, counted by the model; the others
+  // keep theirs.
+  QVERIFY(s.model.heatMap.has_value());
+  for (const char* name : {"AA", "QQ", "AKs", "JTs"}) {
+    const auto& heat = (*s.model.heatMap)[FindClassByName(name)];
+    QVERIFY2(heat.has_value(), name);
+    QCOMPARE(BlockOnScreen(form, name), ModelColour(HeatMapColour(heat->equity)));
+  }
+  QCOMPARE(BlockOnScreen(form, "72"), ModelColour(s.model.grid.blockColour[FindClassByName("72")]));
+  // The block text is white on the deep red and green ends of the scale, black on its yellow middle.
+  QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(0.0), form.palette())), QColor(Qt::white));
+  QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(50.0), form.palette())), QColor(Qt::black));
+  QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(100.0), form.palette())), QColor(Qt::white));
+  // The tooltip of a block carries my equity against it.
+  QVERIFY(s.model.BlockToolTip(FindClassByName("AA")).find("live holdings") != std::string::npos);
+
+  ClickDisplayOption(form, "mnuEquityHeatMap");
+  QVERIFY(!option->isChecked());
+  QVERIFY(!legend->isVisible());
+  QCOMPARE(grid->geometry(), gridPlace);
+  QCOMPARE(grid->grab().toImage(), gridBefore);
+  // Every pixel of the window under the command labels (whose highlight follows the last click) as it was.
+  QCOMPARE(form.grab().toImage().copy(below), windowBefore.copy(below));
 }
 
 void Form1Test::theSliderAppliesTheRangeWhenDraggedAndWhenAnArrowKeyIsHeld() {

@@ -1,0 +1,67 @@
+// bench-libs: quillet_model
+// Calc Equity in the window with and without "Equity Heat Map": My Hand AhKd against the full range on the
+// flop Tc8h3s and the turn Tc8h3s2d, under the program's rules and the standard ones, and preflop. With the
+// heat map the showdowns are counted once more, holding by holding, and grouped by class.
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "app/model/form1_model.h"
+#include "bench/bench_support.h"
+
+namespace quillet {
+namespace {
+
+using bench::FillWholeGrid;
+
+const char* const kBoards[] = {"", "Tc8h3s", "Tc8h3s2d"};
+
+// Argument 0: the heat map off (0) or on (1); argument 1: the street (0 preflop, 1 flop, 2 turn); argument
+// 2: the program's rules (0) or the standard ones (1).
+void BM_CalcEquityHeatMap(benchmark::State& state) {
+  bench::GenericWindow window;
+  Form1Model& model = window.model;
+  FillWholeGrid(window.profile().rangeLayer);
+  model.options.equityHeatMap = state.range(0) != 0;
+  model.options.standardShowdownRules = state.range(2) != 0;
+  model.txtMyHand.text = "AhKd";
+  model.txtBoard.text = kBoards[state.range(1)];
+  for (auto _ : state) {
+    model.cmdCalcEquity_Click();
+    benchmark::DoNotOptimize(model.myEquity);
+    benchmark::ClobberMemory();
+  }
+  if (model.lblMyEquity.caption.empty()) state.SkipWithError("no equity shown");
+  if (model.options.equityHeatMap && !model.heatMap) state.SkipWithError("no heat map");
+  state.SetLabel(std::string(model.options.equityHeatMap ? "heat map" : "plain") + ", " +
+                 (state.range(1) == 0   ? "preflop"
+                  : state.range(1) == 1 ? "flop"
+                                        : "turn") +
+                 ", " + (model.options.standardShowdownRules ? "standard" : "quillet") + " rules");
+}
+BENCHMARK(BM_CalcEquityHeatMap)->ArgsProduct({{0, 1}, {0, 1, 2}, {0, 1}})->Unit(benchmark::kMillisecond);
+
+// My range QQ+ and AK (34 holdings) against the full range under the standard rules, the heat map off (0)
+// or on (1); argument 1 the street (1 flop, 2 turn).
+void BM_CalcMyRangeEquityHeatMap(benchmark::State& state) {
+  bench::GenericWindow window;
+  Form1Model& model = window.model;
+  FillWholeGrid(window.profile().rangeLayer);
+  model.options.equityHeatMap = state.range(0) != 0;
+  model.options.standardShowdownRules = true;
+  model.txtMyHand.text = "QQ+,AK";
+  model.txtBoard.text = kBoards[state.range(1)];
+  for (auto _ : state) {
+    model.cmdCalcEquity_Click();
+    benchmark::DoNotOptimize(model.myEquity);
+    benchmark::ClobberMemory();
+  }
+  if (model.lblMyEquity.caption.empty()) state.SkipWithError("no equity shown");
+  if (model.options.equityHeatMap && !model.heatMap) state.SkipWithError("no heat map");
+  state.SetLabel(std::string(model.options.equityHeatMap ? "heat map" : "plain") + ", my range, " +
+                 (state.range(1) == 1 ? "flop" : "turn"));
+}
+BENCHMARK(BM_CalcMyRangeEquityHeatMap)->ArgsProduct({{0, 1}, {1, 2}})->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace quillet

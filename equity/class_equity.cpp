@@ -1,0 +1,239 @@
+#include "equity/class_equity.h"
+
+#include <vector>
+
+#include "cards/holding.h"
+#include "equity/engine.h"
+#include "equity/enumeration.h"
+#include "equity/preflop_classes.h"
+#include "equity/preflop_equity.h"
+#include "equity/standard_equity.h"
+#include "range/holding_set.h"
+
+namespace quillet {
+namespace {
+
+// The live holdings (flag set after the dead ones are cleared) with their classes.
+struct LiveHoldings {
+  std::vector<HandCombo> combos;
+  std::vector<int> classes;
+};
+
+LiveHoldings LiveOf(std::span<const HandCombo> range, const HandCards& hand, const BoardCards& board,
+                    int32_t street) {
+  std::vector<HandCombo> listed(range.begin(), range.end());
+  RemoveDeadCombos(listed, hand, board, street);
+  LiveHoldings live;
+  live.combos.reserve(listed.size());
+  live.classes.reserve(listed.size());
+  for (const HandCombo& combo : listed) {
+    if (!combo.flag || !IsHolding(combo.card1(), combo.card2())) continue;
+    const int index = ClassOfCombo(combo);
+    if (index < 0) continue;
+    live.combos.push_back(combo);
+    live.classes.push_back(index);
+  }
+  return live;
+}
+
+// Per class its tally and its equity by the standard rules' formula.
+ClassEquities FromClassTallies(const std::array<int32_t, kClassCount>& holdings,
+                               const std::array<ShowdownTally, kClassCount>& sums) {
+  ClassEquities classes;
+  for (int i = 0; i < kClassCount; ++i) {
+    if (holdings[i] == 0 || sums[i].Showdowns() == 0) continue;
+    classes[i] = ClassEquity{EquityFromTally(sums[i]).my, holdings[i], sums[i]};
+  }
+  return classes;
+}
+
+// Per class the sum of its holdings' tallies.
+ClassEquities FromTallies(const LiveHoldings& live, std::span<const ShowdownTally> tallies) {
+  std::array<ShowdownTally, kClassCount> sums{};
+  std::array<int32_t, kClassCount> holdings{};
+  for (std::size_t k = 0; k < live.combos.size(); ++k) {
+    sums[live.classes[k]] += tallies[k];
+    ++holdings[live.classes[k]];
+  }
+  return FromClassTallies(holdings, sums);
+}
+
+// Preflop under the program's own rules: per class the mean of the tables' values of its holdings.
+std::optional<ClassEquities> QuilletPreflop(const HandCards& hand, const LiveHoldings& live) {
+  if (!ProgramTables().ok()) return std::nullopt;
+  std::array<std::vector<HandCombo>, kClassCount> byClass;
+  for (std::size_t k = 0; k < live.combos.size(); ++k) byClass[live.classes[k]].push_back(live.combos[k]);
+  ClassEquities classes;
+  for (int i = 0; i < kClassCount; ++i) {
+    if (byClass[i].empty()) continue;
+    // A matchup missing from the tables is left out, as the read-outs leave it out (their message says so).
+    const EquityResult values =
+        PreflopEquity(hand, byClass[i], static_cast<int>(byClass[i].size()), MessageSink{});
+    if (values.my < 0.0) continue;
+    classes[i] = ClassEquity{values.my, static_cast<int32_t>(byClass[i].size()), std::nullopt};
+  }
+  return classes;
+}
+
+// The flop and the turn under the program's own rules: ties are left out and the share is rounded, as the
+// read-outs have it.
+// The live holdings of each class on the flop or the turn, read from the list as it stands (no copy: the
+// counts by class leave the dead holdings out themselves).
+std::array<int32_t, kClassCount> LiveHoldingsPerClass(const CardInputs& cards,
+                                                      std::span<const HandCombo> range) {
+  const uint64_t dead = KnownCardsWithHand(cards.hand, cards.board, cards.street).bits;
+  std::array<int32_t, kClassCount> holdings{};
+  for (const HandCombo& combo : range) {
+    if (!IsLiveHolding(combo, dead)) continue;
+    const int index = ClassOfCombo(combo);
+    if (index >= 0) ++holdings[index];
+  }
+  return holdings;
+}
+
+ClassEquities QuilletOnBoard(const CardInputs& cards, std::span<const HandCombo> range) {
+  std::array<ShowdownCounts, kClassCount> sums{};
+  CountShowdownsByClass(cards.hand, cards.board, cards.street, range, sums);
+  const std::array<int32_t, kClassCount> holdings = LiveHoldingsPerClass(cards, range);
+  ClassEquities classes;
+  for (int i = 0; i < kClassCount; ++i) {
+    if (holdings[i] == 0 || sums[i].total == 0) continue;
+    const ShowdownTally tally{static_cast<uint64_t>(sums[i].myWins), static_cast<uint64_t>(sums[i].ties),
+                              static_cast<uint64_t>(sums[i].oppWins)};
+    classes[i] = ClassEquity{EquityFromCounts(sums[i]).my, holdings[i], tally};
+  }
+  return classes;
+}
+
+HandCards HandOfHolding(int32_t number) {
+  const std::array<Card, 2> cards = CardsOfHolding(number);
+  HandCards hand;
+  hand.flag = -1;
+  hand.rank1 = cards[0].rank;
+  hand.suit1 = cards[0].suit;
+  hand.rank2 = cards[1].rank;
+  hand.suit2 = cards[1].suit;
+  return hand;
+}
+
+// The holdings of a set, each once, flags set.
+std::vector<HandCombo> CombosOf(const HoldingSet& holdings) {
+  std::vector<HandCombo> combos;
+  combos.reserve(static_cast<std::size_t>(holdings.size()));
+  for (int32_t number = 0; number < kHoldingCount; ++number) {
+    if (!holdings.contains(number)) continue;
+    const std::array<Card, 2> cards = CardsOfHolding(number);
+    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
+  }
+  return combos;
+}
+
+}  // namespace
+
+std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::span<const HandCombo> range,
+                                                 ShowdownRules rules) {
+  if (!cards.ok() || !cards.hasHand()) return std::nullopt;
+  const bool enumerates = cards.street == kFlop || cards.street == kTurn;
+  if (enumerates && rules == ShowdownRules::Quillet) return QuilletOnBoard(cards, range);
+  if (enumerates) {
+    // The classes counted by rank pair, in about the time of the whole range's count.
+    std::array<ShowdownTally, kClassCount> sums{};
+    StandardShowdownTallyByClass(cards.hand, cards.board, cards.street, range, sums);
+    return FromClassTallies(LiveHoldingsPerClass(cards, range), sums);
+  }
+  const LiveHoldings live = LiveOf(range, cards.hand, cards.board, cards.street);
+  if (rules == ShowdownRules::Standard) {
+    if (cards.street == kNoBoard) {
+      if (!ProgramPreflopClassTable().ok()) return QuilletPreflop(cards.hand, live);
+      std::vector<ShowdownTally> tallies(live.combos.size());
+      for (std::size_t k = 0; k < live.combos.size(); ++k)
+        tallies[k] = StandardPreflopTally(cards.hand, std::span<const HandCombo>(&live.combos[k], 1));
+      return FromTallies(live, tallies);
+    }
+    std::vector<ShowdownTally> tallies(live.combos.size());
+    StandardShowdownTallyByHolding(cards.hand, cards.board, cards.street, live.combos, tallies);
+    return FromTallies(live, tallies);
+  }
+  switch (cards.street) {
+    case kNoBoard:
+      return QuilletPreflop(cards.hand, live);
+    default:  // the river: the read-outs show nothing
+      return std::nullopt;
+  }
+}
+
+std::optional<ClassEquities> ClassEquitiesOfRange(std::span<const HandCombo> myRange,
+                                                  std::span<const HandCombo> oppRange,
+                                                  const BoardCards& board, int32_t street) {
+  if (street != kNoBoard && street != kFlop && street != kTurn && street != kRiver) return std::nullopt;
+  const KnownCards known = KnownBoardCards(board, street);
+  if (!known.valid()) return std::nullopt;
+  const PreflopClassTable* table = nullptr;
+  if (street == kNoBoard) {
+    if (!ProgramPreflopClassTable().ok()) return std::nullopt;
+    table = &*ProgramPreflopClassTable().table;
+  }
+  // Each side's live holdings: flag set, two different cards of the deck, none on the board.
+  std::vector<int32_t> mine;
+  for (const HandCombo& combo : myRange) {
+    if (IsLiveHolding(combo, known.bits)) mine.push_back(HoldingNumber(combo.card1(), combo.card2()));
+  }
+  LiveHoldings live;
+  std::vector<int32_t> theirs;
+  for (HandCombo combo : oppRange) {
+    if (!IsLiveHolding(combo, known.bits)) continue;
+    const int index = ClassOfCombo(combo);
+    if (index < 0) continue;
+    combo.flag = true;
+    live.combos.push_back(combo);
+    live.classes.push_back(index);
+    theirs.push_back(HoldingNumber(combo.card1(), combo.card2()));
+  }
+  std::vector<ShowdownTally> tallies(live.combos.size());
+  if (table != nullptr) {
+    for (const int32_t h : mine) {
+      for (std::size_t k = 0; k < theirs.size(); ++k) tallies[k] += table->Matchup(h, theirs[k]);
+    }
+    return FromTallies(live, tallies);
+  }
+  if (street == kFlop || street == kTurn) {
+    // One holding of my range at a time against the other range, counted by class (a holding sharing a
+    // card with mine takes no part against it).
+    std::array<ShowdownTally, kClassCount> sums{};
+    std::array<ShowdownTally, kClassCount> against{};
+    for (const int32_t h : mine) {
+      StandardShowdownTallyByClass(HandOfHolding(h), board, street, live.combos, against);
+      for (int i = 0; i < kClassCount; ++i) sums[i] += against[i];
+    }
+    std::array<int32_t, kClassCount> holdings{};
+    for (const int index : live.classes) ++holdings[index];
+    return FromClassTallies(holdings, sums);
+  }
+  // The river: one holding of my range at a time against every holding of the other, each by its own
+  // tally.
+  std::vector<ShowdownTally> against(live.combos.size());
+  for (const int32_t h : mine) {
+    StandardShowdownTallyByHolding(HandOfHolding(h), board, street, live.combos, against);
+    for (std::size_t k = 0; k < against.size(); ++k) tallies[k] += against[k];
+  }
+  return FromTallies(live, tallies);
+}
+
+std::optional<ClassEquities> ClassEquitiesOfRange(const HoldingSet& myRange, const HoldingSet& oppRange,
+                                                  const BoardCards& board, int32_t street) {
+  return ClassEquitiesOfRange(CombosOf(myRange), CombosOf(oppRange), board, street);
+}
+
+std::optional<double> HoldingWeightedMean(const ClassEquities& classes) {
+  double sum = 0.0;
+  int64_t holdings = 0;
+  for (const std::optional<ClassEquity>& c : classes) {
+    if (!c) continue;
+    sum += c->equity * c->holdings;
+    holdings += c->holdings;
+  }
+  if (holdings == 0) return std::nullopt;
+  return sum / static_cast<double>(holdings);
+}
+
+}  // namespace quillet
