@@ -2,7 +2,7 @@
 //
 // The flop and turn paths of the equity engine for a full range: every holding that shares no card with
 // My Hand (AhAd) or the board. Run single-threaded, Release; the figure to watch is the median:
-//   build/rel/bench/equity_bench --benchmark_repetitions=15 --benchmark_report_aggregates_only=true
+//   build/release/bench/equity_bench --benchmark_repetitions=15 --benchmark_report_aggregates_only=true
 #include <benchmark/benchmark.h>
 
 #include <vector>

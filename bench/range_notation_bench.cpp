@@ -1,6 +1,7 @@
 // bench-libs: quillet_range
 // Reading range notation as it is typed or pasted: a usual range, the longest text read, made of
-// percentage tokens (each of which once walked the preflop order), and one long bad token.
+// percentage tokens (each walks the preflop order on from where the one before it stopped), and one long
+// bad token.
 #include <benchmark/benchmark.h>
 
 #include <string>

@@ -34,7 +34,7 @@ bool ParseHandText(std::string_view rawText, HandCards& hand) {
   hand.rank1 = RankFromChar(CharAt(text, 0));
   if (hand.rank1 == kNoCard) return false;
   hand.suit1 = SuitFromChar(CharAt(text, 1));
-  if (hand.rank2 == kNoCard) return false;  // the old rank-2 value, deliberately
+  if (hand.rank2 == kNoCard) return false;  // rank2 as the record held it before this read, deliberately
   hand.rank2 = RankFromChar(CharAt(text, 2));
   if (hand.suit1 == kNoCard) return false;
   hand.suit2 = SuitFromChar(CharAt(text, 3));

@@ -1,5 +1,5 @@
 // The range options of quillet-cli (--range and --seen of cook and equity, --range and --seen of profiles
-// add): a class list read exactly as before ("AA,KK,AKs,AK", "AKo"), or else range notation as players
+// add): a class list read by ParseClassList ("AA,KK,AKs,AK", "AKo"), or else range notation as players
 // write it ("QQ+, A2s+, KTo+, AhKh, 15%"; see range/range_notation.h).
 #pragma once
 

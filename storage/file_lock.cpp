@@ -58,7 +58,7 @@ WriteLock::WriteLock(const fs::path& file, std::chrono::milliseconds wait, const
   for (;;) {
     if (::flock(fd_, LOCK_EX | LOCK_NB) == 0) return;
     if (errno == EINTR) continue;
-    if (errno != EWOULDBLOCK) break;  // no locks on this file system: go on as before
+    if (errno != EWOULDBLOCK) break;  // no locks on this file system: write without one
     if (std::chrono::steady_clock::now() >= deadline) {
       const long long ms = wait.count();
       const std::optional<std::string> holder = WriteLockHolder(file);

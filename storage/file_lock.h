@@ -24,7 +24,7 @@ class WriteLock {
  public:
   // Waits up to `wait` for the lock on the folder of `file` (symbolic links followed), in steps of at most
   // 50 ms, each taken by `step`. Where no lock can be had at all (a missing folder, a file system without
-  // locks) the writer goes on without one, as before.
+  // locks) the writer goes on and writes without one.
   explicit WriteLock(const std::filesystem::path& file, std::chrono::milliseconds wait = kWriteLockWait,
                      const LockWaitStep& step = {});
   ~WriteLock();

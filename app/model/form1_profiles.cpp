@@ -85,7 +85,7 @@ bool Form1Model::SaveProfiles() {
 }
 
 std::vector<PlayerProfile> Form1Model::ProfilesToSave() {
-  // Nothing was loaded in this session: the list is the whole truth, as it always was.
+  // Nothing was loaded in this session: the list is the whole truth.
   if (!profilesAsLoaded) return profiles;
   ProfileFileContents now = ReadProfileFile(profilePath);
   switch (now.status) {

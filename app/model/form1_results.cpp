@@ -35,7 +35,7 @@ bool IsCard(int32_t rank, int32_t suit) {
 // A node's text as one holding: its cleaned text must parse as four characters, rank, suit, rank, suit,
 // and (beyond what the parse checks) name two real, different cards.
 bool ParseNodeHolding(const std::string& text, HandCombo& holding) {
-  HandCards parsed{};  // fresh: the parse reads the old rank-2 field
+  HandCards parsed{};  // fresh: the parse tests rank2 before it sets it
   if (!ParseHandText(CleanNodeText(text), parsed)) return false;
   holding = HandCombo{true, parsed.rank1, parsed.suit1, parsed.rank2, parsed.suit2};
   return IsCard(holding.rank1, holding.suit1) && IsCard(holding.rank2, holding.suit2) &&

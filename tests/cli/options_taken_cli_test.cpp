@@ -77,7 +77,7 @@ TEST_F(OptionsTaken, EquityWithAHandRefusesEveryOptionItDoesNotTake) {
 
 TEST_F(OptionsTaken, EquityWithAHandRangeRefusesTheHandTheTopAndTheSeenLayer) {
   // My side is a range and the opponent's is --range in notation: --hand, --top and --seen would be
-  // passed over, and --top 10 used to answer "No showdowns".
+  // passed over (with --top 10 the answer would be "No showdowns").
   ExpectEveryOtherOptionRefused({"equity", "--hand-range", "QQ", "--range", "AA", "--board", "Tc8h3s"},
                                 {"--hand-range", "--range", "--board", "--json", "--standard-rules"});
   const CliRun stray = RunCommandLine({"equity", "--hand-range", "QQ", "--range", "AA", "extra"});

@@ -151,7 +151,7 @@ TEST(RangeOption, ABadListKeepsItsMessageWhenTheNotationStumblesOnTheSameItem) {
 
 TEST(RangeOption, OtherwiseTheNotationSaysWhatIsWrong) {
   const std::pair<const char*, const char*> refused[] = {
-      {"QQ+, AKx", "unknown token 'AKx' at column 6"},  // the list would have named QQ+, which now reads
+      {"QQ+, AKx", "unknown token 'AKx' at column 6"},  // the list would name QQ+, which notation reads
       {"AA, A K", "unknown token 'A' at column 5"},
       {"AhAd,AKx", "unknown token 'AKx' at column 6"},  // the list would have named AhAd
       {"AKs:0.5", "weights are not supported yet: 'AKs:0.5' at column 1"},
