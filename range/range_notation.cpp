@@ -275,7 +275,8 @@ std::optional<RangeNotationError> AddToken(Reading& reading, const Token& token,
 // ---- Weights ----
 
 // A number written with at most `decimals` digits after its point that count (more are allowed when they are
-// zeros), as a whole number of 10^-decimals: "0.25" with 3 decimals is 250, "12.5" with 1 is 125. No sign.
+// zeros), as a whole number of 10^-decimals: "0.25" with 3 decimals is 250, "12.5" with 1 is 125. No sign;
+// none above kFullWeight.
 std::optional<int> ReadSteps(std::string_view text, int decimals) {
   int64_t value = 0;
   int digits = 0;
@@ -297,6 +298,7 @@ std::optional<int> ReadSteps(std::string_view text, int decimals) {
   }
   if (digits == 0) return {};
   for (int k = std::max(after, 0); k < decimals; ++k) value *= 10;
+  if (value > kFullWeight) return {};  // above 1 (or 100%): no weight
   return static_cast<int>(value);
 }
 

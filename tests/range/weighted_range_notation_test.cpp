@@ -259,6 +259,35 @@ TEST(WeightedRangeNotationRoundTrip, ReadingThePrintedTextGivesTheSameWeights) {
   }
 }
 
+TEST(WeightedRangeNotationRoundTrip, AnyTextOfWeightCharactersIsReadOrRefusedWithAColumnInsideIt) {
+  const std::string alphabet = "AKQT92sohd:[]/%.0155 ,-+x";
+  std::mt19937 random(TestSeed());
+  for (int n = 0; n < 20000; ++n) {
+    std::string text;
+    const int length = static_cast<int>(random() % 24);
+    for (int k = 0; k < length; ++k) text += alphabet[random() % alphabet.size()];
+    const ParsedWeightedRange weighted = ParseWeightedRangeNotation(text);
+    const ParsedRange plain = ParseRangeNotation(text);
+    if (!weighted.ok()) {
+      EXPECT_GE(weighted.error->column, 1) << text;
+      EXPECT_LE(weighted.error->column, length) << text;
+      EXPECT_FALSE(weighted.error->token.empty()) << text;
+      EXPECT_FALSE(plain.ok()) << text;  // what the weighted reading refuses, the plain one refuses too
+    } else {
+      // What the plain reading takes, it reads as the weighted one does; a weight between 0 and 1 it refuses.
+      if (plain.ok()) {
+        EXPECT_EQ(plain.holdings, weighted.weights.Holdings()) << text;
+      }
+      if (!weighted.weights.IsUnweighted()) {
+        EXPECT_FALSE(plain.ok()) << text;
+      }
+      EXPECT_EQ(ParseWeightedRangeNotation(PrintWeightedRangeNotation(weighted.weights)).weights,
+                weighted.weights)
+          << text;
+    }
+  }
+}
+
 TEST(WeightSharePercentText, IsTheSumOfTheWeightsOverAllHoldingsToOneDecimal) {
   for (int holdings : {0, 1, 22, 663, 1000, 1326}) {
     EXPECT_EQ(WeightSharePercentText(int64_t{holdings} * kFullWeight), HoldingSharePercentText(holdings));
