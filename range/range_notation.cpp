@@ -304,22 +304,13 @@ std::optional<int> ReadSteps(std::string_view text, int decimals) {
 
 // A weight after a colon, in thousandths: a fraction ("0.5", "1") or a percentage ("50%", "12.5%").
 std::optional<int> ReadColonWeight(std::string_view text) {
-  std::optional<int> weight;
-  if (!text.empty() && text.back() == '%') {
-    text.remove_suffix(1);
-    if (const auto tenths = ReadSteps(text, 1)) weight = *tenths;
-  } else {
-    weight = ReadSteps(text, 3);
-  }
-  if (weight && *weight > kFullWeight) return {};
-  return weight;
+  if (!text.empty() && text.back() == '%') return ReadSteps(text.substr(0, text.size() - 1), 1);
+  return ReadSteps(text, 3);
 }
 
 // The percentage of a block's bracket ("50" of "[50]"), in thousandths.
 std::optional<int> ReadBracketWeight(std::string_view text) {
-  const auto weight = ReadSteps(text, 1);
-  if (weight && *weight > kFullWeight) return {};
-  return weight;
+  return ReadSteps(text, 1);
 }
 
 // A token written with weights, taken apart: "[50]AQs" opens a block, "AJs[/50]" closes one, "AKs:0.5"
