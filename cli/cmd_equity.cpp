@@ -45,6 +45,10 @@ bool RefuseWithHandRange(const CLI::App& app, const std::vector<std::string>& po
     err << "equity: --seen does not apply with --hand-range: write those holdings into --range too\n";
     return false;
   }
+  if (Given(app, "--classes")) {
+    err << "equity: --classes does not apply with --hand-range: both ranges are read as notation\n";
+    return false;
+  }
   return true;
 }
 

@@ -28,6 +28,7 @@ struct Args {
   std::string seen;
   std::string rangeText;
   bool notation = false;
+  bool classes = false;
 
   bool has(const std::string& name) const { return Given(app, name); }
   const std::vector<std::string>& positional() const { return positionalWords; }
@@ -199,7 +200,8 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   InitProfile(read);
   for (const auto& [text, layer] :
        {std::pair{&args.range, &read.rangeLayer}, {&args.seen, &read.seenLayer}}) {
-    if (const std::string error = PutRangeOption(*text, *layer); !error.empty()) {
+    const RangeReading reading = args.classes ? RangeReading::Classes : RangeReading::Notation;
+    if (const std::string error = PutRangeOption(*text, *layer, reading); !error.empty()) {
       err << "quillet-cli profiles add: " << error << "\n";
       return kExitBadInput;
     }
@@ -247,11 +249,12 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
 int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
   CLI::App app(kProfilesSummary, "quillet-cli profiles");
   SetUpCommandParser(app);
-  Args args{app, {}, {}, {}, {}, {}, false};
+  Args args{app, {}, {}, {}, {}, {}, false, false};
   app.add_option("--file", args.file, "the profile file (by default the one the window uses)");
   app.add_option("--range", args.range,
-                 "add: the On layer's classes, separated by commas (\"\" for none), or range notation");
-  app.add_option("--seen", args.seen, "add: the Seen layer's classes");
+                 "add: the On layer's range in range notation (\"\" for none; \"AA,AK\": AK is both halves)");
+  app.add_option("--seen", args.seen, "add: the Seen layer's range, written as for --range");
+  app.add_flag("--classes", args.classes, std::string("add: ") + kClassesHelp);
   app.add_option("--range-text", args.rangeText,
                  "add: the range box's text (by default the share of the holdings, \"~0.8\")");
   bool jsonFlag = false;
@@ -271,10 +274,12 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
   if (sub == "list") {
     if (addOptions || args.has("--json"))
       return refuse(args.has("--json") ? "--json" : "--range, --seen or --range-text");
+    if (args.classes) return refuse("--classes");
     return List(args, out, err);
   }
   if (sub == "show") {
     if (addOptions) return refuse("--range, --seen or --range-text");
+    if (args.classes) return refuse("--classes");
     return Show(args, out, err);
   }
   if (sub == "add") {

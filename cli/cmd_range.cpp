@@ -14,8 +14,10 @@ namespace {
 constexpr const char* kRangeUsage = "TEXT [--json]";
 constexpr const char* kRangeSummary =
     "reads range notation (\"22+, A2s+, KTs+, QJs, ATo+, KQo\", \"A5s-A2s\", \"T9s-54s\", \"AhKh\", "
-    "\"random\", \"15%\") and prints it in its shortest form, the number of holdings and their share of all "
-    "1,326 (one decimal); cook, equity and profiles add take the same notation in --range and --seen";
+    "\"random\", \"15%\", weights \"AKs:0.5\", \"[50]AQs, AJs[/50]\") and prints it in its shortest form, "
+    "the number of holdings, with weights the combos (the sum of the weights), and their share of all "
+    "1,326 (one decimal); cook, equity and profiles add take the same notation in --range and --seen, "
+    "without weights so far";
 
 int RunRange(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
   CLI::App app(kRangeSummary, "quillet-cli range");
@@ -33,19 +35,28 @@ int RunRange(const std::vector<std::string>& words, std::ostream& out, std::ostr
   std::string text;
   for (const std::string& word : *positional) text += (text.empty() ? "" : " ") + word;
 
-  const ParsedRange parsed = ParseRangeNotation(text);
+  const ParsedWeightedRange parsed = ParseWeightedRangeNotation(text);
   if (!parsed.ok()) {
     err << "quillet-cli range: " << parsed.error->message << "\n";
     return kExitBadInput;
   }
-  const std::string printed = PrintRangeNotation(parsed.holdings);
-  const int count = parsed.holdings.size();
-  const std::string percent = HoldingSharePercentText(count);
+  const WeightedHoldingSet& weights = parsed.weights;
+  const std::string printed = PrintWeightedRangeNotation(weights);
+  const int count = weights.Count();
+  // With weights below 1 the share is the sum of the weights over 1,326 and the combos are said too; with
+  // none the output is the unweighted one.
+  const bool weighted = !weights.IsUnweighted();
+  const std::string percent = WeightSharePercentText(weights.WeightSum());
+  const std::string combos = CombosText(weights.WeightSum());
   if (json) {
-    const Json result{{"range", printed}, {"holdings", count}, {"percent", JsonNumber(std::stod(percent))}};
+    Json result{{"range", printed}, {"holdings", count}};
+    if (weighted) result["combos"] = JsonNumber(std::stod(combos));
+    result["percent"] = JsonNumber(std::stod(percent));
     out << JsonText(result) << "\n";
   } else {
-    out << "Range: " << printed << "\nHoldings: " << count << "\nPercent: " << percent << "\n";
+    out << "Range: " << printed << "\nHoldings: " << count << "\n";
+    if (weighted) out << "Combos: " << combos << "\n";
+    out << "Percent: " << percent << "\n";
   }
   return kExitOk;
 }

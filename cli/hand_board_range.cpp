@@ -11,9 +11,11 @@ void AddHandBoardRangeOptions(CLI::App& app, HandBoardRangeOptions& options) {
   app.add_option("--board", options.board,
                  "the board: none, three, four or five cards (\"Tc8h3s\"; \"\" for none)");
   app.add_option("--range", options.range,
-                 "the range: class names separated by commas (\"AA,KK,AKs,AK\", \"AKo\")");
+                 "the range in range notation (\"QQ+, AKs, AhKh\", \"AA,KK,AK\": AK is both halves, 16 "
+                 "holdings)");
   app.add_option("--top", options.top, "the range as the top percent of the preflop order (10 gives 9.8)");
-  app.add_option("--seen", options.seen, "classes of the Seen layer, written as for --range");
+  app.add_option("--seen", options.seen, "the Seen layer's range, written as for --range");
+  app.add_flag("--classes", options.classes, kClassesHelp);
 }
 
 std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const HandBoardRangeOptions& options,
@@ -35,14 +37,21 @@ std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const Hand
         << (top ? "give --range LIST or --top PCT, not both" : "missing --range LIST (or --top PCT)") << "\n";
     return std::nullopt;
   }
+  if (options.classes && !Given(app, "--range") && !Given(app, "--seen")) {
+    err << command << ": --classes applies to --range and --seen, and neither is given\n";
+    return std::nullopt;
+  }
+  const RangeReading reading = options.classes ? RangeReading::Classes : RangeReading::Notation;
   HandBoardRange read;
   InitProfile(read.profile);
   read.profile.name = "Generic";
-  if (const std::string error = PutRangeOption(options.range, read.profile.rangeLayer); !error.empty()) {
+  if (const std::string error = PutRangeOption(options.range, read.profile.rangeLayer, reading);
+      !error.empty()) {
     err << command << ": --range: " << error << "\n";
     return std::nullopt;
   }
-  if (const std::string error = PutRangeOption(options.seen, read.profile.seenLayer); !error.empty()) {
+  if (const std::string error = PutRangeOption(options.seen, read.profile.seenLayer, reading);
+      !error.empty()) {
     err << command << ": --seen: " << error << "\n";
     return std::nullopt;
   }

@@ -19,13 +19,15 @@ struct HandBoardRangeOptions {
   std::string range;
   std::string top;
   std::string seen;
+  bool classes = false;  // --classes: --range and --seen read as class lists first
 };
 
-// Adds the five options to a command's parser.
+// Adds the five options and --classes to a command's parser.
 void AddHandBoardRangeOptions(CLI::App& app, HandBoardRangeOptions& options);
 
 // The two card texts and the range, as the window would stand before the command: one fresh "Generic"
-// profile holding the listed classes whole in its On and Seen layers, or with --top the range the range box
+// profile holding the ranges of --range and --seen (notation, or with --classes class lists first) in its
+// On and Seen layers, or with --top the range the range box
 // gives for PCT (snapped to a step of the preflop order; at or above the last step the On layer stays
 // empty, and a line on `err` says so). Its range text is the box's text after --top.
 struct HandBoardRange {
@@ -36,7 +38,8 @@ struct HandBoardRange {
 };
 
 // Checks the shared options (in this order: stray words, --hand and --board present, one of --range and
-// --top, the two class lists, the percentage) and builds the range. On a refusal it writes
+// --top, --classes given with --range or --seen, the two ranges, the percentage) and builds the range. On a
+// refusal it writes
 // "<command>: <why>" to `err` and returns nullopt.
 std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const HandBoardRangeOptions& options,
                                                  const std::vector<std::string>& positional,

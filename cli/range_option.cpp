@@ -26,9 +26,9 @@ std::string FirstRefusedItem(std::string_view text) {
 
 }  // namespace
 
-std::string PutRangeOption(std::string_view text, RangeLayer& layer) {
+std::string PutRangeOption(std::string_view text, RangeLayer& layer, RangeReading reading) {
   const ClassList list = ParseClassList(text);
-  if (list.ok()) {
+  if (list.ok() && reading == RangeReading::Classes) {
     PutClassesWhole(layer, list.classes);
     return {};
   }
@@ -38,7 +38,8 @@ std::string PutRangeOption(std::string_view text, RangeLayer& layer) {
     return {};
   }
   const RangeNotationError& error = *parsed.error;
-  if (error.kind == RangeNotationError::Kind::UnknownToken && error.token == FirstRefusedItem(text)) {
+  if (!list.ok() && error.kind == RangeNotationError::Kind::UnknownToken &&
+      error.token == FirstRefusedItem(text)) {
     return list.error;
   }
   return error.message;

@@ -1,6 +1,7 @@
 // The range options of quillet-cli (--range and --seen of cook and equity, --range and --seen of profiles
-// add): a class list read by ParseClassList ("AA,KK,AKs,AK", "AKo"), or else range notation as players
-// write it ("QQ+, A2s+, KTo+, AhKh, 15%"; see range/range_notation.h).
+// add): range notation as players write it ("QQ+, A2s+, KTo+, AhKh, 15%", "AK" both halves: 16 holdings;
+// see range/range_notation.h), or with --classes the older reading: a class list first ("AA,KK,AKs,AK",
+// where a bare "AK" is the offsuit class alone, 12 holdings), notation only where the text is no class list.
 #pragma once
 
 #include <string>
@@ -10,13 +11,25 @@
 
 namespace quillet::cli {
 
-// Puts the range of `text` into `layer` (a layer that holds nothing yet): a class list's classes whole, as
-// a click on their blocks puts them, or the notation's holdings (whole classes whole, the rest one suit pair
-// at a time). Returns the reason when the text is neither; the layer is then untouched. A text refused as a
-// class list keeps the class list's message byte for byte when the notation stumbles on the same item with
-// nothing more to say ("unknown starting-hand class ..."); the notation's own message is given when its
-// first bad token is another one, or when it has something of its own to say (weights, a range whose ends
-// do not fit, a holding with one card twice, a percentage above 100).
-std::string PutRangeOption(std::string_view text, RangeLayer& layer);
+enum class RangeReading {
+  Notation,  // the text is range notation
+  Classes    // --classes: a class list where the text is one, otherwise notation
+};
+
+// The help line of the --classes option.
+inline constexpr const char* kClassesHelp =
+    "read --range and --seen as class lists first, as older versions did: \"AA,AK\" is AA and the offsuit "
+    "AK only (12 holdings, not 16); text that is no class list is read as notation";
+
+// Puts the range of `text` into `layer` (a layer that holds nothing yet): the notation's holdings (whole
+// classes whole, as a click on their blocks puts them, the rest one suit pair at a time), or with
+// RangeReading::Classes a class list's classes whole. Returns the reason when the text is refused; the
+// layer is then untouched. Where the text is no class list either, a refusal keeps the class list's message
+// byte for byte when the notation stumbles on the same item with nothing more to say ("unknown
+// starting-hand class ..."); the notation's own message is given when its first bad token is another one,
+// or when it has something of its own to say (weights, a range whose ends do not fit, a holding with one
+// card twice, a percentage above 100).
+std::string PutRangeOption(std::string_view text, RangeLayer& layer,
+                           RangeReading reading = RangeReading::Notation);
 
 }  // namespace quillet::cli

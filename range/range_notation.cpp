@@ -116,13 +116,22 @@ std::optional<Term> ReadTerm(std::string_view text) {
   return term;
 }
 
-void AddClass(HoldingSet& set, int classNumber) {
+// Where a token puts its holdings: the weighted set being read and the token's weight, which replaces
+// whatever weight an earlier token gave the same holdings.
+struct Marking {
+  WeightedHoldingSet& set;
+  int weight = kFullWeight;
+  void Put(int number) const { set.SetWeight(number, weight); }
+  void Put(Card a, Card b) const { set.SetWeight(a, b, weight); }
+};
+
+void AddClass(const Marking& set, int classNumber) {
   const ClassHoldings& own = HoldingsOfClass(classNumber);
-  for (int i = 0; i < own.count; ++i) set.insert(own.holdings[i].number);
+  for (int i = 0; i < own.count; ++i) set.Put(own.holdings[i].number);
 }
 
 // A class of the term's kind with the given ranks (high > low, or equal for a pair).
-void AddClassOfKind(HoldingSet& set, Term::Kind kind, int32_t high, int32_t low) {
+void AddClassOfKind(const Marking& set, Term::Kind kind, int32_t high, int32_t low) {
   if (kind == Term::Kind::Pair) {
     AddClass(set, ClassIndex(high, high));
     return;
@@ -131,9 +140,9 @@ void AddClassOfKind(HoldingSet& set, Term::Kind kind, int32_t high, int32_t low)
   if (kind == Term::Kind::Offsuit || kind == Term::Kind::Both) AddClass(set, ClassIndex(low, high));
 }
 
-void AddTerm(HoldingSet& set, const Term& t) {
+void AddTerm(const Marking& set, const Term& t) {
   if (t.kind == Term::Kind::Holding) {
-    set.insert(t.card1, t.card2);
+    set.Put(t.card1, t.card2);
   } else if (t.kind == Term::Kind::Pair) {
     for (int32_t r = t.high; r <= (t.plus ? 14 : t.high); ++r) AddClassOfKind(set, t.kind, r, r);
   } else {
@@ -166,15 +175,18 @@ RangeNotationError Unknown(const Token& token) {
 
 // What one reading has put in so far.
 struct Reading {
-  HoldingSet holdings;
-  // The entries 0..percentWalked of the preflop order are in `holdings` (a percentage token put them
-  // there): a later percentage walks on from there rather than from the start.
+  WeightedHoldingSet weights;
+  // The entries 0..percentWalked of the preflop order are in `weights` at walkedWeight (a percentage token
+  // put them there, and no token since has given any holding another weight): a later percentage of the
+  // same weight walks on from there rather than from the start.
   int percentWalked = -1;
+  int walkedWeight = kFullWeight;
 };
 
 // "15%": the step of the preflop order the range box snaps the value to, and every step before it.
-std::optional<RangeNotationError> AddPercent(Reading& reading, const Token& token) {
-  const std::string_view number = std::string_view(token.text).substr(0, token.text.size() - 1);
+std::optional<RangeNotationError> AddPercent(Reading& reading, const Token& token, std::string_view text,
+                                             int weight) {
+  const std::string_view number = text.substr(0, text.size() - 1);
   const bool hasDigit =
       std::any_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
   if (!hasDigit || number.front() == '-') return Unknown(token);
@@ -185,17 +197,20 @@ std::optional<RangeNotationError> AddPercent(Reading& reading, const Token& toke
                      "percentage " + Quoted(token) + " is above 100");
   }
   // At or above the last step the box leaves the grid alone; as notation that value means every class.
+  if (weight != reading.walkedWeight) reading.percentWalked = -1;
   const std::vector<PreflopRow>& order = PreflopOrder();
   for (int k = reading.percentWalked + 1; k <= step->entry; ++k) {
     for (const std::string& name : SplitClassList(order[k].classes)) {
-      for (const HandCombo& h : ExpandClassName(name)) reading.holdings.insert(h.card1(), h.card2());
+      for (const HandCombo& h : ExpandClassName(name))
+        reading.weights.SetWeight(h.card1(), h.card2(), weight);
     }
   }
   reading.percentWalked = std::max(reading.percentWalked, step->entry);
+  reading.walkedWeight = weight;
   return {};
 }
 
-std::optional<RangeNotationError> AddRange(HoldingSet& set, const Token& token, const Term& a,
+std::optional<RangeNotationError> AddRange(const Marking& set, const Token& token, const Term& a,
                                            const Term& b) {
   if (a.kind == Term::Kind::Holding || b.kind == Term::Kind::Holding || a.plus || b.plus)
     return Unknown(token);
@@ -227,19 +242,18 @@ std::optional<RangeNotationError> AddRange(HoldingSet& set, const Token& token, 
       "range " + Quoted(token) + " needs ends with the same first rank or the same gap between the ranks");
 }
 
-std::optional<RangeNotationError> AddToken(Reading& reading, const Token& token) {
-  HoldingSet& set = reading.holdings;
-  const std::string& text = token.text;
-  if (LooksLikeWeights(text)) {
-    return MakeError(RangeNotationError::Kind::Weights, token,
-                     "weights are not supported yet: " + Quoted(token));
-  }
+// Puts the holdings that `text` (the token without its weight and brackets, not empty) names at `weight`.
+std::optional<RangeNotationError> AddToken(Reading& reading, const Token& token, std::string_view text,
+                                           int weight) {
+  // A token of another weight may overwrite holdings an earlier percentage walked.
+  if (text.back() != '%' && weight != reading.walkedWeight) reading.percentWalked = -1;
+  const Marking set{reading.weights, weight};
   const std::string lowered = Lowered(text);
   if (lowered == "random" || lowered == "any" || lowered == "all") {
-    set |= HoldingSet::All();
+    for (int h = 0; h < kHoldingCount; ++h) set.Put(h);
     return {};
   }
-  if (text.back() == '%') return AddPercent(reading, token);
+  if (text.back() == '%') return AddPercent(reading, token, text, weight);
   const size_t dash = text.find('-');
   if (dash == std::string::npos) {
     const auto term = ReadTerm(text);
@@ -252,10 +266,163 @@ std::optional<RangeNotationError> AddToken(Reading& reading, const Token& token)
     return {};
   }
   if (text.find('-', dash + 1) != std::string::npos) return Unknown(token);
-  const auto a = ReadTerm(std::string_view(text).substr(0, dash));
-  const auto b = ReadTerm(std::string_view(text).substr(dash + 1));
+  const auto a = ReadTerm(text.substr(0, dash));
+  const auto b = ReadTerm(text.substr(dash + 1));
   if (!a || !b) return Unknown(token);
   return AddRange(set, token, *a, *b);
+}
+
+// ---- Weights ----
+
+// A number written with at most `decimals` digits after its point that count (more are allowed when they are
+// zeros), as a whole number of 10^-decimals: "0.25" with 3 decimals is 250, "12.5" with 1 is 125. No sign;
+// none above kFullWeight.
+std::optional<int> ReadSteps(std::string_view text, int decimals) {
+  int64_t value = 0;
+  int digits = 0;
+  int after = -1;  // digits read after the point, or -1 before it
+  for (char c : text) {
+    if (c == '.' && after < 0) {
+      after = 0;
+      continue;
+    }
+    if (c < '0' || c > '9') return {};
+    ++digits;
+    if (after >= 0 && after >= decimals) {
+      if (c != '0') return {};  // finer than a step
+      continue;
+    }
+    if (after >= 0) ++after;
+    value = value * 10 + (c - '0');
+    if (value > 100'000'000) return {};
+  }
+  if (digits == 0) return {};
+  for (int k = std::max(after, 0); k < decimals; ++k) value *= 10;
+  if (value > kFullWeight) return {};  // above 1 (or 100%): no weight
+  return static_cast<int>(value);
+}
+
+// A weight after a colon, in thousandths: a fraction ("0.5", "1") or a percentage ("50%", "12.5%").
+std::optional<int> ReadColonWeight(std::string_view text) {
+  if (!text.empty() && text.back() == '%') return ReadSteps(text.substr(0, text.size() - 1), 1);
+  return ReadSteps(text, 3);
+}
+
+// The percentage of a block's bracket ("50" of "[50]"), in thousandths.
+std::optional<int> ReadBracketWeight(std::string_view text) {
+  return ReadSteps(text, 1);
+}
+
+// A token written with weights, taken apart: "[50]AQs" opens a block, "AJs[/50]" closes one, "AKs:0.5"
+// has its own weight; what is left is the body ("AQs"), which may be empty beside a bracket ("[50]").
+struct WeightedToken {
+  std::string_view body;
+  std::optional<int> own;
+  std::optional<int> opens;
+  std::optional<int> closes;
+};
+
+std::optional<WeightedToken> SplitWeights(std::string_view text) {
+  WeightedToken t;
+  if (text.size() > 1 && text[0] == '[' && text[1] != '/') {
+    const size_t close = text.find(']');
+    if (close == std::string_view::npos) return {};
+    t.opens = ReadBracketWeight(text.substr(1, close - 1));
+    if (!t.opens) return {};
+    text.remove_prefix(close + 1);
+  }
+  if (!text.empty() && text.back() == ']') {
+    const size_t open = text.rfind("[/");
+    if (open == std::string_view::npos) return {};
+    t.closes = ReadBracketWeight(text.substr(open + 2, text.size() - open - 3));
+    if (!t.closes) return {};
+    text.remove_suffix(text.size() - open);
+  }
+  if (const size_t colon = text.find(':'); colon != std::string_view::npos) {
+    t.own = ReadColonWeight(text.substr(colon + 1));
+    if (!t.own) return {};
+    text.remove_suffix(text.size() - colon);
+  }
+  if (text.find_first_of(":[]") != std::string_view::npos) return {};
+  t.body = text;
+  return t;
+}
+
+RangeNotationError WeightsRefused(const Token& token) {
+  return MakeError(RangeNotationError::Kind::Weights, token,
+                   "weights are not supported yet: " + Quoted(token));
+}
+
+RangeNotationError BadWeight(const Token& token) {
+  std::string message = "bad weight ";  // built by appending, as Quoted is
+  message += Quoted(token);
+  message +=
+      " (a weight is 0 to 1 in steps of 0.001 after a colon, \"AKs:0.5\", or a percentage in steps of "
+      "0.1, \"AKs:50%\", \"[50]AKs, AQs[/50]\")";
+  return MakeError(RangeNotationError::Kind::BadWeight, token, message);
+}
+
+RangeNotationError BracketError(const Token& token, const char* what) {
+  std::string message = "bracket ";
+  message += Quoted(token);
+  message += ' ';
+  message += what;
+  return MakeError(RangeNotationError::Kind::Bracket, token, message);
+}
+
+// Reads the whole text into `reading`. Without `weightsAllowed` a weight other than 1 is refused, as are
+// weights written wrong, with the message of a notation that takes no weights.
+std::optional<RangeNotationError> ReadTokens(std::string_view text, bool weightsAllowed, Reading& reading) {
+  struct Block {
+    int weight;
+    Token opener;
+  };
+  std::optional<Block> block;
+  for (const Token& token : Tokenise(text)) {
+    const int outer = block ? block->weight : kFullWeight;
+    if (!LooksLikeWeights(token.text)) {
+      if (auto error = AddToken(reading, token, token.text, outer)) return error;
+      continue;
+    }
+    const auto split = SplitWeights(token.text);
+    if (!split) return weightsAllowed ? BadWeight(token) : WeightsRefused(token);
+    const int weight = split->own.value_or(split->opens.value_or(outer));
+    if (!weightsAllowed && (weight != kFullWeight || split->opens.value_or(kFullWeight) != kFullWeight ||
+                            split->closes.value_or(kFullWeight) != kFullWeight)) {
+      return WeightsRefused(token);
+    }
+    if (split->opens) {
+      if (block)
+        return weightsAllowed ? BracketError(token, "opens a block inside another") : WeightsRefused(token);
+      block = Block{*split->opens, token};
+    }
+    if (!split->body.empty()) {
+      if (auto error = AddToken(reading, token, split->body, weight)) return error;
+    } else if (!split->opens && !split->closes) {
+      return Unknown(token);
+    }
+    if (split->closes) {
+      if (!block) return weightsAllowed ? BracketError(token, "closes no block") : WeightsRefused(token);
+      if (block->weight != *split->closes) {
+        return weightsAllowed ? BracketError(token, "closes a block of another weight")
+                              : WeightsRefused(token);
+      }
+      block.reset();
+    }
+  }
+  if (block)
+    return weightsAllowed ? BracketError(block->opener, "is never closed") : WeightsRefused(block->opener);
+  return {};
+}
+
+std::optional<RangeNotationError> TooLongError(std::string_view text) {
+  if (text.size() <= kLongestRangeNotation) return {};
+  std::string message = "the range is ";  // built by appending, as Quoted is
+  message += std::to_string(text.size());
+  message += " bytes long, more than the ";
+  message += std::to_string(kLongestRangeNotation);
+  message += " bytes a range may have";
+  return RangeNotationError{RangeNotationError::Kind::TooLong, {}, 0, std::move(message)};
 }
 
 // ---- Printing ----
@@ -383,48 +550,116 @@ void AppendHalf(const HoldingSet& set, int32_t high, const HighCardRuns& runs, b
   }
 }
 
-}  // namespace
-
-ParsedRange ParseRangeNotation(std::string_view text) {
-  ParsedRange result;
-  if (text.size() > kLongestRangeNotation) {
-    std::string message = "the range is ";  // built by appending, as Quoted is
-    message += std::to_string(text.size());
-    message += " bytes long, more than the ";
-    message += std::to_string(kLongestRangeNotation);
-    message += " bytes a range may have";
-    result.error = RangeNotationError{RangeNotationError::Kind::TooLong, {}, 0, std::move(message)};
-    return result;
-  }
-  Reading reading;
-  for (const Token& token : Tokenise(text)) {
-    if (auto error = AddToken(reading, token)) {
-      result.error = std::move(error);
-      return result;
-    }
-  }
-  result.holdings = reading.holdings;
-  return result;
-}
-
-std::string PrintRangeNotation(const HoldingSet& holdings) {
-  if (holdings == HoldingSet::All()) return "all";
+std::vector<std::string> NotationTokens(const HoldingSet& holdings) {
+  if (holdings == HoldingSet::All()) return {"all"};
   std::vector<std::string> tokens;
   AppendPairs(holdings, tokens);
   std::array<HighCardRuns, 15> runs;
   for (int32_t high = 14; high >= 3; --high) runs[high] = RunsUnder(holdings, high);
   for (int32_t high = 14; high >= 3; --high) AppendHalf(holdings, high, runs[high], true, tokens);
   for (int32_t high = 14; high >= 3; --high) AppendHalf(holdings, high, runs[high], false, tokens);
+  return tokens;
+}
+
+void AppendJoined(std::string& text, const std::string& part) {
+  if (part.empty()) return;
+  if (!text.empty()) text += ", ";
+  text += part;
+}
+
+// "0.5", "0.125", "0.001": a weight below 1 as a fraction, without trailing zeros.
+std::string FractionText(int thousandths) {
+  std::string text = "0.";
+  text += static_cast<char>('0' + thousandths / 100);
+  text += static_cast<char>('0' + thousandths / 10 % 10);
+  text += static_cast<char>('0' + thousandths % 10);
+  while (text.back() == '0') text.pop_back();
+  return text;
+}
+
+// "50", "12.5", "0.1": a weight as a percentage, as a block's bracket writes it.
+std::string PercentText(int thousandths) {
+  std::string text = std::to_string(thousandths / 10);
+  if (thousandths % 10 != 0) {
+    text += '.';
+    text += static_cast<char>('0' + thousandths % 10);
+  }
+  return text;
+}
+
+}  // namespace
+
+ParsedRange ParseRangeNotation(std::string_view text) {
+  ParsedRange result;
+  if ((result.error = TooLongError(text))) return result;
+  Reading reading;
+  if ((result.error = ReadTokens(text, false, reading))) return result;
+  result.holdings = reading.weights.Holdings();
+  return result;
+}
+
+ParsedWeightedRange ParseWeightedRangeNotation(std::string_view text) {
+  ParsedWeightedRange result;
+  if ((result.error = TooLongError(text))) return result;
+  Reading reading;
+  if ((result.error = ReadTokens(text, true, reading))) return result;
+  result.weights = reading.weights;
+  return result;
+}
+
+std::string PrintRangeNotation(const HoldingSet& holdings) {
   std::string text;
-  for (const std::string& t : tokens) {
-    if (!text.empty()) text += ", ";
-    text += t;
+  for (const std::string& t : NotationTokens(holdings)) AppendJoined(text, t);
+  return text;
+}
+
+std::string PrintWeightedRangeNotation(const WeightedHoldingSet& weights) {
+  std::string text = PrintRangeNotation(weights.HoldingsOfWeight(kFullWeight));
+  std::array<bool, kFullWeight> present{};
+  for (int h = 0; h < kHoldingCount; ++h) {
+    const int w = weights.Weight(h);
+    if (w > 0 && w < kFullWeight) present[w] = true;
+  }
+  for (int w = kFullWeight - 1; w > 0; --w) {
+    if (!present[w]) continue;
+    const std::vector<std::string> tokens = NotationTokens(weights.HoldingsOfWeight(w));
+    const std::string fraction = FractionText(w);
+    const std::string percent = PercentText(w);
+    std::string colons;
+    std::string block = "[";
+    block += percent;
+    block += ']';
+    for (size_t k = 0; k < tokens.size(); ++k) {
+      if (k > 0) {
+        colons += ", ";
+        block += ", ";
+      }
+      colons += tokens[k];
+      colons += ':';
+      colons += fraction;
+      block += tokens[k];
+    }
+    block += "[/";
+    block += percent;
+    block += ']';
+    AppendJoined(text, block.size() < colons.size() ? block : colons);
   }
   return text;
 }
 
 std::string HoldingSharePercentText(int holdings) {
   return ComputedRangeText(holdings).substr(1);
+}
+
+std::string WeightSharePercentText(int64_t weightSum) {
+  // The nearest tenth of weightSum / 1000 / 1326 * 100, halves rounded up.
+  return FormatTenths((weightSum * 2 + kHoldingCount) / (2 * kHoldingCount));
+}
+
+std::string CombosText(int64_t weightSum) {
+  std::string text = std::to_string(weightSum / kFullWeight);
+  if (weightSum % kFullWeight != 0) text += FractionText(static_cast<int>(weightSum % kFullWeight)).substr(1);
+  return text;
 }
 
 }  // namespace quillet

@@ -13,9 +13,19 @@
 //   random, any, all   every holding
 //   15%         the top of the preflop order, exactly as the range percentage box takes it: the step
 //               nearest to 15 and every step before it (a value at or above the last step is every class)
-// A class may be written low rank first ("KAs" is "AKs"). Duplicates collapse. Weights ("AKs:0.5",
-// "[50]AKs[/50]") are refused: they are not supported yet. A text longer than kLongestRangeNotation bytes
-// is refused whole, before any token is read.
+// A class may be written low rank first ("KAs" is "AKs"). Duplicates collapse. A text longer than
+// kLongestRangeNotation bytes is refused whole, before any token is read.
+//
+// Weights. Each holding carries a weight from 0 to 1 in steps of 0.001 (0: out of the range); a token
+// without one gives its holdings weight 1.
+//   AKs:0.5  QQ+:0.75  AhKh:0.25  AKs:50%   a token's own weight: a fraction, or a percentage in steps of 0.1
+//   [50]AQs, AJs[/50]                       a block: every token inside at the bracket's percentage (a
+//                                           token's own weight wins inside it); blocks do not nest, and the
+//                                           closing bracket repeats the opening one's number
+// A later token's weight replaces an earlier one for the holdings it names ("AK:0.5, AKs" leaves AKs at 1
+// and AKo at 0.5). ParseWeightedRangeNotation reads weights; ParseRangeNotation, which the window, the cook,
+// equity and profiles use, takes a weight of exactly 1 ("AKs:1", "[100]AKs[/100]") and refuses any other,
+// and any weight written wrong, with "weights are not supported yet: 'TOKEN' at column N".
 //
 // A message quotes a token as QuotedExcerpt does (at most 40 characters, then "...", control characters
 // written as escapes), so that it stays one short, harmless line on a terminal or in a message box.
@@ -25,14 +35,22 @@
 // merged ("QQ+", "A9s-A6s", "KTo+"); a run that is whole in both halves is written once without suffix
 // ("AK", "KT+"); a class held only in part is written as its single holdings ("AhKh"). Every holding is
 // "all". Tokens are joined by ", ". Reading the printed text gives back exactly the same holdings.
+//
+// A weighted set prints its holdings of weight 1 as above, then the holdings of each lower weight, the
+// highest weight first, each group printed as above with every token given the weight ("AQs:0.5, AJs:0.5")
+// or, where that is shorter, as one block ("[50]AQs, AJs, ATs[/50]"; a tie goes to the colons). A fraction
+// is written without trailing zeros ("0.5", "0.125"), a bracket's percentage likewise ("50", "12.5").
+// Reading the printed text gives back exactly the same weights.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "range/holding_set.h"
+#include "range/weighted_holding_set.h"
 
 namespace quillet {
 
@@ -47,7 +65,9 @@ struct RangeNotationError {
     RangeEnds,        // the two ends of a range do not fit together
     SameCardTwice,    // "AhAh"
     PercentAbove100,  // "150%"
-    TooLong           // the whole text is longer than kLongestRangeNotation (no token, column 0)
+    TooLong,          // the whole text is longer than kLongestRangeNotation (no token, column 0)
+    BadWeight,        // "AKs:1.5", "AKs:-1", "AKs:x", "[150]AKs": a weight that is not 0 to 1 in steps
+    Bracket  // a block never closed, closed without being opened, nested, or closed with another number
   };
   Kind kind = Kind::UnknownToken;
   std::string token;    // the token as written (blanks around a range's "-" left out)
@@ -61,11 +81,26 @@ struct ParsedRange {
   bool ok() const { return !error.has_value(); }
 };
 
+struct ParsedWeightedRange {
+  WeightedHoldingSet weights;  // empty when there is an error
+  std::optional<RangeNotationError> error;
+  bool ok() const { return !error.has_value(); }
+};
+
+// The holdings of the text; a weight other than 1 is refused (Kind::Weights).
 ParsedRange ParseRangeNotation(std::string_view text);
+// The weights of the text.
+ParsedWeightedRange ParseWeightedRangeNotation(std::string_view text);
 
 std::string PrintRangeNotation(const HoldingSet& holdings);
+std::string PrintWeightedRangeNotation(const WeightedHoldingSet& weights);
 
 // The share of all 1,326 holdings, rounded to one decimal, as the range box writes a share ("1.7", "100").
 std::string HoldingSharePercentText(int holdings);
+// The share of all 1,326 holdings that a sum of weights (in thousandths) makes, written alike; for whole
+// weights the same text as HoldingSharePercentText.
+std::string WeightSharePercentText(int64_t weightSum);
+// A sum of weights in thousandths as a number of combos, without trailing zeros ("12", "12.5", "0.001").
+std::string CombosText(int64_t weightSum);
 
 }  // namespace quillet

@@ -94,13 +94,29 @@ TEST_F(ProfilesCommand, ShowReportsAPartBlockWithoutTheWholeFlag) {
   EXPECT_NE(Run({"show", "Part"}).out.find("  AKo  11 holdings\n"), std::string::npos);
 }
 
-TEST_F(ProfilesCommand, AnOffsuitClassMayBeWrittenWithOrWithoutItsO) {
+TEST_F(ProfilesCommand, AKIsBothHalvesAKoTheOffsuitClassAndWithClassesAKIsOffsuit) {
   ASSERT_EQ(Run({"add", "A", "--range", "AK"}).status, 0);
   ASSERT_EQ(Run({"add", "B", "--range", "AKo"}).status, 0);
+  ASSERT_EQ(Run({"add", "C", "--range", "AK", "--classes"}).status, 0);
   const auto read = ReadProfileFile(File());
-  ASSERT_EQ(read.profiles.size(), 2u);
-  EXPECT_EQ(read.profiles[0].rangeLayer, read.profiles[1].rangeLayer);
-  EXPECT_EQ(read.profiles[0].rangeLayer[FindClassByName("AK")].count, 12);
+  ASSERT_EQ(read.profiles.size(), 3u);
+  const int offsuit = FindClassByName("AK");
+  const int suited = FindClassByName("AKs");
+  EXPECT_EQ(read.profiles[0].rangeLayer[offsuit].count, 12);
+  EXPECT_EQ(read.profiles[0].rangeLayer[suited].count, 4);
+  EXPECT_EQ(read.profiles[1].rangeLayer[offsuit].count, 12);
+  EXPECT_EQ(read.profiles[1].rangeLayer[suited].count, 0);
+  EXPECT_EQ(read.profiles[2].rangeLayer, read.profiles[1].rangeLayer);
+}
+
+TEST_F(ProfilesCommand, ClassesIsRefusedWhereNoRangeIsRead) {
+  ASSERT_EQ(Run({"add", "A", "--range", "AK"}).status, 0);
+  const CliRun list = Run({"list", "--classes"});
+  EXPECT_EQ(list.status, 2);
+  EXPECT_EQ(list.err, "quillet-cli profiles list: --classes does not apply here\n");
+  const CliRun show = Run({"show", "A", "--classes"});
+  EXPECT_EQ(show.status, 2);
+  EXPECT_EQ(show.err, "quillet-cli profiles show: --classes does not apply here\n");
 }
 
 TEST_F(ProfilesCommand, AddKeepsTheProfilesAlreadyThere) {

@@ -196,13 +196,18 @@ TEST(CookCli, AnUnknownClassIsRefusedByName) {
   EXPECT_NE(seen.err.find("--seen"), std::string::npos) << seen.err;
 }
 
-TEST(CookCli, AnOffsuitClassMayBeWrittenWithOrWithoutO) {
+TEST(CookCli, AKIsBothHalvesAndAKoTheOffsuitClassAlone) {
+  // --range reads the notation: "AK" is AKs and AKo, 16 holdings; "AKo" the offsuit twelve.
   const CliRun plain = RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AK"});
   const CliRun withO = RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AKo"});
   EXPECT_EQ(plain.status, 0);
   EXPECT_EQ(withO.status, 0);
-  EXPECT_EQ(plain.out, withO.out);
-  EXPECT_NE(plain.out.find("    " + kBullet + "AKo (12)\r\n"), std::string::npos) << plain.out;
+  EXPECT_NE(plain.out.find("  A high (16) 100%\r\n"), std::string::npos) << plain.out;
+  EXPECT_NE(withO.out.find("    " + kBullet + "AKo (12)\r\n"), std::string::npos) << withO.out;
+  // With --classes a bare "AK" is the offsuit class, as class lists always named it.
+  const CliRun classes = RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AK", "--classes"});
+  EXPECT_EQ(classes.status, 0);
+  EXPECT_EQ(classes.out, withO.out);
 }
 
 TEST(CookCli, TheSeenListAddsItsClassesAndEachClassGoesInWhole) {

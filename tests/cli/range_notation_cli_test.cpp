@@ -48,13 +48,33 @@ TEST(RangeCommand, WordsSplitByTheShellAreOneText) {
   EXPECT_EQ(RunCommandLine({"range", "QQ+,", "AKs"}).out, RunCommandLine({"range", "QQ+, AKs"}).out);
 }
 
+TEST(RangeCommand, WeightsAreReadAndTheCombosAreTheirSum) {
+  // QQ: 6 holdings at 1; AKs: 4 at 0.5, 2 combos. 8 of 1,326 is 0.603%.
+  const CliRun run = RunCommandLine({"range", "AKs:0.5, QQ"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "Range: QQ, AKs:0.5\nHoldings: 10\nCombos: 8\nPercent: 0.6\n");
+  EXPECT_EQ(RunCommandLine({"range", "--json", "[50]AQs, AJs[/50], QQ:25%"}).out,
+            "{\"range\":\"AQs-AJs:0.5, QQ:0.25\",\"holdings\":14,\"combos\":5.5,\"percent\":0.4}\n");
+}
+
+TEST(RangeCommand, WithoutWeightsBelowOneTheOutputIsTheUnweightedOne) {
+  // No combos line or field: the combos are the holdings.
+  EXPECT_EQ(RunCommandLine({"range", "QQ+, AKs:1"}).out, "Range: QQ+, AKs\nHoldings: 22\nPercent: 1.7\n");
+  EXPECT_EQ(RunCommandLine({"range", "--json", "[100]QQ+[/100]"}).out,
+            "{\"range\":\"QQ+\",\"holdings\":18,\"percent\":1.4}\n");
+}
+
 TEST(RangeCommand, ABadTextExitsWithTwoAndSaysWhyOnStderrOnly) {
   const CliRun run = RunCommandLine({"range", "QQ+, AKx"});
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.err, "quillet-cli range: unknown token 'AKx' at column 6\n");
-  EXPECT_EQ(RunCommandLine({"range", "AKs:0.5"}).err,
-            "quillet-cli range: weights are not supported yet: 'AKs:0.5' at column 1\n");
+  EXPECT_EQ(
+      RunCommandLine({"range", "QQ+ AKs:1.5"}).err,
+      "quillet-cli range: bad weight 'AKs:1.5' at column 5 (a weight is 0 to 1 in steps of 0.001 after a "
+      "colon, \"AKs:0.5\", or a percentage in steps of 0.1, \"AKs:50%\", \"[50]AKs, AQs[/50]\")\n");
+  EXPECT_EQ(RunCommandLine({"range", "QQ+, [50]AKs"}).err,
+            "quillet-cli range: bracket '[50]AKs' at column 6 is never closed\n");
   EXPECT_EQ(RunCommandLine({"range"}).status, 2);
 }
 
@@ -108,10 +128,22 @@ std::string RandomClassList(std::mt19937& random, bool offsuitWithO) {
   return text;
 }
 
-TEST(RangeOption, EveryClassListGivesTheLayerItGaveBefore) {
+TEST(RangeOption, WithClassesEveryClassListGivesTheLayerItGaveBefore) {
   std::mt19937 random(1326);
   for (int n = 0; n < 2000; ++n) {
     const std::string text = RandomClassList(random, false);
+    const ClassList list = ParseClassList(text);
+    ASSERT_TRUE(list.ok()) << text;
+    RangeLayer layer = MakeEmptyLayer();
+    EXPECT_EQ(PutRangeOption(text, layer, RangeReading::Classes), "");
+    EXPECT_EQ(layer, LayerOfClasses(list.classes)) << text;  // record for record
+  }
+}
+
+TEST(RangeOption, AClassListWithItsOffsuitClassesWrittenWithOGivesTheLayerItGaveBefore) {
+  std::mt19937 random(1328);
+  for (int n = 0; n < 2000; ++n) {
+    const std::string text = RandomClassList(random, true);
     const ClassList list = ParseClassList(text);
     ASSERT_TRUE(list.ok()) << text;
     RangeLayer layer = MakeEmptyLayer();
@@ -130,16 +162,86 @@ TEST(RangeOption, ClassListsWithTheirOffsuitClassesWrittenWithOReadAlikeAsNotati
   }
 }
 
-TEST(RangeOption, ABareOffsuitNameIsOffsuitInAClassListAndBothHalvesInNotation) {
+TEST(RangeOption, ABareOffsuitNameIsBothHalvesAndOffsuitOnlyWithClasses) {
   // The one word the two readings take differently: a class list names the offsuit class "AK" (as the
-  // preflop order does), players' notation means AKs and AKo. A text that is a class list keeps the
-  // meaning it always had; any other text is notation throughout.
-  RangeLayer list = MakeEmptyLayer();
-  ASSERT_EQ(PutRangeOption("AA,AK", list), "");
-  EXPECT_EQ(HoldingsOfLayer(list).size(), 6 + 12);
+  // preflop order does), players' notation means AKs and AKo. Every text is notation, class list or not;
+  // RangeReading::Classes (--classes) reads a text that is a class list as one.
   RangeLayer notation = MakeEmptyLayer();
-  ASSERT_EQ(PutRangeOption("AA+, AK", notation), "");
+  ASSERT_EQ(PutRangeOption("AA,AK", notation), "");
   EXPECT_EQ(HoldingsOfLayer(notation).size(), 6 + 16);
+  RangeLayer spaced = MakeEmptyLayer();
+  ASSERT_EQ(PutRangeOption("AA+, AK", spaced), "");
+  EXPECT_EQ(spaced, notation);
+  RangeLayer list = MakeEmptyLayer();
+  ASSERT_EQ(PutRangeOption("AA,AK", list, RangeReading::Classes), "");
+  EXPECT_EQ(HoldingsOfLayer(list).size(), 6 + 12);
+  RangeLayer notList = MakeEmptyLayer();
+  ASSERT_EQ(PutRangeOption("AA+, AK", notList, RangeReading::Classes), "");
+  EXPECT_EQ(notList, notation);
+}
+
+TEST(RangeOption, AKIsSixteenHoldingsInCookRangeAndEquityRange) {
+  const auto cook = [](std::vector<std::string> extra) {
+    std::vector<std::string> words = {"cook", "--hand", "", "--board", "", "--json"};
+    words.insert(words.end(), extra.begin(), extra.end());
+    return RunCommandLine(words);
+  };
+  EXPECT_EQ(cook({"--range", "AK"}).out.rfind("{\"range\":16,", 0), 0u);
+  EXPECT_EQ(cook({"--range", "AK, QQ"}).out.rfind("{\"range\":22,", 0), 0u);
+  EXPECT_EQ(cook({"--range", "AK,QQ+"}).out.rfind("{\"range\":34,", 0), 0u);
+  EXPECT_EQ(cook({"--range", "QQ", "--seen", "AK"}).out.rfind("{\"range\":22,", 0), 0u);
+  const auto equity = [](const std::string& range, std::vector<std::string> extra = {}) {
+    std::vector<std::string> words = {"equity", "--hand", "QhQd", "--board", "", "--range", range, "--json"};
+    words.insert(words.end(), extra.begin(), extra.end());
+    return RunCommandLine(words);
+  };
+  const CliRun ak = equity("AK");
+  ASSERT_EQ(ak.status, 0) << ak.err;
+  EXPECT_EQ(ak.out, equity("AKs, AKo").out);
+  EXPECT_NE(ak.out, equity("AKo").out);
+}
+
+TEST(RangeOption, ClassesGivesTheOldReadingOfTwelve) {
+  const CliRun cook =
+      RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AK", "--classes", "--json"});
+  EXPECT_EQ(cook.out.rfind("{\"range\":12,", 0), 0u) << cook.out;
+  const CliRun seen = RunCommandLine(
+      {"cook", "--hand", "", "--board", "", "--range", "QQ", "--seen", "AK", "--classes", "--json"});
+  EXPECT_EQ(seen.out.rfind("{\"range\":18,", 0), 0u) << seen.out;
+  const CliRun equity =
+      RunCommandLine({"equity", "--hand", "QhQd", "--board", "", "--range", "AK", "--classes", "--json"});
+  ASSERT_EQ(equity.status, 0) << equity.err;
+  EXPECT_EQ(equity.out,
+            RunCommandLine({"equity", "--hand", "QhQd", "--board", "", "--range", "AKo", "--json"}).out);
+  // A text that is no class list reads as notation with --classes too.
+  const CliRun notation =
+      RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "AK,QQ+", "--classes", "--json"});
+  EXPECT_EQ(notation.out.rfind("{\"range\":34,", 0), 0u) << notation.out;
+}
+
+TEST(RangeOption, ClassesIsRefusedWhereThereIsNoClassListToRead) {
+  const CliRun top = RunCommandLine({"cook", "--hand", "", "--board", "", "--top", "10", "--classes"});
+  EXPECT_EQ(top.status, 2);
+  EXPECT_EQ(top.out, "");
+  EXPECT_EQ(top.err, "cook: --classes applies to --range and --seen, and neither is given\n");
+  const CliRun ranges =
+      RunCommandLine({"equity", "--hand-range", "QQ+", "--range", "AK", "--board", "", "--classes"});
+  EXPECT_EQ(ranges.status, 2);
+  EXPECT_EQ(ranges.err,
+            "equity: --classes does not apply with --hand-range: both ranges are read as notation\n");
+  EXPECT_NE(RunCommandLine({"range", "AK", "--classes"}).status, 0);
+}
+
+TEST(RangeOption, AWeightOfOneIsTakenAndAnyOtherRefusedWithTheOldMessage) {
+  RangeLayer one = MakeEmptyLayer();
+  ASSERT_EQ(PutRangeOption("QQ+, AKs:1, [100]AQs[/100]", one), "");
+  RangeLayer plain = MakeEmptyLayer();
+  ASSERT_EQ(PutRangeOption("QQ+, AKs, AQs", plain), "");
+  EXPECT_EQ(one, plain);
+  const CliRun half =
+      RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "QQ+, [50]AQs, AJs[/50]"});
+  EXPECT_EQ(half.status, 2);
+  EXPECT_EQ(half.err, "cook: --range: weights are not supported yet: '[50]AQs' at column 6\n");
 }
 
 TEST(RangeOption, ABadListKeepsItsMessageWhenTheNotationStumblesOnTheSameItem) {
