@@ -16,8 +16,8 @@
 namespace quillet::cli {
 namespace {
 
-const std::vector<std::string> kAceKing = {"equity", "--hand",  "AhKd",         "--board",
-                                           "Tc8h3s", "--range", "QQ,AA,T9s,72", "--per-class"};
+const std::vector<std::string> kAceKing = {"equity", "--hand",  "AhKd",          "--board",
+                                           "Tc8h3s", "--range", "QQ,AA,T9s,72o", "--per-class"};
 
 std::vector<std::string> With(std::vector<std::string> words, std::initializer_list<std::string> more) {
   words.insert(words.end(), more);

@@ -11,6 +11,7 @@
 #include "range/range_notation.h"
 #include "range/weighted_holding_set.h"
 #include "tests/support/card_text.h"
+#include "tests/support/test_seed.h"
 
 namespace quillet {
 namespace {
@@ -178,31 +179,31 @@ TEST(UnweightedRangeNotation, TakesAWeightOfOneAndRefusesAnyOtherWithTheOldMessa
 
 // ---- Printing ----
 
-std::string Reprinted(std::string_view text) {
+std::string WeightedReprinted(std::string_view text) {
   return PrintWeightedRangeNotation(Weights(text));
 }
 
 TEST(WeightedRangeNotationPrinting, UnweightedPartsAsBeforeThenEachWeightHighestFirst) {
-  EXPECT_EQ(Reprinted("ATs:0.5, QQ+, AQs:0.5, AKs"), "QQ+, AKs, AQs:0.5, ATs:0.5");
-  EXPECT_EQ(Reprinted("AKs:0.25, AQs:0.75"), "AQs:0.75, AKs:0.25");
-  EXPECT_EQ(Reprinted("AA:1,KK:0.5"), "AA, KK:0.5");
-  EXPECT_EQ(Reprinted("AK:0.5, AKs"), "AKs, AKo:0.5");
-  EXPECT_EQ(Reprinted("AhKh:0.125"), "AhKh:0.125");
-  EXPECT_EQ(Reprinted("all:0.5"), "all:0.5");
-  EXPECT_EQ(Reprinted("QQ+:0.001"), "QQ+:0.001");
+  EXPECT_EQ(WeightedReprinted("ATs:0.5, QQ+, AQs:0.5, AKs"), "QQ+, AKs, AQs:0.5, ATs:0.5");
+  EXPECT_EQ(WeightedReprinted("AKs:0.25, AQs:0.75"), "AQs:0.75, AKs:0.25");
+  EXPECT_EQ(WeightedReprinted("AA:1,KK:0.5"), "AA, KK:0.5");
+  EXPECT_EQ(WeightedReprinted("AK:0.5, AKs"), "AKs, AKo:0.5");
+  EXPECT_EQ(WeightedReprinted("AhKh:0.125"), "AhKh:0.125");
+  EXPECT_EQ(WeightedReprinted("all:0.5"), "all:0.5");
+  EXPECT_EQ(WeightedReprinted("QQ+:0.001"), "QQ+:0.001");
   // A run merges within one weight.
-  EXPECT_EQ(Reprinted("[50]AQs, AJs[/50]"), "AQs-AJs:0.5");
-  EXPECT_EQ(Reprinted("AJs:0.5, QQ+, AQs:0.5, AKs"), "QQ+, AKs, AQs-AJs:0.5");
+  EXPECT_EQ(WeightedReprinted("[50]AQs, AJs[/50]"), "AQs-AJs:0.5");
+  EXPECT_EQ(WeightedReprinted("AJs:0.5, QQ+, AQs:0.5, AKs"), "QQ+, AKs, AQs-AJs:0.5");
 }
 
 TEST(WeightedRangeNotationPrinting, AGroupIsABlockWhereThatIsShorter) {
   // Three tokens: "[50]" and "[/50]" cost 9 characters, three ":0.5" cost 12.
-  EXPECT_EQ(Reprinted("QQ:0.5, AKs:0.5, AhQd:0.5"), "[50]QQ, AKs, AhQd[/50]");
-  EXPECT_EQ(Reprinted("JJ+, QQ:0.5, AKs:0.5, AhQd:0.5"), "KK+, JJ, [50]QQ, AKs, AhQd[/50]");
+  EXPECT_EQ(WeightedReprinted("QQ:0.5, AKs:0.5, AhQd:0.5"), "[50]QQ, AKs, AhQd[/50]");
+  EXPECT_EQ(WeightedReprinted("JJ+, QQ:0.5, AKs:0.5, AhQd:0.5"), "KK+, JJ, [50]QQ, AKs, AhQd[/50]");
   // Two tokens: 8 characters of colons against 9 of brackets.
-  EXPECT_EQ(Reprinted("QQ:0.5, AKs:0.5"), "QQ:0.5, AKs:0.5");
+  EXPECT_EQ(WeightedReprinted("QQ:0.5, AKs:0.5"), "QQ:0.5, AKs:0.5");
   // A weight with a tenth of a percent writes the block's number with its decimal.
-  EXPECT_EQ(Reprinted("QQ:0.125, AKs:0.125, AhQd:0.125"), "[12.5]QQ, AKs, AhQd[/12.5]");
+  EXPECT_EQ(WeightedReprinted("QQ:0.125, AKs:0.125, AhQd:0.125"), "[12.5]QQ, AKs, AhQd[/12.5]");
 }
 
 TEST(WeightedRangeNotationPrinting, AnUnweightedSetPrintsAsTheUnweightedPrinterDoes) {
@@ -214,10 +215,8 @@ TEST(WeightedRangeNotationPrinting, AnUnweightedSetPrintsAsTheUnweightedPrinterD
   }
 }
 
-uint32_t TestSeed() {
-  if (const char* text = std::getenv("QUILLET_TEST_SEED"))
-    return static_cast<uint32_t>(std::strtoul(text, nullptr, 10));
-  return 20261125;
+uint32_t WeightsSeed() {
+  return static_cast<uint32_t>(testing::TestSeed(20261125));
 }
 
 // A random weighted set: whole classes, parts of classes and single holdings at a few weights (so groups
@@ -245,7 +244,7 @@ WeightedHoldingSet RandomWeights(std::mt19937& random) {
 }
 
 TEST(WeightedRangeNotationRoundTrip, ReadingThePrintedTextGivesTheSameWeights) {
-  const uint32_t seed = TestSeed();
+  const uint32_t seed = WeightsSeed();
   std::cout << "weighted round-trip seed " << seed << " (set QUILLET_TEST_SEED to repeat another)\n";
   std::mt19937 random(seed);
   for (int n = 0; n < 1500; ++n) {
@@ -261,7 +260,7 @@ TEST(WeightedRangeNotationRoundTrip, ReadingThePrintedTextGivesTheSameWeights) {
 
 TEST(WeightedRangeNotationRoundTrip, AnyTextOfWeightCharactersIsReadOrRefusedWithAColumnInsideIt) {
   const std::string alphabet = "AKQT92sohd:[]/%.0155 ,-+x";
-  std::mt19937 random(TestSeed());
+  std::mt19937 random(WeightsSeed());
   for (int n = 0; n < 20000; ++n) {
     std::string text;
     const int length = static_cast<int>(random() % 24);
