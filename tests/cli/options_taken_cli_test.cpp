@@ -39,7 +39,9 @@ class OptionsTaken : public ::testing::Test {
             {"--notation"},
             {"--out", Path("keys.bin")},
             {"--classes-out", Path("classes.bin")},
-            {"--threads", "1"}};
+            {"--threads", "1"},
+            {"--per-class"},
+            {"--classes"}};
   }
 
   // Runs `base` with each option outside `taken` added and expects each refused.
@@ -63,23 +65,24 @@ class OptionsTaken : public ::testing::Test {
 };
 
 TEST_F(OptionsTaken, CookRefusesEveryOptionItDoesNotTake) {
-  ExpectEveryOtherOptionRefused(
-      {"cook", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "AA"},
-      {"--hand", "--board", "--range", "--top", "--seen", "--json", "--standard-rules", "--no-simplify",
-       "--simplify-further", "--show-empty", "--win-lose-icons", "--category-equity", "--category-icons"});
+  ExpectEveryOtherOptionRefused({"cook", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "AA"},
+                                {"--hand", "--board", "--range", "--top", "--seen", "--json",
+                                 "--standard-rules", "--no-simplify", "--simplify-further", "--show-empty",
+                                 "--win-lose-icons", "--category-equity", "--category-icons", "--classes"});
 }
 
 TEST_F(OptionsTaken, EquityWithAHandRefusesEveryOptionItDoesNotTake) {
-  ExpectEveryOtherOptionRefused(
-      {"equity", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "AA"},
-      {"--hand", "--board", "--range", "--top", "--seen", "--json", "--standard-rules"});
+  ExpectEveryOtherOptionRefused({"equity", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "AA"},
+                                {"--hand", "--board", "--range", "--top", "--seen", "--json",
+                                 "--standard-rules", "--per-class", "--classes"});
 }
 
 TEST_F(OptionsTaken, EquityWithAHandRangeRefusesTheHandTheTopAndTheSeenLayer) {
   // My side is a range and the opponent's is --range in notation: --hand, --top and --seen would be
   // passed over (with --top 10 the answer would be "No showdowns").
-  ExpectEveryOtherOptionRefused({"equity", "--hand-range", "QQ", "--range", "AA", "--board", "Tc8h3s"},
-                                {"--hand-range", "--range", "--board", "--json", "--standard-rules"});
+  ExpectEveryOtherOptionRefused(
+      {"equity", "--hand-range", "QQ", "--range", "AA", "--board", "Tc8h3s"},
+      {"--hand-range", "--range", "--board", "--json", "--standard-rules", "--per-class"});
   const CliRun stray = RunCommandLine({"equity", "--hand-range", "QQ", "--range", "AA", "extra"});
   EXPECT_EQ(stray.status, 2);
   EXPECT_TRUE(stray.out.empty());
@@ -94,7 +97,7 @@ TEST_F(OptionsTaken, EachProfilesActionRefusesEveryOptionItDoesNotTake) {
   ExpectEveryOtherOptionRefused({"profiles", "list"}, {"--file"});
   ExpectEveryOtherOptionRefused({"profiles", "show", "Villain"}, {"--file", "--json", "--notation"});
   ExpectEveryOtherOptionRefused({"profiles", "add", "Villain", "--range", "AA"},
-                                {"--file", "--range", "--seen", "--range-text"});
+                                {"--file", "--range", "--seen", "--range-text", "--classes"});
 }
 
 TEST_F(OptionsTaken, EachTablesActionRefusesEveryOptionItDoesNotTake) {
