@@ -183,7 +183,7 @@ class CompletionCounter {
   }
 
   // Adds the wins and the ties of my range on the board completed by `coming` (none to two cards); with
-  // kByOpponent instead what each holding of the opponent's range meets on it (Above, AboveOrLevel).
+  // kByOpponent instead what each holding of the opponent's range meets on it (Above, Level).
   template <bool kByOpponent>
   void Count(std::span<const Card> coming, int64_t& wins, int64_t& ties) {
     SuitCounts suits = boardSuits_;
@@ -373,7 +373,7 @@ class CompletionCounter {
   }
 
   // The same walk from the opponent's side: per holding of the opponent's range (by holding number, one
-  // copy), my holdings of a lower value (Above) and of a lower or equal one (AboveOrLevel) that share no
+  // copy), my holdings of a lower value (Above) and of an equal one (Level) that share no
   // card with it, weighted by how often my range lists them.
   void SweepByOpponent(const Pattern& pattern, std::size_t pairCount,
                        const std::vector<WeightedFlushCandidate>* candidates, uint64_t comingCards) {
@@ -430,14 +430,13 @@ class CompletionCounter {
       // The opponent's holdings of this value beat my holdings passed before it and tie those passed now;
       // my copy of the holding itself was taken off twice, once per card.
       const auto meet = [&](uint16_t number, uint8_t card1, uint8_t card2, int32_t myWeight) {
-        const int64_t belowOrLevel = beaten(card1, card2);
         if (!mineHere) {
-          above_[number] += belowOrLevel;
-          aboveOrLevel_[number] += belowOrLevel;
+          above_[number] += beaten(card1, card2);
           return;
         }
-        above_[number] += passedBefore - withBefore[card1] - withBefore[card2];
-        aboveOrLevel_[number] += belowOrLevel + myWeight;
+        const int64_t below = passedBefore - withBefore[card1] - withBefore[card2];
+        above_[number] += below;
+        level_[number] += beaten(card1, card2) + myWeight - below;
       };
       for (std::size_t i = p; i < pairEnd; ++i) {
         const uint16_t pair = pattern.order[i];
@@ -458,7 +457,7 @@ class CompletionCounter {
  public:
   // Over the boards counted, per holding number of the opponent's range (kByOpponent).
   int64_t Above(int32_t holding) const { return above_[holding]; }
-  int64_t AboveOrLevel(int32_t holding) const { return aboveOrLevel_[holding]; }
+  int64_t Level(int32_t holding) const { return level_[holding]; }
 
  private:
   const StandardEvaluator& evaluator_;
@@ -479,7 +478,7 @@ class CompletionCounter {
   std::vector<uint64_t> flush_;
   std::array<bool, kHoldingCount> moved_{};
   std::array<int64_t, kHoldingCount> above_{};
-  std::array<int64_t, kHoldingCount> aboveOrLevel_{};
+  std::array<int64_t, kHoldingCount> level_{};
 };
 
 // Every completion of the board: wins and ties counted, losses the rest of the showdowns.
@@ -533,8 +532,8 @@ bool CountOnBoardByOpponent(const BoardCards& board, int32_t known, uint64_t boa
     const auto copies = static_cast<uint64_t>(theirs[h]);
     ShowdownTally& t = against[h];
     t.losses = copies * static_cast<uint64_t>(counter.Above(h));
-    t.ties = copies * static_cast<uint64_t>(counter.AboveOrLevel(h) - counter.Above(h));
-    t.wins = copies * static_cast<uint64_t>(met - counter.AboveOrLevel(h));
+    t.ties = copies * static_cast<uint64_t>(counter.Level(h));
+    t.wins = copies * static_cast<uint64_t>(met - counter.Above(h) - counter.Level(h));
     tally += t;
   }
   return true;
