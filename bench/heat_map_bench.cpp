@@ -41,15 +41,16 @@ void BM_CalcEquityHeatMap(benchmark::State& state) {
 }
 BENCHMARK(BM_CalcEquityHeatMap)->ArgsProduct({{0, 1}, {0, 1, 2}, {0, 1}})->Unit(benchmark::kMillisecond);
 
-// My range QQ+ and AK (34 holdings) against the full range under the standard rules, the heat map off (0)
-// or on (1); argument 1 the street (1 flop, 2 turn).
+// My range against the full range under the standard rules, the heat map off (0) or on (1); argument 1 the
+// street (1 flop, 2 turn); argument 2 my range: QQ+ and AK (0, 34 holdings) or a wide one (1, 22+, A2+,
+// K9+, Q9+, J9+, T9, 98s).
 void BM_CalcMyRangeEquityHeatMap(benchmark::State& state) {
   bench::GenericWindow window;
   Form1Model& model = window.model;
   FillWholeGrid(window.profile().rangeLayer);
   model.options.equityHeatMap = state.range(0) != 0;
   model.options.standardShowdownRules = true;
-  model.txtMyHand.text = "QQ+,AK";
+  model.txtMyHand.text = state.range(2) == 0 ? "QQ+,AK" : "22+,A2+,K9+,Q9+,J9+,T9,98s";
   model.txtBoard.text = kBoards[state.range(1)];
   for (auto _ : state) {
     model.cmdCalcEquity_Click();
@@ -58,10 +59,10 @@ void BM_CalcMyRangeEquityHeatMap(benchmark::State& state) {
   }
   if (model.lblMyEquity.caption.empty()) state.SkipWithError("no equity shown");
   if (model.options.equityHeatMap && !model.heatMap) state.SkipWithError("no heat map");
-  state.SetLabel(std::string(model.options.equityHeatMap ? "heat map" : "plain") + ", my range, " +
-                 (state.range(1) == 1 ? "flop" : "turn"));
+  state.SetLabel(std::string(model.options.equityHeatMap ? "heat map" : "plain") + ", my range " +
+                 (state.range(2) == 0 ? "QQ+,AK" : "wide") + ", " + (state.range(1) == 1 ? "flop" : "turn"));
 }
-BENCHMARK(BM_CalcMyRangeEquityHeatMap)->ArgsProduct({{0, 1}, {1, 2}})->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CalcMyRangeEquityHeatMap)->ArgsProduct({{0, 1}, {1, 2}, {0, 1}})->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillet

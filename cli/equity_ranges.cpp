@@ -57,7 +57,10 @@ int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::
   int32_t street = kNoBoard;
   if (!ReadBoard(request.board, board, street, err)) return kExitBadInput;
 
-  const RangeEquityResult result = StandardRangeEquity(mine.holdings, theirs.holdings, board, street);
+  std::optional<ClassEquities> classes;
+  const RangeEquityResult result =
+      request.perClass ? RangeEquityWithClasses(mine.holdings, theirs.holdings, board, street, classes)
+                       : StandardRangeEquity(mine.holdings, theirs.holdings, board, street);
   if (!result.ok()) {
     err << "equity: " << result.error << "\n";
     return kExitFailure;
@@ -66,10 +69,6 @@ int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::
   const bool counted = tally.Showdowns() > 0;
   const double my = counted ? tally.EquityPercent() : -1.0;
   const double opp = counted ? tally.Reversed().EquityPercent() : -1.0;
-  std::optional<ClassEquities> classes;
-  if (request.perClass) {
-    classes = ClassEquitiesOfRange(mine.holdings, theirs.holdings, board, street);
-  }
   if (request.json) {
     out << "{\"my\":" << JsonNumber(my) << ",\"opp\":" << JsonNumber(opp)
         << ",\"win\":" << JsonNumber(tally.WinPercent()) << ",\"tie\":" << JsonNumber(tally.TiePercent())

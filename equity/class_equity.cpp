@@ -3,10 +3,12 @@
 #include <vector>
 
 #include "cards/holding.h"
+#include "equity/class_board_counter.h"  // ClassOfRanks
 #include "equity/engine.h"
 #include "equity/enumeration.h"
 #include "equity/preflop_classes.h"
 #include "equity/preflop_equity.h"
+#include "equity/range_equity.h"
 #include "equity/standard_equity.h"
 #include "range/holding_set.h"
 
@@ -105,17 +107,6 @@ ClassEquities QuilletOnBoard(const CardInputs& cards, std::span<const HandCombo>
   return classes;
 }
 
-HandCards HandOfHolding(int32_t number) {
-  const std::array<Card, 2> cards = CardsOfHolding(number);
-  HandCards hand;
-  hand.flag = -1;
-  hand.rank1 = cards[0].rank;
-  hand.suit1 = cards[0].suit;
-  hand.rank2 = cards[1].rank;
-  hand.suit2 = cards[1].suit;
-  return hand;
-}
-
 // The holdings of a set, each once, flags set.
 std::vector<HandCombo> CombosOf(const HoldingSet& holdings) {
   std::vector<HandCombo> combos;
@@ -162,61 +153,44 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
   }
 }
 
+RangeEquityResult RangeEquityWithClasses(std::span<const HandCombo> myRange,
+                                         std::span<const HandCombo> oppRange, const BoardCards& board,
+                                         int32_t street, std::optional<ClassEquities>& classes) {
+  classes.reset();
+  // Per holding of the opponent's range my tally against it, in the whole range's one enumeration.
+  std::vector<ShowdownTally> against(kHoldingCount);
+  RangeEquityResult result = StandardRangeEquityByHolding(myRange, oppRange, board, street, against);
+  if (!result.ok()) return result;
+  // Preflop the classes need the exact class table even when no pair of holdings meets.
+  if (street == kNoBoard && !ProgramPreflopClassTable().ok()) return result;
+  const uint64_t known = KnownBoardCards(board, street).bits;
+  std::array<int32_t, kClassCount> holdings{};
+  for (const HandCombo& combo : oppRange) {
+    if (!IsLiveHolding(combo, known)) continue;
+    const int index = ClassOfCombo(combo);
+    if (index >= 0) ++holdings[index];
+  }
+  std::array<ShowdownTally, kClassCount> sums{};
+  for (int32_t number = 0; number < kHoldingCount; ++number) {
+    const std::array<Card, 2> cards = CardsOfHolding(number);
+    sums[ClassOfRanks(cards[0].rank, cards[1].rank, cards[0].suit == cards[1].suit)] += against[number];
+  }
+  classes = FromClassTallies(holdings, sums);
+  return result;
+}
+
+RangeEquityResult RangeEquityWithClasses(const HoldingSet& myRange, const HoldingSet& oppRange,
+                                         const BoardCards& board, int32_t street,
+                                         std::optional<ClassEquities>& classes) {
+  return RangeEquityWithClasses(CombosOf(myRange), CombosOf(oppRange), board, street, classes);
+}
+
 std::optional<ClassEquities> ClassEquitiesOfRange(std::span<const HandCombo> myRange,
                                                   std::span<const HandCombo> oppRange,
                                                   const BoardCards& board, int32_t street) {
-  if (street != kNoBoard && street != kFlop && street != kTurn && street != kRiver) return std::nullopt;
-  const KnownCards known = KnownBoardCards(board, street);
-  if (!known.valid()) return std::nullopt;
-  const PreflopClassTable* table = nullptr;
-  if (street == kNoBoard) {
-    if (!ProgramPreflopClassTable().ok()) return std::nullopt;
-    table = &*ProgramPreflopClassTable().table;
-  }
-  // Each side's live holdings: flag set, two different cards of the deck, none on the board.
-  std::vector<int32_t> mine;
-  for (const HandCombo& combo : myRange) {
-    if (IsLiveHolding(combo, known.bits)) mine.push_back(HoldingNumber(combo.card1(), combo.card2()));
-  }
-  LiveHoldings live;
-  std::vector<int32_t> theirs;
-  for (HandCombo combo : oppRange) {
-    if (!IsLiveHolding(combo, known.bits)) continue;
-    const int index = ClassOfCombo(combo);
-    if (index < 0) continue;
-    combo.flag = true;
-    live.combos.push_back(combo);
-    live.classes.push_back(index);
-    theirs.push_back(HoldingNumber(combo.card1(), combo.card2()));
-  }
-  std::vector<ShowdownTally> tallies(live.combos.size());
-  if (table != nullptr) {
-    for (const int32_t h : mine) {
-      for (std::size_t k = 0; k < theirs.size(); ++k) tallies[k] += table->Matchup(h, theirs[k]);
-    }
-    return FromTallies(live, tallies);
-  }
-  if (street == kFlop || street == kTurn) {
-    // One holding of my range at a time against the other range, counted by class (a holding sharing a
-    // card with mine takes no part against it).
-    std::array<ShowdownTally, kClassCount> sums{};
-    std::array<ShowdownTally, kClassCount> against{};
-    for (const int32_t h : mine) {
-      StandardShowdownTallyByClass(HandOfHolding(h), board, street, live.combos, against);
-      for (int i = 0; i < kClassCount; ++i) sums[i] += against[i];
-    }
-    std::array<int32_t, kClassCount> holdings{};
-    for (const int index : live.classes) ++holdings[index];
-    return FromClassTallies(holdings, sums);
-  }
-  // The river: one holding of my range at a time against every holding of the other, each by its own
-  // tally.
-  std::vector<ShowdownTally> against(live.combos.size());
-  for (const int32_t h : mine) {
-    StandardShowdownTallyByHolding(HandOfHolding(h), board, street, live.combos, against);
-    for (std::size_t k = 0; k < against.size(); ++k) tallies[k] += against[k];
-  }
-  return FromTallies(live, tallies);
+  std::optional<ClassEquities> classes;
+  RangeEquityWithClasses(myRange, oppRange, board, street, classes);
+  return classes;
 }
 
 std::optional<ClassEquities> ClassEquitiesOfRange(const HoldingSet& myRange, const HoldingSet& oppRange,

@@ -21,6 +21,7 @@
 #include "cards/card.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
+#include "equity/range_equity.h"
 #include "equity/showdown_rules.h"
 
 namespace quillet {
@@ -57,6 +58,17 @@ std::optional<ClassEquities> ClassEquitiesOfRange(std::span<const HandCombo> myR
 // The same for two sets of holdings, each holding listed once.
 std::optional<ClassEquities> ClassEquitiesOfRange(const HoldingSet& myRange, const HoldingSet& oppRange,
                                                   const BoardCards& board, int32_t street);
+
+// StandardRangeEquity's result, and in the same enumeration ClassEquitiesOfRange's classes (the whole
+// tally is the classes' tallies summed): what Calc Equity with a range in My Hand and the heat map needs,
+// at about the cost of the whole tally alone. `classes` is set as ClassEquitiesOfRange gives them when the
+// result is ok(), else left empty.
+RangeEquityResult RangeEquityWithClasses(std::span<const HandCombo> myRange,
+                                         std::span<const HandCombo> oppRange, const BoardCards& board,
+                                         int32_t street, std::optional<ClassEquities>& classes);
+RangeEquityResult RangeEquityWithClasses(const HoldingSet& myRange, const HoldingSet& oppRange,
+                                         const BoardCards& board, int32_t street,
+                                         std::optional<ClassEquities>& classes);
 
 // The holding-weighted mean of the classes' equities: with every holding meeting the same number of
 // boards (one hand in My Hand), the equity against the whole range under the standard rules. None when

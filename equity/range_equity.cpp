@@ -182,7 +182,9 @@ class CompletionCounter {
     flush_.reserve(kHoldingCount);
   }
 
-  // Adds the wins and the ties of my range on the board completed by `coming` (none to two cards).
+  // Adds the wins and the ties of my range on the board completed by `coming` (none to two cards); with
+  // kByOpponent instead what each holding of the opponent's range meets on it (Above, Level).
+  template <bool kByOpponent>
   void Count(std::span<const Card> coming, int64_t& wins, int64_t& ties) {
     SuitCounts suits = boardSuits_;
     uint64_t comingCards = 0;
@@ -204,7 +206,11 @@ class CompletionCounter {
     const bool allFlushes = flushSuit >= 0 && suitCounts[flushSuit] == 5;
     if (candidates != nullptr)
       CollectFlushes(pattern, suitRanks[flushSuit], *candidates, comingCards, allFlushes);
-    Sweep(pattern, allFlushes ? 0 : pattern.order.size(), candidates, comingCards, wins, ties);
+    if constexpr (kByOpponent) {
+      SweepByOpponent(pattern, allFlushes ? 0 : pattern.order.size(), candidates, comingCards);
+    } else {
+      Sweep(pattern, allFlushes ? 0 : pattern.order.size(), candidates, comingCards, wins, ties);
+    }
     for (const uint64_t item : flush_) moved_[(*candidates)[item & 0xFFFF].number] = false;
   }
 
@@ -366,6 +372,94 @@ class CompletionCounter {
     ties += lessOrEqual - less;
   }
 
+  // The same walk from the opponent's side: per holding of the opponent's range (by holding number, one
+  // copy), my holdings of a lower value (Above) and of an equal one (Level) that share no
+  // card with it, weighted by how often my range lists them.
+  void SweepByOpponent(const Pattern& pattern, std::size_t pairCount,
+                       const std::vector<WeightedFlushCandidate>* candidates, uint64_t comingCards) {
+    int64_t passed = 0;                           // my holdings of a lower value
+    std::array<int64_t, kDeckSize> passedWith{};  // the same, holding the card
+    const auto beaten = [&](uint8_t card1, uint8_t card2) {
+      return passed - passedWith[card1] - passedWith[card2];
+    };
+    const auto pass = [&](uint8_t card1, uint8_t card2, int32_t weight) {
+      passed += weight;
+      passedWith[card1] += weight;
+      passedWith[card2] += weight;
+    };
+    const auto live = [&](const RankPairEntry& e) {
+      return (e.cards & comingCards) == 0 && !moved_[e.number];
+    };
+
+    std::array<int64_t, kDeckSize> withBefore{};  // passedWith before this value's holdings
+    std::size_t p = 0;
+    std::size_t f = 0;
+    const std::size_t flushCount = flush_.size();
+    while (p < pairCount || f < flushCount) {
+      HandValue value = UINT32_MAX;
+      if (p < pairCount) value = pattern.values[pattern.order[p]];
+      if (f < flushCount) value = std::min(value, static_cast<HandValue>(flush_[f] >> 32));
+      std::size_t pairEnd = p;
+      while (pairEnd < pairCount && pattern.values[pattern.order[pairEnd]] == value) ++pairEnd;
+      std::size_t flushEnd = f;
+      while (flushEnd < flushCount && static_cast<HandValue>(flush_[flushEnd] >> 32) == value) ++flushEnd;
+
+      // My holdings of this value, passed now; without any, the opponent's of this value tie none.
+      const int64_t passedBefore = passed;
+      bool mineHere = false;
+      for (std::size_t i = p; i < pairEnd && !mineHere; ++i) {
+        const uint16_t pair = pattern.order[i];
+        for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) mineHere = mineHere || live(mine_[k]);
+      }
+      for (std::size_t i = f; i < flushEnd && !mineHere; ++i)
+        mineHere = (*candidates)[flush_[i] & 0xFFFF].myWeight != 0;
+      if (mineHere) {
+        withBefore = passedWith;
+        for (std::size_t i = p; i < pairEnd; ++i) {
+          const uint16_t pair = pattern.order[i];
+          for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) {
+            const RankPairEntry& e = mine_[k];
+            if (live(e)) pass(e.card1, e.card2, e.weight);
+          }
+        }
+        for (std::size_t i = f; i < flushEnd; ++i) {
+          const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+          pass(c.card1, c.card2, c.myWeight);
+        }
+      }
+      // The opponent's holdings of this value beat my holdings passed before it and tie those passed now;
+      // my copy of the holding itself was taken off twice, once per card.
+      const auto meet = [&](uint16_t number, uint8_t card1, uint8_t card2, int32_t myWeight) {
+        if (!mineHere) {
+          above_[number] += beaten(card1, card2);
+          return;
+        }
+        const int64_t below = passedBefore - withBefore[card1] - withBefore[card2];
+        above_[number] += below;
+        level_[number] += beaten(card1, card2) + myWeight - below;
+      };
+      for (std::size_t i = p; i < pairEnd; ++i) {
+        const uint16_t pair = pattern.order[i];
+        for (uint32_t k = theirStart_[pair]; k < theirStart_[pair + 1]; ++k) {
+          const RankPairEntry& e = theirs_[k];
+          if (live(e)) meet(e.number, e.card1, e.card2, e.otherWeight);
+        }
+      }
+      for (std::size_t i = f; i < flushEnd; ++i) {
+        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
+        if (c.theirWeight != 0) meet(c.number, c.card1, c.card2, c.myWeight);
+      }
+      p = pairEnd;
+      f = flushEnd;
+    }
+  }
+
+ public:
+  // Over the boards counted, per holding number of the opponent's range (kByOpponent).
+  int64_t Above(int32_t holding) const { return above_[holding]; }
+  int64_t Level(int32_t holding) const { return level_[holding]; }
+
+ private:
   const StandardEvaluator& evaluator_;
   const HoldingWeights& myWeights_;
   const HoldingWeights& theirWeights_;
@@ -383,6 +477,8 @@ class CompletionCounter {
   RankPatternCache<Pattern> patterns_;
   std::vector<uint64_t> flush_;
   std::array<bool, kHoldingCount> moved_{};
+  std::array<int64_t, kHoldingCount> above_{};
+  std::array<int64_t, kHoldingCount> level_{};
 };
 
 // Every completion of the board: wins and ties counted, losses the rest of the showdowns.
@@ -394,7 +490,7 @@ bool CountOnBoard(const BoardCards& board, int32_t known, uint64_t boardCards, c
   int64_t ties = 0;
   const int32_t street = known == 5 ? kRiver : known == 4 ? kTurn : kFlop;
   const int walked = ForEachComingBoard(
-      boardCards, street, [&](std::span<const Card> coming) { counter.Count(coming, wins, ties); },
+      boardCards, street, [&](std::span<const Card> coming) { counter.Count<false>(coming, wins, ties); },
       [&](double done) { return !progress || progress(done); });
   if (walked < 0) return false;
   tally.wins = static_cast<uint64_t>(wins);
@@ -403,11 +499,76 @@ bool CountOnBoard(const BoardCards& board, int32_t known, uint64_t boardCards, c
   return true;
 }
 
-}  // namespace
+// The same walk counted per holding of the opponent's range: `against[h]` gets my wins, ties and losses
+// against all copies of holding h, and the whole tally is their sum. Every pair without a common card
+// meets `boardsPerMatchup` boards, so my wins against h are the showdowns it meets less those in which my
+// holding was worth no more than h.
+bool CountOnBoardByOpponent(const BoardCards& board, int32_t known, uint64_t boardCards,
+                            const HoldingWeights& mine, const HoldingWeights& theirs,
+                            const RangeEquityProgress& progress, uint64_t boardsPerMatchup,
+                            std::span<ShowdownTally> against, ShowdownTally& tally) {
+  CompletionCounter counter(board, known, mine, theirs);
+  int64_t unused = 0;
+  const int32_t street = known == 5 ? kRiver : known == 4 ? kTurn : kFlop;
+  const int walked = ForEachComingBoard(
+      boardCards, street, [&](std::span<const Card> coming) { counter.Count<true>(coming, unused, unused); },
+      [&](double done) { return !progress || progress(done); });
+  if (walked < 0) return false;
+  // My holdings without a common card with h: all of them, less those with one of its cards, plus my
+  // copies of h itself (taken off twice).
+  int64_t myTotal = 0;
+  std::array<int64_t, kDeckSize> myWith{};
+  for (int32_t h = 0; h < kHoldingCount; ++h) {
+    if (mine[h] == 0) continue;
+    myTotal += mine[h];
+    for (const Card card : CardsOfHoldings()[h]) myWith[DeckIndex(card)] += mine[h];
+  }
+  tally = {};
+  for (int32_t h = 0; h < kHoldingCount; ++h) {
+    if (theirs[h] == 0) continue;
+    const auto& cards = CardsOfHoldings()[h];
+    const int64_t met = (myTotal - myWith[DeckIndex(cards[0])] - myWith[DeckIndex(cards[1])] + mine[h]) *
+                        static_cast<int64_t>(boardsPerMatchup);
+    const auto copies = static_cast<uint64_t>(theirs[h]);
+    ShowdownTally& t = against[h];
+    t.losses = copies * static_cast<uint64_t>(counter.Above(h));
+    t.ties = copies * static_cast<uint64_t>(counter.Level(h));
+    t.wins = copies * static_cast<uint64_t>(met - counter.Above(h) - counter.Level(h));
+    tally += t;
+  }
+  return true;
+}
 
-RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
-                                      const BoardCards& board, int32_t street,
-                                      const RangeEquityProgress& progress) {
+// Preflop per holding of the opponent's range: every ordered pair reads its tally from the table.
+bool CountPreflopByOpponent(const PreflopClassTable& table, const HoldingWeights& mine,
+                            const HoldingWeights& theirs, const RangeEquityProgress& progress,
+                            std::span<ShowdownTally> against, ShowdownTally& tally) {
+  std::vector<int32_t> opponents;
+  std::vector<int32_t> myHoldings;
+  for (int32_t h = 0; h < kHoldingCount; ++h) {
+    if (theirs[h] != 0) opponents.push_back(h);
+    if (mine[h] != 0) myHoldings.push_back(h);
+  }
+  for (std::size_t i = 0; i < myHoldings.size(); ++i) {
+    const int32_t a = myHoldings[i];
+    for (const int32_t b : opponents) {
+      const ShowdownTally t = table.Matchup(a, b);  // all zero for a common card
+      const auto weight = static_cast<uint64_t>(mine[a]) * static_cast<uint64_t>(theirs[b]);
+      against[b] += ShowdownTally{weight * t.wins, weight * t.ties, weight * t.losses};
+    }
+    if (progress && !progress(static_cast<double>(i + 1) / static_cast<double>(myHoldings.size())))
+      return false;
+  }
+  tally = {};
+  for (const int32_t b : opponents) tally += against[b];
+  return true;
+}
+
+// StandardRangeEquity, and with `against` (kHoldingCount entries) the tally per holding of the opponent's
+// range as well.
+RangeEquityResult Calculate(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
+                            const BoardCards& board, int32_t street, const RangeEquityProgress& progress,
+                            std::span<ShowdownTally> against) {
   RangeEquityResult result;
   if (street != kNoBoard && street != kFlop && street != kTurn && street != kRiver) {
     result.error = "the street is not one of preflop, flop, turn and river";
@@ -436,16 +597,43 @@ RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::s
       result.error = loaded.error;
       return result;
     }
-    finished = CountPreflop(*loaded.table, mine, theirs, progress, result.tally);
-  } else {
+    finished = against.empty()
+                   ? CountPreflop(*loaded.table, mine, theirs, progress, result.tally)
+                   : CountPreflopByOpponent(*loaded.table, mine, theirs, progress, against, result.tally);
+  } else if (against.empty()) {
     const uint64_t showdowns = result.matchups * Choose(kDeckSize - known - 4, 5 - known);
     finished = CountOnBoard(board, known, boardCards, mine, theirs, progress, result.tally, showdowns);
+  } else {
+    finished = CountOnBoardByOpponent(board, known, boardCards, mine, theirs, progress,
+                                      Choose(kDeckSize - known - 4, 5 - known), against, result.tally);
   }
   if (!finished) {
     result.tally = {};
+    std::fill(against.begin(), against.end(), ShowdownTally{});
     result.cancelled = true;
   }
   return result;
+}
+
+}  // namespace
+
+RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
+                                      const BoardCards& board, int32_t street,
+                                      const RangeEquityProgress& progress) {
+  return Calculate(myRange, oppRange, board, street, progress, {});
+}
+
+RangeEquityResult StandardRangeEquityByHolding(std::span<const HandCombo> myRange,
+                                               std::span<const HandCombo> oppRange, const BoardCards& board,
+                                               int32_t street, std::span<ShowdownTally> against,
+                                               const RangeEquityProgress& progress) {
+  std::fill(against.begin(), against.end(), ShowdownTally{});
+  if (against.size() < static_cast<std::size_t>(kHoldingCount)) {
+    RangeEquityResult result;
+    result.error = "no room for a tally per holding";
+    return result;
+  }
+  return Calculate(myRange, oppRange, board, street, progress, against.first(kHoldingCount));
 }
 
 }  // namespace quillet

@@ -58,4 +58,16 @@ RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSe
                                       const BoardCards& board, int32_t street,
                                       const RangeEquityProgress& progress = {});
 
+// StandardRangeEquity, and in the same enumeration my range's tally against each holding of the
+// opponent's range apart: `against[h]` for holding number h (preflop_classes.h) sums the showdowns of all
+// its live copies, all zero for a holding not in the range. Summed over the holdings they are the result's
+// tally. On a board the walk is made from the opponent's side, each of its holdings counting the holdings
+// of my range below it and level with it, at about the cost of the whole tally. `against` must have
+// kHoldingCount entries (else it is only cleared and an error returned); it is cleared when the
+// calculation is refused or stopped.
+RangeEquityResult StandardRangeEquityByHolding(std::span<const HandCombo> myRange,
+                                               std::span<const HandCombo> oppRange, const BoardCards& board,
+                                               int32_t street, std::span<ShowdownTally> against,
+                                               const RangeEquityProgress& progress = {});
+
 }  // namespace quillet

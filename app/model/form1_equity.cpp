@@ -97,7 +97,11 @@ void Form1Model::CalcMyRangeEquity() {
 
   HoldingSet theirs;
   for (const HandCombo& holding : CurrentRangeCombos()) theirs.insert(holding.card1(), holding.card2());
-  const RangeEquityResult result = StandardRangeEquity(mine, theirs, cards.board, cards.street);
+  // With the heat map the classes come from the same enumeration as the whole tally.
+  std::optional<ClassEquities> classes;
+  const RangeEquityResult result =
+      options.equityHeatMap ? RangeEquityWithClasses(mine, theirs, cards.board, cards.street, classes)
+                            : StandardRangeEquity(mine, theirs, cards.board, cards.street);
 
   if (enumerates) command.caption = kCalcEquityCaption;
   command.backColour = label(CommandLabel::lblOptions).backColour;
@@ -115,7 +119,7 @@ void Form1Model::CalcMyRangeEquity() {
     lblMyEquity.toolTip = ShowdownTallyText(result.tally);
     lbloppEquity.toolTip = ShowdownTallyText(result.tally.Reversed());
   }
-  if (options.equityHeatMap) heatMap = ClassEquitiesOfRange(mine, theirs, cards.board, cards.street);
+  if (options.equityHeatMap) heatMap = classes;
 }
 
 void Form1Model::tmrCalcEquity_Timer() {

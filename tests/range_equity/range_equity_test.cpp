@@ -313,5 +313,61 @@ TEST(RangeEquity, TheProgressCallbackSeesTheWorkGrowAndCanStopIt) {
   }
 }
 
+// Per holding of the opponent's range: my range against that holding alone (every copy of it listed),
+// counted by the whole-range calculation; ranges that overlap, with holdings listed twice and holdings on
+// the board, on boards of every flush shape.
+TEST(RangeEquity, ByHoldingEachOpponentHoldingGetsWhatMyRangeAgainstItAloneCounts) {
+  std::mt19937_64 rng(TestSeed() + 5);
+  for (const std::string board :
+       {"", "Tc8h3s", "Qs7s2s", "9h9d4h", "AsKsQs", "Tc8h3s2d", "Qs7s2s5s", "KdKhKs2c", "Tc8h3s2d7c",
+        "Qs7s2s5s9s", "9h9d4h4s4d", "Ah5h3h2h9c", "6c7c8c9cTc"}) {
+    SCOPED_TRACE(board);
+    const int32_t count = board.empty() ? 12 : 60;
+    std::vector<HandCombo> mine = RandomRange(rng, count);
+    std::vector<HandCombo> theirs = RandomRange(rng, count);
+    // Some holdings in both ranges, some listed twice.
+    theirs.insert(theirs.end(), mine.begin(), mine.begin() + count / 4);
+    theirs.insert(theirs.end(), theirs.begin(), theirs.begin() + count / 6);
+    mine.insert(mine.end(), mine.begin() + count / 2, mine.begin() + count / 2 + count / 6);
+    std::vector<ShowdownTally> against(kHoldingCount);
+    const RangeEquityResult result =
+        StandardRangeEquityByHolding(mine, theirs, Board(board), StreetOf(board), against);
+    ASSERT_TRUE(result.ok()) << result.error;
+    const RangeEquityResult whole = Equity(mine, theirs, board);
+    EXPECT_EQ(result.tally, whole.tally);
+    EXPECT_EQ(result.matchups, whole.matchups);
+    ShowdownTally sum;
+    for (int32_t h = 0; h < kHoldingCount; ++h) {
+      std::vector<HandCombo> copies;
+      for (const HandCombo& combo : theirs) {
+        if (HoldingNumber(combo.card1(), combo.card2()) == h) copies.push_back(combo);
+      }
+      const ShowdownTally alone = copies.empty() ? ShowdownTally{} : Equity(mine, copies, board).tally;
+      EXPECT_EQ(against[h], alone) << h;
+      sum += against[h];
+    }
+    EXPECT_EQ(sum, whole.tally);
+  }
+}
+
+TEST(RangeEquity, ByHoldingStoppedOrRefusedLeavesEveryHoldingEmpty) {
+  const std::vector<HandCombo> all = EveryHolding();
+  std::vector<ShowdownTally> against(kHoldingCount, ShowdownTally{1, 1, 1});
+  int32_t calls = 0;
+  const RangeEquityResult stopped = StandardRangeEquityByHolding(all, all, Board("Tc8h3s"), kFlop, against,
+                                                                 [&](double) { return ++calls < 3; });
+  EXPECT_TRUE(stopped.cancelled);
+  EXPECT_EQ(stopped.tally.Showdowns(), 0u);
+  EXPECT_TRUE(
+      std::all_of(against.begin(), against.end(), [](const ShowdownTally& t) { return t.Showdowns() == 0; }));
+
+  std::fill(against.begin(), against.end(), ShowdownTally{1, 1, 1});
+  const RangeEquityResult refused =
+      StandardRangeEquityByHolding(Combos({"AhKh"}), Combos({"QdQc"}), Board("Tc8hTc"), kFlop, against);
+  EXPECT_EQ(refused.error, "the board holds a card twice");
+  EXPECT_TRUE(
+      std::all_of(against.begin(), against.end(), [](const ShowdownTally& t) { return t.Showdowns() == 0; }));
+}
+
 }  // namespace
 }  // namespace quillet
