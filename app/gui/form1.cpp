@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "app/gui/form1_layout.h"
 #include "app/gui/grid_clipboard_keys.h"
 #include "app/gui/qt_convert.h"
 #include "app/gui/result_icons.h"
@@ -19,10 +20,8 @@ namespace {
 constexpr int kWidthPixels = kWindowWidth / kTwipsPerPixel;
 constexpr int kMinHeightPixels = kWindowMinHeight / kTwipsPerPixel;
 
-// The results tree's column: its top edge, and the three-line cook caption below it.
-constexpr int kRightX = 470;
+// The results tree's column: its width, and the three-line cook caption below the tree.
 constexpr int kRightWidth = kWidthPixels - kRightX - 8;
-constexpr int kTreeTop = 66;
 constexpr int kCaptionHeight = 48;
 
 const char* const kHint =
@@ -89,61 +88,62 @@ Form1::~Form1() {
 }
 
 void Form1::BuildControls() {
-  auto commandLabel = [this](CommandLabel id, const char* name, int x, int y, int w, int h) {
+  auto commandLabel = [this](CommandLabel id, const char* name, QRect place) {
     auto* label = new CommandLabelWidget(id, this);
     label->setObjectName(QString::fromLatin1(name));
-    label->setGeometry(x, y, w, h);
+    label->setGeometry(place);
     commandLabels_[static_cast<int>(id)] = label;
     return label;
   };
-  auto caption = [this](const QString& text, int x, int y, int w, int h,
+  auto caption = [this](const QString& text, QRect place,
                         Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter) {
     auto* label = new CaptionLabel(text, this);
-    label->setGeometry(x, y, w, h);
+    label->setGeometry(place);
     label->setAlignment(align);
     return label;
   };
 
   // The player-profile box with its Save and Delete labels; the options and the two web pages.
-  caption(QStringLiteral("Player Profile:"), 8, 7, 96, 26);
+  caption(QStringLiteral("Player Profile:"), PlaceOf("Player Profile:"));
   cmbPlayer_ = new QComboBox(this);
   cmbPlayer_->setObjectName(QStringLiteral("cmbPlayer"));
   cmbPlayer_->setEditable(true);
   cmbPlayer_->setInsertPolicy(QComboBox::NoInsert);
   cmbPlayer_->setCompleter(nullptr);  // names are matched exactly, case and all, by the model
-  cmbPlayer_->setGeometry(104, 7, 206, 26);
-  commandLabel(CommandLabel::lblSave, "lblSave", 316, 9, 48, 22);
-  commandLabel(CommandLabel::lblDelete, "lblDelete", 368, 9, 60, 22);
-  commandLabel(CommandLabel::lblOptions, "lblOptions", 632, 9, 78, 22);
-  commandLabel(CommandLabel::lblHelp, "lblHelp", 714, 9, 58, 22);
-  commandLabel(CommandLabel::lblWebsite, "lblWebsite", 776, 9, 118, 22);
+  cmbPlayer_->setGeometry(PlaceOf("cmbPlayer"));
+  commandLabel(CommandLabel::lblSave, "lblSave", PlaceOf("lblSave"));
+  commandLabel(CommandLabel::lblDelete, "lblDelete", PlaceOf("lblDelete"));
+  commandLabel(CommandLabel::lblOptions, "lblOptions", PlaceOf("lblOptions"));
+  commandLabel(CommandLabel::lblHelp, "lblHelp", PlaceOf("lblHelp"));
+  commandLabel(CommandLabel::lblWebsite, "lblWebsite", PlaceOf("lblWebsite"));
 
   // The card boxes.
   lblMyHand_ = new ClickableLabel(QStringLiteral("My Hand"), this);
   lblMyHand_->setObjectName(QStringLiteral("lblMyHand"));
-  lblMyHand_->setGeometry(8, 46, 62, 22);
+  lblMyHand_->setGeometry(PlaceOf("lblMyHand"));
   txtMyHand_ = new CardTextBox(this);
   txtMyHand_->setObjectName(QStringLiteral("txtMyHand"));
-  txtMyHand_->setGeometry(70, 42, 96, 30);
+  txtMyHand_->setGeometry(PlaceOf("txtMyHand"));
   lblBoardCards_ = new ClickableLabel(QStringLiteral("Board Cards"), this);
   lblBoardCards_->setObjectName(QStringLiteral("lblBoardCards"));
-  lblBoardCards_->setGeometry(180, 46, 84, 22);
+  lblBoardCards_->setGeometry(PlaceOf("lblBoardCards"));
   txtBoard_ = new CardTextBox(this);
   txtBoard_->setObjectName(QStringLiteral("txtBoard"));
-  txtBoard_->setGeometry(264, 42, 150, 30);
+  txtBoard_->setGeometry(PlaceOf("txtBoard"));
 
   // Cook, Calc Equity and the two read-outs.
-  commandLabel(CommandLabel::cmdCheckPossibleHands, "cmdCheckPossibleHands", 8, 80, 60, 24);
-  commandLabel(CommandLabel::cmdCalcEquity, "cmdCalcEquity", 72, 80, 104, 24);
-  caption(QStringLiteral("My Equity:"), 182, 80, 76, 24, Qt::AlignRight | Qt::AlignVCenter);
+  commandLabel(CommandLabel::cmdCheckPossibleHands, "cmdCheckPossibleHands",
+               PlaceOf("cmdCheckPossibleHands"));
+  commandLabel(CommandLabel::cmdCalcEquity, "cmdCalcEquity", PlaceOf("cmdCalcEquity"));
+  caption(QStringLiteral("My Equity:"), PlaceOf("My Equity:"), Qt::AlignRight | Qt::AlignVCenter);
   lblMyEquity_ = new QLabel(this);
   lblMyEquity_->setObjectName(QStringLiteral("lblMyEquity"));
-  lblMyEquity_->setGeometry(262, 80, 64, 24);
+  lblMyEquity_->setGeometry(PlaceOf("lblMyEquity"));
   lblMyEquity_->setAlignment(Qt::AlignCenter);
-  caption(QStringLiteral("Opp Equity:"), 330, 80, 78, 24, Qt::AlignRight | Qt::AlignVCenter);
+  caption(QStringLiteral("Opp Equity:"), PlaceOf("Opp Equity:"), Qt::AlignRight | Qt::AlignVCenter);
   lbloppEquity_ = new QLabel(this);
   lbloppEquity_->setObjectName(QStringLiteral("lbloppEquity"));
-  lbloppEquity_->setGeometry(410, 80, 56, 24);
+  lbloppEquity_->setGeometry(PlaceOf("lbloppEquity"));
   lbloppEquity_->setAlignment(Qt::AlignCenter);
   QFont readOut = WindowFont();
   readOut.setBold(true);
@@ -157,7 +157,7 @@ void Form1::BuildControls() {
   lbloppEquity_->setContextMenuPolicy(Qt::CustomContextMenu);
 
   // The grid with its hint, the suit matrix, the range text and slider, the quick-select commands.
-  QLabel* hint = caption(QString::fromLatin1(kHint), 8, 110, 452, 32, Qt::AlignLeft | Qt::AlignVCenter);
+  QLabel* hint = caption(QString::fromLatin1(kHint), PlaceOf("hint"), Qt::AlignLeft | Qt::AlignVCenter);
   hint->setWordWrap(true);
   QFont hintFont = WindowFont();
   hintFont.setPixelSize(11);
@@ -165,43 +165,43 @@ void Form1::BuildControls() {
   hint->setStyleSheet(QStringLiteral("color: #404040;"));
   grid_ = new HandGridWidget(model_, this);
   grid_->setObjectName(QStringLiteral("PFHand"));
-  grid_->setGeometry(8, 144, 13 * 34 + 1, 13 * 20 + 1);  // rows of 20 leave room for the notation box
+  grid_->setGeometry(PlaceOf("PFHand"));
   // While "Equity Heat Map" is ticked the rows are one pixel lower and its legend takes the room freed.
   heatLegend_ = new HeatLegendWidget(this);
   heatLegend_->setObjectName(QStringLiteral("HeatLegend"));
-  heatLegend_->setGeometry(8, 144 + 13 * 19 + 2, 13 * 34 + 1, 13);
+  heatLegend_->setGeometry(PlaceOf("HeatLegend"));
   heatLegend_->setVisible(false);
 
   txtRange_ = new QLineEdit(this);
   txtRange_->setObjectName(QStringLiteral("txtRange"));
-  txtRange_->setGeometry(8, 438, 58, 24);
-  caption(QStringLiteral("%"), 68, 438, 14, 24);
+  txtRange_->setGeometry(PlaceOf("txtRange"));
+  caption(QStringLiteral("%"), PlaceOf("%"));
   slider_ = new QSlider(Qt::Horizontal, this);
   slider_->setObjectName(QStringLiteral("Slider1"));
-  slider_->setGeometry(84, 438, 258, 24);
+  slider_->setGeometry(PlaceOf("Slider1"));
   slider_->setPageStep(10);
 
-  commandLabel(CommandLabel::cmdAll, "cmdAll", 8, 468, 40, 22);
-  commandLabel(CommandLabel::cmdAnyPair, "cmdAnyPair", 52, 468, 74, 22);
-  commandLabel(CommandLabel::cmdAnySuited, "cmdAnySuited", 130, 468, 86, 22);
-  commandLabel(CommandLabel::cmdAnyBroadway, "cmdAnyBroadway", 220, 468, 116, 22);
-  commandLabel(CommandLabel::cmdClearOnBlocks, "cmdClearOnBlocks", 8, 496, 74, 22);
-  commandLabel(CommandLabel::cmdClearSeenBlocks, "cmdClearSeenBlocks", 86, 496, 86, 22);
-  commandLabel(CommandLabel::cmdClearAllBlocks, "cmdClearAllBlocks", 176, 496, 76, 22);
+  commandLabel(CommandLabel::cmdAll, "cmdAll", PlaceOf("cmdAll"));
+  commandLabel(CommandLabel::cmdAnyPair, "cmdAnyPair", PlaceOf("cmdAnyPair"));
+  commandLabel(CommandLabel::cmdAnySuited, "cmdAnySuited", PlaceOf("cmdAnySuited"));
+  commandLabel(CommandLabel::cmdAnyBroadway, "cmdAnyBroadway", PlaceOf("cmdAnyBroadway"));
+  commandLabel(CommandLabel::cmdClearOnBlocks, "cmdClearOnBlocks", PlaceOf("cmdClearOnBlocks"));
+  commandLabel(CommandLabel::cmdClearSeenBlocks, "cmdClearSeenBlocks", PlaceOf("cmdClearSeenBlocks"));
+  commandLabel(CommandLabel::cmdClearAllBlocks, "cmdClearAllBlocks", PlaceOf("cmdClearAllBlocks"));
 
   lblSeen_ = new QLabel(QStringLiteral("Seen"), this);
   lblSeen_->setObjectName(QStringLiteral("lblSeen"));
-  lblSeen_->setGeometry(270, 496, 62, 22);
+  lblSeen_->setGeometry(PlaceOf("lblSeen"));
   lblSeen_->setAlignment(Qt::AlignCenter);
   lblSeen_->setAttribute(Qt::WA_TransparentForMouseEvents);
   lblSeen_->setStyleSheet(QStringLiteral("background: #0000ff; color: white; font-weight: bold;"));
 
   matrix_ = new SuitMatrixWidget(model_, this);
   matrix_->setObjectName(QStringLiteral("picSuit"));
-  matrix_->setGeometry(352, 436, 108, 90);
+  matrix_->setGeometry(PlaceOf("picSuit"));
 
   // The results tree and the cook's three counts beneath it.
-  lblOpponentRange_ = caption(QStringLiteral("Opponent Range:"), kRightX, 44, 200, 20);
+  lblOpponentRange_ = caption(QStringLiteral("Opponent Range:"), PlaceOf("Opponent Range:"));
   tree_ = new QTreeWidget(this);
   tree_->setObjectName(QStringLiteral("TV"));
   tree_->setHeaderHidden(true);

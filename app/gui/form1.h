@@ -85,7 +85,7 @@ class Form1 : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void BuildControls();
+  void BuildControls();  // the fixed controls, placed as form1_layout.h says
   void BuildMenus();
   void ConnectEvents();
   void CommandClicked(CommandLabel id);
@@ -99,12 +99,13 @@ class Form1 : public QWidget {
   // The range notation box under the grid and the grid's Ctrl+C / Ctrl+V.
   void BuildNotationBox();
   void ShowNotationBox();
-  // Ctrl+Z, Ctrl+Shift+Z, Ctrl+Y for the range, and the tree's check boxes (form1_range_history.cpp).
+  // Ctrl+Z, Ctrl+Shift+Z, Ctrl+Y for the range (form1_range_history.cpp).
   void BuildRangeHistoryKeys();
+  // The results tree's check boxes (form1_tree_checks.cpp).
   void BuildTreeCheckBoxes();
+  void ShowTreeChecks();
   // F9, F10, the Tab order, the grid's keys and the tooltips of the boxes and menus (form1_keyboard.cpp).
   void BuildKeyboard();
-  void ShowTreeChecks();
 
   Form1Model& model_;
   QtWindowServices& services_;

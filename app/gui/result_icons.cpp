@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -92,183 +91,246 @@ void Disc(QPainter& p, QColor colour) {
   p.drawEllipse(QRectF(0.8, 0.8, kSize - 1.6, kSize - 1.6));
 }
 
-const QColor kPairColour(190, 220, 255);
-const QColor kTwoPairColour(190, 240, 190);
-const QColor kSetColour(235, 205, 250);
-const QColor kDrawColour(255, 214, 160);
-const QColor kWeakDrawColour(255, 240, 190);
-const QColor kMadeColour(255, 236, 140);
+// An icon is drawn as a list of steps on a background. The marks of the "ladder" pictures (Ladder, Dot,
+// Triangle, CornerMark), the glyphs and the bars are the functions above; the rest set the pen or the brush
+// and draw lines and shapes through the points given.
+struct Rgb {
+  int r, g, b;
+};
+QColor ToColour(Rgb c) {
+  return QColor(c.r, c.g, c.b);
+}
 
-using Painter = std::function<void(QPainter&)>;
+enum class Back { kTile, kDisc };
+enum class Mark {
+  kLadder,      // the three board ranks
+  kDot,         // a card of the holding: {y} or {y, x}
+  kHollowDot,   // the same, not filled in (a pair of the board's in two pair)
+  kTriangle,    // a set: {y}
+  kCornerMark,  // text in the lower right corner
+  kGlyph,       // text centred, bold, of `size` pixels
+  kPlainGlyph,  // the same, not bold
+  kBars,        // bars of the heights given, side by side
+  kPen,         // the pen: colour, width `size`, `cap` and `join`
+  kBrush,       // the brush: colour
+  kLine,        // {x1, y1, x2, y2}
+  kArrow,       // a line with an arrowhead at its end: {x1, y1, x2, y2}
+  kPolyline,    // lines through the points
+  kPolygon,     // a closed shape through the points, outlined and filled
+  kRoundedRect  // {x, y, width, height, corner radius}
+};
 
-const std::map<std::string, Painter, std::less<>>& Painters() {
-  static const std::map<std::string, Painter, std::less<>> painters = [] {
-    std::map<std::string, Painter, std::less<>> m;
-    m["highcard"] = [](QPainter& p) {
-      Background(p, QColor(235, 235, 235));
-      p.setPen(QPen(QColor(60, 60, 60), 1));
-      p.setBrush(Qt::white);
-      p.drawRoundedRect(QRectF(4, 2, 8, 12), 1.5, 1.5);
-      Glyph(p, QStringLiteral("A"), QColor(40, 40, 40), 8);
-    };
-    const std::pair<const char*, double> pairs[] = {
-        {"pairo", kAbove},          {"pairt", kTop},    {"pairt-m", kTopMiddle}, {"pairm", kMiddle},
-        {"pairm-b", kMiddleBottom}, {"pairb", kBottom}, {"pairl", kBelow}};
-    for (const auto& [key, y] : pairs) {
-      const double at = y;
-      m[key] = [at](QPainter& p) {
-        Background(p, kPairColour);
+struct Step {
+  Mark mark;
+  std::vector<double> numbers{};
+  Rgb colour{};
+  double size = 0;
+  const char* text = "";
+  Qt::PenCapStyle cap = Qt::SquareCap;
+  Qt::PenJoinStyle join = Qt::BevelJoin;
+};
+
+struct Drawing {
+  const char* key;
+  Back back;
+  Rgb colour;
+  std::vector<Step> steps;
+};
+
+constexpr Rgb kPairColour{190, 220, 255};
+constexpr Rgb kTwoPairColour{190, 240, 190};
+constexpr Rgb kSetColour{235, 205, 250};
+constexpr Rgb kDrawColour{255, 214, 160};
+constexpr Rgb kWeakDrawColour{255, 240, 190};
+constexpr Rgb kMadeColour{255, 236, 140};
+constexpr Rgb kRoyalColour{255, 200, 80};
+constexpr Rgb kWhite{255, 255, 255};
+constexpr Rgb kDrawInk{120, 50, 0};
+constexpr Rgb kWeakDrawInk{120, 80, 0};
+
+Drawing Pair(const char* key, double y) {
+  return {key, Back::kTile, kPairColour, {{Mark::kLadder}, {Mark::kDot, {y}}}};
+}
+Drawing Set(const char* key, double y) {
+  return {key, Back::kTile, kSetColour, {{Mark::kLadder}, {Mark::kTriangle, {y}}}};
+}
+// Two pair: both cards of the holding paired (own) or pairs of the board's, with an optional corner sign.
+Drawing TwoPair(const char* key, double first, double second, bool own, const char* mark = "") {
+  const Mark dot = own ? Mark::kDot : Mark::kHollowDot;
+  Drawing d{key, Back::kTile, kTwoPairColour, {{Mark::kLadder}, {dot, {first, 5.2}}, {dot, {second, 10.8}}}};
+  if (*mark != '\0') d.steps.push_back({Mark::kCornerMark, {}, {}, 0, mark});
+  return d;
+}
+
+const std::vector<Drawing>& Drawings() {
+  static const std::vector<Drawing> drawings = {
+      {"highcard",
+       Back::kTile,
+       {235, 235, 235},
+       {{Mark::kPen, {}, {60, 60, 60}, 1},
+        {Mark::kBrush, {}, kWhite},
+        {Mark::kRoundedRect, {4, 2, 8, 12, 1.5}},
+        {Mark::kGlyph, {}, {40, 40, 40}, 8, "A"}}},
+      Pair("pairo", kAbove),
+      Pair("pairt", kTop),
+      Pair("pairt-m", kTopMiddle),
+      Pair("pairm", kMiddle),
+      Pair("pairm-b", kMiddleBottom),
+      Pair("pairb", kBottom),
+      Pair("pairl", kBelow),
+      Set("sett", kTop),
+      Set("sett-m", kTopMiddle),
+      Set("setm", kMiddle),
+      Set("setm-b", kMiddleBottom),
+      Set("setb", kBottom),
+      TwoPair("own2pt-m", kTop, kMiddle, true),
+      TwoPair("own2pt-b", kTop, kBottom, true),
+      TwoPair("own2pm-b", kMiddle, kBottom, true),
+      TwoPair("2po-t", kAbove, kTop, false, ">"),
+      TwoPair("2po-teqt", kAbove, kTop, false, "="),
+      TwoPair("2po-tnormal", kAbove, kTop, false),
+      TwoPair("2pt-m", kTop, kMiddle, false),
+      TwoPair("2pt-b", kTop, kBottom, false),
+      {"draw8", Back::kTile, kDrawColour, {{Mark::kGlyph, {}, kDrawInk, 9, "8+"}}},
+      {"drawoes",
+       Back::kTile,
+       kDrawColour,
+       {{Mark::kPen, {}, kDrawInk, 1.4}, {Mark::kArrow, {8, 8, 2.5, 8}}, {Mark::kArrow, {8, 8, 13.5, 8}}}},
+      {"drawflush", Back::kTile, kDrawColour, {{Mark::kPlainGlyph, {}, {0, 110, 0}, 13, "\u2667"}}},
+      {"draw", Back::kTile, kWeakDrawColour, {{Mark::kGlyph, {}, kWeakDrawInk, 11, "4"}}},
+      {"drawgss",
+       Back::kTile,
+       kWeakDrawColour,
+       {{Mark::kPen, {}, kWeakDrawInk, 1.4},
+        {Mark::kLine, {2.5, 10, 6, 10}},
+        {Mark::kLine, {10, 10, 13.5, 10}},
+        {Mark::kArrow, {8, 3, 8, 9}}}},
+      {"drawgsswp",
+       Back::kTile,
+       kWeakDrawColour,
+       {{Mark::kPen, {}, kWeakDrawInk, 1.4},
+        {Mark::kLine, {2.5, 10, 6, 10}},
+        {Mark::kLine, {10, 10, 13.5, 10}},
+        {Mark::kLine, {8, 2.5, 8, 8}},
+        {Mark::kLine, {8, 8, 6, 6}},
+        {Mark::kLine, {8, 8, 10, 6}},
+        {Mark::kDot, {13.2, 12.5}}}},
+      {"drawbdf", Back::kTile, kWeakDrawColour, {{Mark::kPlainGlyph, {}, {80, 80, 80}, 11, "\u2667"}}},
+      {"drawbds", Back::kTile, kWeakDrawColour, {{Mark::kBars, {3, 5, 7, 9}, {150, 150, 150}}}},
+      {"trips", Back::kTile, kSetColour, {{Mark::kBars, {9, 9, 9}, {90, 0, 90}}}},
+      {"straight", Back::kTile, kMadeColour, {{Mark::kBars, {3, 5, 7, 9, 11}, {0, 70, 160}}}},
+      {"flush", Back::kTile, kMadeColour, {{Mark::kPlainGlyph, {}, {0, 130, 0}, 14, "\u2663"}}},
+      {"fullhouse",
+       Back::kTile,
+       kMadeColour,
+       {{Mark::kPen, {}, {130, 40, 0}, 1.2},
+        {Mark::kBrush, {}, {230, 120, 60}},
+        {Mark::kPolygon, {8, 2.5, 13.5, 7.5, 12, 7.5, 12, 13.5, 4, 13.5, 4, 7.5, 2.5, 7.5}}}},
+      {"quad", Back::kTile, kMadeColour, {{Mark::kBars, {10, 10, 10, 10}, {160, 20, 20}}}},
+      {"straightflush", Back::kTile, kRoyalColour, {{Mark::kBars, {3, 5, 7, 9, 11}, {200, 0, 0}}}},
+      {"royalflush",
+       Back::kTile,
+       kRoyalColour,
+       {{Mark::kPen, {}, {120, 80, 0}, 1},
+        {Mark::kBrush, {}, {255, 230, 40}},
+        {Mark::kPolygon, {2.5, 12.5, 2.5, 5, 5.5, 8.5, 8, 3.5, 10.5, 8.5, 13.5, 5, 13.5, 12.5}}}},
+      {"win",
+       Back::kDisc,
+       {40, 170, 40},
+       {{Mark::kPen, {}, kWhite, 2.0, "", Qt::RoundCap, Qt::RoundJoin},
+        {Mark::kPolyline, {4.5, 8.5, 7, 11, 11.5, 5}}}},
+      {"tie",
+       Back::kDisc,
+       {230, 170, 0},
+       {{Mark::kPen, {}, kWhite, 2.0, "", Qt::RoundCap},
+        {Mark::kLine, {4.5, 6.5, 11.5, 6.5}},
+        {Mark::kLine, {4.5, 10, 11.5, 10}}}},
+      {"lose",
+       Back::kDisc,
+       {210, 30, 30},
+       {{Mark::kPen, {}, kWhite, 2.0, "", Qt::RoundCap},
+        {Mark::kLine, {5, 5, 11, 11}},
+        {Mark::kLine, {11, 5, 5, 11}}}},
+  };
+  return drawings;
+}
+
+// The points of a step, taken two numbers at a time.
+std::vector<QPointF> Points(const std::vector<double>& numbers) {
+  std::vector<QPointF> points;
+  for (std::size_t i = 0; i + 1 < numbers.size(); i += 2) points.emplace_back(numbers[i], numbers[i + 1]);
+  return points;
+}
+
+void Draw(QPainter& p, const Drawing& drawing) {
+  if (drawing.back == Back::kTile) {
+    Background(p, ToColour(drawing.colour));
+  } else {
+    Disc(p, ToColour(drawing.colour));
+  }
+  for (const Step& step : drawing.steps) {
+    const std::vector<double>& n = step.numbers;
+    const std::vector<QPointF> points = Points(n);
+    switch (step.mark) {
+      case Mark::kLadder:
         Ladder(p);
-        Dot(p, at);
-      };
+        break;
+      case Mark::kDot:
+      case Mark::kHollowDot:
+        Dot(p, n[0], step.mark == Mark::kDot, n.size() > 1 ? n[1] : 8);
+        break;
+      case Mark::kTriangle:
+        Triangle(p, n[0]);
+        break;
+      case Mark::kCornerMark:
+        CornerMark(p, QString::fromUtf8(step.text));
+        break;
+      case Mark::kGlyph:
+      case Mark::kPlainGlyph:
+        Glyph(p, QString::fromUtf8(step.text), ToColour(step.colour), static_cast<int>(step.size),
+              step.mark == Mark::kGlyph);
+        break;
+      case Mark::kBars:
+        Bars(p, n, ToColour(step.colour));
+        break;
+      case Mark::kPen:
+        p.setPen(QPen(ToColour(step.colour), step.size, Qt::SolidLine, step.cap, step.join));
+        break;
+      case Mark::kBrush:
+        p.setBrush(ToColour(step.colour));
+        break;
+      case Mark::kLine:
+        p.drawLine(points[0], points[1]);
+        break;
+      case Mark::kArrow:
+        Arrow(p, points[0], points[1]);
+        break;
+      case Mark::kPolyline:
+        p.drawPolyline(QPolygonF(QList<QPointF>(points.begin(), points.end())));
+        break;
+      case Mark::kPolygon: {
+        QPainterPath path;
+        path.moveTo(points[0]);
+        for (std::size_t i = 1; i < points.size(); ++i) path.lineTo(points[i]);
+        path.closeSubpath();
+        p.drawPath(path);
+        break;
+      }
+      case Mark::kRoundedRect:
+        p.drawRoundedRect(QRectF(n[0], n[1], n[2], n[3]), n[4], n[4]);
+        break;
     }
-    const std::pair<const char*, double> sets[] = {{"sett", kTop},
-                                                   {"sett-m", kTopMiddle},
-                                                   {"setm", kMiddle},
-                                                   {"setm-b", kMiddleBottom},
-                                                   {"setb", kBottom}};
-    for (const auto& [key, y] : sets) {
-      const double at = y;
-      m[key] = [at](QPainter& p) {
-        Background(p, kSetColour);
-        Ladder(p);
-        Triangle(p, at);
-      };
-    }
-    struct TwoPair {
-      const char* key;
-      double first, second;
-      bool own;
-      const char* mark;
-    };
-    const TwoPair twoPairs[] = {
-        {"own2pt-m", kTop, kMiddle, true, ""},    {"own2pt-b", kTop, kBottom, true, ""},
-        {"own2pm-b", kMiddle, kBottom, true, ""}, {"2po-t", kAbove, kTop, false, ">"},
-        {"2po-teqt", kAbove, kTop, false, "="},   {"2po-tnormal", kAbove, kTop, false, ""},
-        {"2pt-m", kTop, kMiddle, false, ""},      {"2pt-b", kTop, kBottom, false, ""}};
-    for (const TwoPair& t : twoPairs) {
-      const TwoPair tp = t;
-      m[tp.key] = [tp](QPainter& p) {
-        Background(p, kTwoPairColour);
-        Ladder(p);
-        Dot(p, tp.first, tp.own, 5.2);
-        Dot(p, tp.second, tp.own, 10.8);
-        if (*tp.mark != '\0') CornerMark(p, QString::fromLatin1(tp.mark));
-      };
-    }
-    m["draw8"] = [](QPainter& p) {
-      Background(p, kDrawColour);
-      Glyph(p, QStringLiteral("8+"), QColor(120, 50, 0), 9);
-    };
-    m["drawoes"] = [](QPainter& p) {
-      Background(p, kDrawColour);
-      p.setPen(QPen(QColor(120, 50, 0), 1.4));
-      Arrow(p, QPointF(8, 8), QPointF(2.5, 8));
-      Arrow(p, QPointF(8, 8), QPointF(13.5, 8));
-    };
-    m["drawflush"] = [](QPainter& p) {
-      Background(p, kDrawColour);
-      Glyph(p, QStringLiteral("\u2667"), QColor(0, 110, 0), 13, false);
-    };
-    m["draw"] = [](QPainter& p) {
-      Background(p, kWeakDrawColour);
-      Glyph(p, QStringLiteral("4"), QColor(120, 80, 0), 11);
-    };
-    m["drawgss"] = [](QPainter& p) {
-      Background(p, kWeakDrawColour);
-      p.setPen(QPen(QColor(120, 80, 0), 1.4));
-      p.drawLine(QPointF(2.5, 10), QPointF(6, 10));
-      p.drawLine(QPointF(10, 10), QPointF(13.5, 10));
-      Arrow(p, QPointF(8, 3), QPointF(8, 9));
-    };
-    m["drawgsswp"] = [](QPainter& p) {
-      Background(p, kWeakDrawColour);
-      p.setPen(QPen(QColor(120, 80, 0), 1.4));
-      p.drawLine(QPointF(2.5, 10), QPointF(6, 10));
-      p.drawLine(QPointF(10, 10), QPointF(13.5, 10));
-      p.drawLine(QPointF(8, 2.5), QPointF(8, 8));
-      p.drawLine(QPointF(8, 8), QPointF(6, 6));
-      p.drawLine(QPointF(8, 8), QPointF(10, 6));
-      Dot(p, 13.2, true, 12.5);
-    };
-    m["drawbdf"] = [](QPainter& p) {
-      Background(p, kWeakDrawColour);
-      Glyph(p, QStringLiteral("\u2667"), QColor(80, 80, 80), 11, false);
-    };
-    m["drawbds"] = [](QPainter& p) {
-      Background(p, kWeakDrawColour);
-      Bars(p, {3, 5, 7, 9}, QColor(150, 150, 150));
-    };
-    m["trips"] = [](QPainter& p) {
-      Background(p, kSetColour);
-      Bars(p, {9, 9, 9}, QColor(90, 0, 90));
-    };
-    m["straight"] = [](QPainter& p) {
-      Background(p, kMadeColour);
-      Bars(p, {3, 5, 7, 9, 11}, QColor(0, 70, 160));
-    };
-    m["flush"] = [](QPainter& p) {
-      Background(p, kMadeColour);
-      Glyph(p, QStringLiteral("\u2663"), QColor(0, 130, 0), 14, false);
-    };
-    m["fullhouse"] = [](QPainter& p) {
-      Background(p, kMadeColour);
-      p.setPen(QPen(QColor(130, 40, 0), 1.2));
-      p.setBrush(QColor(230, 120, 60));
-      QPainterPath house;
-      house.moveTo(8, 2.5);
-      house.lineTo(13.5, 7.5);
-      house.lineTo(12, 7.5);
-      house.lineTo(12, 13.5);
-      house.lineTo(4, 13.5);
-      house.lineTo(4, 7.5);
-      house.lineTo(2.5, 7.5);
-      house.closeSubpath();
-      p.drawPath(house);
-    };
-    m["quad"] = [](QPainter& p) {
-      Background(p, kMadeColour);
-      Bars(p, {10, 10, 10, 10}, QColor(160, 20, 20));
-    };
-    m["straightflush"] = [](QPainter& p) {
-      Background(p, QColor(255, 200, 80));
-      Bars(p, {3, 5, 7, 9, 11}, QColor(200, 0, 0));
-    };
-    m["royalflush"] = [](QPainter& p) {
-      Background(p, QColor(255, 200, 80));
-      p.setPen(QPen(QColor(120, 80, 0), 1));
-      p.setBrush(QColor(255, 230, 40));
-      QPainterPath crown;
-      crown.moveTo(2.5, 12.5);
-      crown.lineTo(2.5, 5);
-      crown.lineTo(5.5, 8.5);
-      crown.lineTo(8, 3.5);
-      crown.lineTo(10.5, 8.5);
-      crown.lineTo(13.5, 5);
-      crown.lineTo(13.5, 12.5);
-      crown.closeSubpath();
-      p.drawPath(crown);
-    };
-    m["win"] = [](QPainter& p) {
-      Disc(p, QColor(40, 170, 40));
-      p.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-      p.drawPolyline(QPolygonF({QPointF(4.5, 8.5), QPointF(7, 11), QPointF(11.5, 5)}));
-    };
-    m["tie"] = [](QPainter& p) {
-      Disc(p, QColor(230, 170, 0));
-      p.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::RoundCap));
-      p.drawLine(QPointF(4.5, 6.5), QPointF(11.5, 6.5));
-      p.drawLine(QPointF(4.5, 10), QPointF(11.5, 10));
-    };
-    m["lose"] = [](QPainter& p) {
-      Disc(p, QColor(210, 30, 30));
-      p.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::RoundCap));
-      p.drawLine(QPointF(5, 5), QPointF(11, 11));
-      p.drawLine(QPointF(11, 5), QPointF(5, 11));
-    };
+  }
+}
+
+// The drawings by key.
+const std::map<std::string, const Drawing*, std::less<>>& DrawingsByKey() {
+  static const std::map<std::string, const Drawing*, std::less<>> byKey = [] {
+    std::map<std::string, const Drawing*, std::less<>> m;
+    for (const Drawing& drawing : Drawings()) m[drawing.key] = &drawing;
     return m;
   }();
-  return painters;
+  return byKey;
 }
 
 }  // namespace
@@ -276,9 +338,9 @@ const std::map<std::string, Painter, std::less<>>& Painters() {
 QIcon ResultIcon(std::string_view key) {
   static std::map<std::string, QIcon, std::less<>> cache;
   if (const auto it = cache.find(key); it != cache.end()) return it->second;
-  const auto& painters = Painters();
-  const auto painter = painters.find(key);
-  if (painter == painters.end()) return QIcon();
+  const auto& drawings = DrawingsByKey();
+  const auto drawing = drawings.find(key);
+  if (drawing == drawings.end()) return QIcon();
   QIcon icon;
   for (const int scale : {1, 2}) {
     QPixmap pixmap(kSize * scale, kSize * scale);
@@ -286,7 +348,7 @@ QIcon ResultIcon(std::string_view key) {
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
     p.scale(scale, scale);
-    painter->second(p);
+    Draw(p, *drawing->second);
     p.end();
     pixmap.setDevicePixelRatio(scale);
     icon.addPixmap(pixmap);
@@ -297,7 +359,7 @@ QIcon ResultIcon(std::string_view key) {
 const std::vector<std::string_view>& ResultIconKeys() {
   static const std::vector<std::string_view> keys = [] {
     std::vector<std::string_view> out;
-    for (const auto& [key, painter] : Painters()) out.push_back(key);
+    for (const auto& [key, drawing] : DrawingsByKey()) out.push_back(key);
     return out;
   }();
   return keys;

@@ -210,9 +210,6 @@ class Form1Model {
   // grid (SetBlockColours), lblDelete shown and lblSave hidden. An empty range text stays empty. With no
   // profile current only the two labels follow.
   void ShowCurrentProfile();
-  // The preflop matchup tables; false (after telling the user why) when they cannot be loaded.
-  bool LoadLookupTables();
-
   // The current profile, or nullptr when none is selected.
   PlayerProfile* currentProfile();
   const PlayerProfile* currentProfile() const;
@@ -221,6 +218,10 @@ class Form1Model {
   void cmdCheckPossibleHands_Click();
 
  private:
+  // The preflop matchup tables; false (after telling the user why) when they cannot be loaded.
+  bool LoadLookupTables();
+  // Empties the two equity read-outs (captions, tooltips, colour) and forgets the heat map.
+  void ClearEquityDisplay();
   // The window's reading of My Hand and the Board: the card layer's check and parse run on the two text
   // boxes, their messages shown as message boxes. The results tree's icons read the cards with this.
   bool ReadCardInputs(HandCards& hand, BoardCards& board, int32_t& street);
@@ -242,7 +243,6 @@ class Form1Model {
  public:
   // ---- equity (form1_equity.cpp) ----
   void cmdCalcEquity_Click();
-  void ClearEquityDisplay();
   void tmrCalcEquity_Timer();
   void mnuCalcEquityOnCook_Click();
   void mnuAutoPFEquityCalc_Click();
@@ -402,34 +402,38 @@ class Form1Model {
   // Writes the profiles under the folder's lock, waiting with the window alive (services.Wait); false when
   // the lock could not be had and the user chose Cancel. Other failures are reported and give true.
   bool SaveProfiles();
-  // The list SaveProfiles writes: this session's profiles, with what another program changed in the file
-  // since it was loaded (see MergeProfileLists).
-  std::vector<PlayerProfile> ProfilesToSave();
   int AddProfile(const std::string& name);
   int FirstProfileIndex();
   void RefillPlayerList(const std::string& name);
 
+ private:
+  // The list SaveProfiles writes: this session's profiles, with what another program changed in the file
+  // since it was loaded (see MergeProfileLists).
+  std::vector<PlayerProfile> ProfilesToSave();
   // Keeps a file that cannot be read as ".bad" (see KeepFileAside) before the session's save can overwrite
   // it; the sentence for the message that reports the fault: where the file was kept, or why it could not be.
   std::string KeepUnreadableFileAside(const std::filesystem::path& path, const std::string* bytes);
   // Asks whether a save that another program's lock kept waiting is to be tried again (`fault` says why it
   // failed and who holds the lock when that is known); true for Retry.
   bool AskToRetryLockedSave(const std::string& fault);
+  // The text SavePreferences keeps of a card box: all of it, or its first `longest` characters and a word
+  // to the user (`box` names it: "My Hand", "The Board").
+  std::string SavedCardText(const std::string& text, std::size_t longest, std::string_view box);
+  // Makes the profile that cmbPlayer's text names (exactly) the current one and shows its range, with Save
+  // or Delete to match; false when no profile has that name.
+  bool SelectProfileByName();
 
+ public:
   // ---- preferences (form1_preferences.cpp) ----
   // Writes the records; a My Hand or Board text longer than the file keeps is cut, and the user is told.
   // Waits for the folder's lock as SaveProfiles does; false when the user chose Cancel.
   bool SavePreferences();
   void LoadPreferences();
-  // The text SavePreferences keeps of a card box: all of it, or its first `longest` characters and a word
-  // to the user (`box` names it: "My Hand", "The Board").
-  std::string SavedCardText(const std::string& text, std::size_t longest, std::string_view box);
   // The part of LoadPreferences after the file is read: applies its lines in order.
   void ApplyPreferences(const std::vector<PreferenceLine>& lines);
 
   // ---- main window, menus and options (form1_window.cpp) ----
   static void ToggleMenuCheck(bool& tick) { tick = !tick; }
-  bool SelectProfileByName();
   void cmbPlayer_Click();
   void cmbPlayer_KeyUp(int keyCode);
   void lblSave_Click();
