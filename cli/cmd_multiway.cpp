@@ -34,8 +34,9 @@ bool ReadMultiwayCards(const std::string& text, std::vector<Card>& cards) {
     const auto rank = kRankText.find(static_cast<char>(std::toupper(static_cast<unsigned char>(packed[i]))));
     const auto suit =
         kSuitText.find(static_cast<char>(std::tolower(static_cast<unsigned char>(packed[i + 1]))));
-    if (rank == std::string_view::npos || rank < 2 || suit == std::string_view::npos) return false;
-    cards.push_back({static_cast<int32_t>(rank), static_cast<int32_t>(suit)});
+    if (rank == std::string_view::npos || rank == 0 || suit == std::string_view::npos) return false;
+    // The rank text counts its places from 1: "2" is at place 2.
+    cards.push_back({static_cast<int32_t>(rank) + 1, static_cast<int32_t>(suit)});
   }
   return true;
 }
