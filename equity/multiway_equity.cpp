@@ -26,6 +26,7 @@ struct Holding {
   Card a;
   Card b;
   int weight = 0;  // thousandths
+  int number = 0;  // cards/holding.h's number
 };
 
 struct Player {
@@ -111,51 +112,182 @@ inline void Settle(const std::array<HandValue, kMultiwayMaxPlayers>& values, int
   ++sums.deals;
 }
 
-// The live holdings of each player on one board, valued.
+// A live holding of one of the first players on one board: its value and where that value falls in the
+// last player's order (the last player's holdings below it are [0, below), equal to it [below, upTo)).
 struct Valued {
   uint64_t bits;
   HandValue value;
   double weight;
+  int32_t below;
+  int32_t upTo;
+};
+
+// The last player's live holdings on one board in value order, with running totals (count and weight in
+// thousandths) over all of them and per card: how many of them, of those before a place, share a card with
+// the holdings chosen for the other players is read from the totals, not walked.
+struct LastPlayerTable {
+  struct Entry {
+    HandValue value;
+    int32_t number;
+    int32_t weight;
+  };
+  struct Running {
+    int32_t count;
+    int32_t weight;
+  };
+  std::vector<Entry> entries;
+  std::vector<Running> total;                    // [place], place 0..size
+  std::vector<Running> perCard;                  // [card x (size + 1) + place]
+  std::array<int16_t, kHoldingCount> placeOf{};  // place of a holding, -1 when not live
+
+  void Build(const Player& player, uint64_t boardBits, const BoardReader& reader) {
+    for (const Entry& entry : entries) placeOf[entry.number] = -1;
+    entries.clear();
+    for (const Holding& h : player.holdings) {
+      if ((h.bits & boardBits) == 0) entries.push_back({reader.Value(h), h.number, h.weight});
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const Entry& x, const Entry& y) { return x.value < y.value; });
+    const std::size_t size = entries.size();
+    total.resize(size + 1);
+    perCard.assign(static_cast<std::size_t>(kDeckSize) * (size + 1), Running{0, 0});
+    total[0] = {0, 0};
+    const HoldingPlaceTable& places = HoldingPlaces();
+    for (std::size_t i = 0; i < size; ++i) {
+      const Entry& entry = entries[i];
+      placeOf[entry.number] = static_cast<int16_t>(i);
+      total[i + 1] = {total[i].count + 1, total[i].weight + entry.weight};
+      for (const uint8_t card : places[entry.number]) {
+        Running& at = perCard[card * (size + 1) + i + 1];
+        ++at.count;
+        at.weight += entry.weight;
+      }
+    }
+    // Each card's marks become running totals.
+    for (int card = 0; card < kDeckSize; ++card) {
+      Running* row = &perCard[static_cast<std::size_t>(card) * (size + 1)];
+      for (std::size_t i = 1; i <= size; ++i) {
+        row[i].count += row[i - 1].count;
+        row[i].weight += row[i - 1].weight;
+      }
+    }
+  }
+  // Where `value` falls: [below, upTo) are the holdings of equal value.
+  void Place(HandValue value, int32_t& below, int32_t& upTo) const {
+    const auto low = std::lower_bound(entries.begin(), entries.end(), value,
+                                      [](const Entry& e, HandValue v) { return e.value < v; });
+    const auto high =
+        std::upper_bound(low, entries.end(), value, [](HandValue v, const Entry& e) { return v < e.value; });
+    below = static_cast<int32_t>(low - entries.begin());
+    upTo = static_cast<int32_t>(high - entries.begin());
+  }
+  // The holdings before `place` that share no card with `cards` (deck places of the chosen holdings).
+  Running Free(int32_t place, std::span<const uint8_t> cards) const {
+    const std::size_t stride = entries.size() + 1;
+    Running free = total[place];
+    for (const uint8_t card : cards) {
+      const Running& taken = perCard[card * stride + place];
+      free.count -= taken.count;
+      free.weight -= taken.weight;
+    }
+    // A holding of two chosen cards was taken away twice.
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+      for (std::size_t j = i + 1; j < cards.size(); ++j) {
+        const int32_t both = placeOf[HoldingNumber(DeckCard(cards[i]), DeckCard(cards[j]))];
+        if (both >= 0 && both < place) {
+          ++free.count;
+          free.weight += entries[both].weight;
+        }
+      }
+    }
+    return free;
+  }
 };
 
 class ExactWalk {
  public:
-  ExactWalk(const std::vector<Player>& players) : players_(players), valued_(players.size()) {
-    for (std::size_t i = 0; i < players.size(); ++i) valued_[i].reserve(players[i].holdings.size());
+  explicit ExactWalk(const std::vector<Player>& players) : players_(players), valued_(players.size() - 1) {
+    for (std::size_t i = 0; i + 1 < players.size(); ++i) valued_[i].reserve(players[i].holdings.size());
+    last_.placeOf.fill(-1);
   }
 
   void CountBoard(uint64_t boardBits, Sums& sums) {
     reader_.Set(boardBits);
-    for (std::size_t p = 0; p < players_.size(); ++p) {
+    last_.Build(players_.back(), boardBits, reader_);
+    if (last_.entries.empty()) return;
+    for (std::size_t p = 0; p + 1 < players_.size(); ++p) {
       std::vector<Valued>& list = valued_[p];
       list.clear();
       for (const Holding& h : players_[p].holdings) {
         if ((h.bits & boardBits) != 0) continue;
-        list.push_back({h.bits, reader_.Value(h), h.weight / static_cast<double>(kFullWeight)});
+        Valued v{h.bits, reader_.Value(h), h.weight / static_cast<double>(kFullWeight), 0, 0};
+        last_.Place(v.value, v.below, v.upTo);
+        list.push_back(v);
       }
       if (list.empty()) return;
     }
-    Walk(0, boardBits, 1.0, sums);
+    Walk(0, 0, 1.0, sums);
   }
 
  private:
   void Walk(std::size_t p, uint64_t used, double weight, Sums& sums) {
-    const int count = static_cast<int>(players_.size());
     for (const Valued& v : valued_[p]) {
       if ((v.bits & used) != 0) continue;
-      values_[p] = v.value;
-      if (p + 1 == players_.size()) {
-        Settle(values_, count, weight * v.weight, sums);
+      chosen_[p] = &v;
+      if (p + 2 == players_.size()) {
+        SettleAgainstLast(used | v.bits, weight * v.weight, sums);
       } else {
         Walk(p + 1, used | v.bits, weight * v.weight, sums);
       }
     }
   }
 
+  // The first players' holdings are chosen: the last player's free holdings below, equal to and above
+  // their best value settle the pot three ways.
+  void SettleAgainstLast(uint64_t used, double weight, Sums& sums) {
+    const int firsts = static_cast<int>(players_.size()) - 1;
+    const Valued* best = chosen_[0];
+    int winners = 1;
+    for (int i = 1; i < firsts; ++i) {
+      if (chosen_[i]->value > best->value) {
+        best = chosen_[i];
+        winners = 1;
+      } else if (chosen_[i]->value == best->value) {
+        ++winners;
+      }
+    }
+    std::array<uint8_t, 2 * kMultiwayMaxPlayers> cards{};
+    int cardCount = 0;
+    for (uint64_t bits = used; bits != 0; bits &= bits - 1)
+      cards[cardCount++] = static_cast<uint8_t>(std::countr_zero(bits));
+    const std::span<const uint8_t> taken(cards.data(), static_cast<std::size_t>(cardCount));
+    const auto below = last_.Free(best->below, taken);
+    const auto upTo = last_.Free(best->upTo, taken);
+    const auto all = last_.Free(static_cast<int32_t>(last_.entries.size()), taken);
+    const double unit = weight / kFullWeight;
+    const double lose = unit * below.weight;                 // the last player loses
+    const double tie = unit * (upTo.weight - below.weight);  // the last player ties with the winners
+    const double win = unit * (all.weight - upTo.weight);    // the last player wins alone
+    PlayerSums& last = sums.players[firsts];
+    last.equity += win + tie / (winners + 1);
+    last.win += win;
+    last.tie += tie;
+    for (int i = 0; i < firsts; ++i) {
+      if (chosen_[i]->value != best->value) continue;
+      PlayerSums& player = sums.players[i];
+      player.equity += lose / winners + tie / (winners + 1);
+      (winners == 1 ? player.win : player.tie) += lose;
+      player.tie += tie;
+    }
+    sums.weight += unit * all.weight;
+    sums.deals += static_cast<uint64_t>(all.count);
+  }
+
   const std::vector<Player>& players_;
   std::vector<std::vector<Valued>> valued_;
+  LastPlayerTable last_;
   BoardReader reader_;
-  std::array<HandValue, kMultiwayMaxPlayers> values_{};
+  std::array<const Valued*, kMultiwayMaxPlayers> chosen_{};
 };
 
 // Every set of `take` cards of `deck` (deck bits), each as a mask.
@@ -294,7 +426,7 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
       const auto cards = CardsOfHolding(number);
       const uint64_t bits = DeckBits(cards[0], cards[1]);
       if ((bits & knownBits) != 0) continue;
-      player.holdings.push_back({bits, cards[0], cards[1], weight});
+      player.holdings.push_back({bits, cards[0], cards[1], weight, number});
       player.needed &= bits;
       sum += weight;
       player.cumulative.push_back(sum);
