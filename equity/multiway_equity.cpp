@@ -19,7 +19,10 @@ namespace {
 
 constexpr int kSliceBoards = 2048;    // boards per slice of the exact walk
 constexpr int kRoundSamples = 16384;  // samples per thread per round of Monte Carlo
-constexpr int kMinSamples = 4096;     // no stop on the standard error before this many samples
+constexpr int kMinSamples = 4096;
+// The last player's holdings are counted from running totals when it has at least this many; with fewer
+// every deal is walked.
+constexpr std::size_t kCountLastFrom = 24;  // no stop on the standard error before this many samples
 
 struct Holding {
   uint64_t bits = 0;  // deck bits of its two cards
@@ -230,6 +233,20 @@ class ExactWalk {
   }
 
  private:
+  // Every deal walked and settled one by one: cheaper when the last player has few holdings.
+  void WalkAll(std::size_t p, uint64_t used, double weight, Sums& sums) {
+    const int count = static_cast<int>(players_.size());
+    for (const Valued& v : valued_[p]) {
+      if ((v.bits & used) != 0) continue;
+      values_[p] = v.value;
+      if (p + 1 == players_.size()) {
+        Settle(values_, count, weight * v.weight, sums);
+      } else {
+        WalkAll(p + 1, used | v.bits, weight * v.weight, sums);
+      }
+    }
+  }
+
   void Walk(std::size_t p, uint64_t used, double weight, Sums& sums) {
     for (const Valued& v : valued_[p]) {
       if ((v.bits & used) != 0) continue;
@@ -285,9 +302,11 @@ class ExactWalk {
 
   const std::vector<Player>& players_;
   std::vector<std::vector<Valued>> valued_;
+  bool plain_;
   LastPlayerTable last_;
   BoardReader reader_;
   std::array<const Valued*, kMultiwayMaxPlayers> chosen_{};
+  std::array<HandValue, kMultiwayMaxPlayers> values_{};
 };
 
 // Every set of `take` cards of `deck` (deck bits), each as a mask.
@@ -375,14 +394,16 @@ double LargestError(const Sums& sums, int count) {
   return largest;
 }
 
-void FillResult(const Sums& sums, MultiwayResult& result) {
+// Sums of place i belong to player order[i].
+void FillResult(const Sums& sums, const std::vector<int>& order, MultiwayResult& result) {
   const int count = static_cast<int>(result.players.size());
   result.deals = sums.deals;
   if (sums.weight <= 0) return;
   for (int i = 0; i < count; ++i) {
-    result.players[i].equity = 100.0 * sums.players[i].equity / sums.weight;
-    result.players[i].win = 100.0 * sums.players[i].win / sums.weight;
-    result.players[i].tie = 100.0 * sums.players[i].tie / sums.weight;
+    MultiwayPlayerResult& player = result.players[order[i]];
+    player.equity = 100.0 * sums.players[i].equity / sums.weight;
+    player.win = 100.0 * sums.players[i].win / sums.weight;
+    player.tie = 100.0 * sums.players[i].tie / sums.weight;
   }
 }
 
@@ -469,7 +490,17 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
   std::atomic<bool> stop{false};
   const auto cancelled = [&] { return callbacks.cancel && callbacks.cancel(); };
 
+  std::vector<int> order(static_cast<std::size_t>(count));
+  for (int p = 0; p < count; ++p) order[p] = p;
   if (exact) {
+    // The player with the most live holdings goes last: its holdings are counted, not walked.
+    const auto widest = std::max_element(
+        players.begin(), players.end(),
+        [](const Player& x, const Player& y) { return x.holdings.size() < y.holdings.size(); });
+    std::rotate(order.begin() + (widest - players.begin()), order.begin() + (widest - players.begin()) + 1,
+                order.end());
+    std::vector<Player> ordered;
+    for (int p : order) ordered.push_back(players[p]);
     std::vector<uint64_t> boardList;
     boardList.reserve(static_cast<std::size_t>(boards));
     ListBoards(deck, coming, 0, boardBits, boardList);
@@ -482,7 +513,7 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
       std::vector<std::jthread> workers;
       for (int t = 0; t < threads; ++t) {
         workers.emplace_back([&] {
-          ExactWalk walk(players);
+          ExactWalk walk(ordered);
           for (;;) {
             const std::size_t slice = next.fetch_add(1);
             if (slice >= slices || stop.load()) break;
@@ -511,7 +542,7 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
     }
     Sums total;
     for (const Sums& sums : sliceSums) total.Add(sums, count);
-    FillResult(total, result);
+    FillResult(total, order, result);
     if (!result.cancelled && total.deals == 0) {
       result.error = "no deal is possible: the players' holdings always share a card";
     }
@@ -548,7 +579,7 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
       break;
     }
   }
-  FillResult(total, result);
+  FillResult(total, order, result);
   return result;
 }
 

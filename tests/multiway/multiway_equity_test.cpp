@@ -157,6 +157,16 @@ TEST(MultiwayEquity, FourPlayersMatchTheBruteForceOnEveryStreet) {
   ExpectMatchesBruteForce(players, "", kManyDead);
 }
 
+TEST(MultiwayEquity, AWideRangeAnywhereAmongThePlayersMatchesTheBruteForce) {
+  // The widest player (78 holdings) has its holdings counted from running totals rather than walked; it is
+  // placed first, in the middle and last.
+  ExpectMatchesBruteForce({"22+", "AhKh,QQ", "AcQd,KdQs,8s8h"}, "Th9h2c4h", "");
+  ExpectMatchesBruteForce({"AhKh,QQ", "22+", "AcQd,KdQs,8s8h"}, "Th9h2c4h8c", "");
+  ExpectMatchesBruteForce({"AhKh,QQ", "JTs,9c9d", "AcQd,KdQs,8s8h", "22+,AK"}, "Th9h2c4h8c", "");
+  ExpectMatchesBruteForce({"Js9s", "22+,KQs,JTs", "AsKd"}, "",
+                          "2c2d2h2s3c3d3h3s4c4d4h4s5c5d5h5s6c6d6h6s7c7d");
+}
+
 TEST(MultiwayEquity, EqualRangesGetEqualEquity) {
   const MultiwayResult result =
       MultiwayExact(MultiwayRanges({"QQ+,AK", "QQ+,AK", "QQ+,AK"}), Cards("7c5d2h"));
