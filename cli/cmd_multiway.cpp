@@ -149,7 +149,8 @@ int RunMultiway(const std::vector<std::string>& words, std::ostream& out, std::o
     out << (result.exact
                 ? "Exact"
                 : "Monte Carlo, largest standard error " + Fixed(result.standardError, 3) + " points")
-        << ", " << result.deals << " deals, " << result.threads << " threads\n";
+        << ", " << result.deals << " deals, " << result.threads
+        << (result.threads == 1 ? " thread\n" : " threads\n");
   }
   return kExitOk;
 }
