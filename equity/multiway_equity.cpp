@@ -36,6 +36,8 @@ struct Player {
   std::vector<Holding> holdings;    // live: no card on the board or among the dead cards
   uint64_t needed = 0;              // cards every live holding holds
   std::vector<int64_t> cumulative;  // running weight sums, for drawing by weight
+  bool uniform = false;             // every live holding has the same weight: drawn by its place
+  bool full = false;  // uniform and every holding the deck still allows: dealt two cards from the deck
 };
 
 // The value of a holding on a complete board whose rank state, suit counts and flush suit are given.
@@ -352,29 +354,51 @@ void SampleRound(const std::vector<Player>& players, uint64_t knownBoard, uint64
   std::array<HandValue, kMultiwayMaxPlayers> values{};
   BoardReader reader;
   int kept = 0;
+  std::array<Holding, kMultiwayMaxPlayers> dealt{};
+  const auto drawCard = [&](uint64_t& used) {
+    uint64_t bit = 0;
+    do {
+      bit = uint64_t{1} << Below(rng, kDeckSize);
+    } while ((used & bit) != 0);
+    used |= bit;
+    return bit;
+  };
   while (kept < samples) {
     uint64_t used = knownBoard | deadAll;
     bool collided = false;
+    // The players with a range first, drawn by weight, the deal thrown away when two share a card; then
+    // the players who may hold anything, dealt from the cards left (as many ways for every outcome of the
+    // first, so the draw stays fair).
     for (int p = 0; p < count && !collided; ++p) {
       const Player& player = players[p];
-      const uint64_t pick = Below(rng, static_cast<uint64_t>(player.cumulative.back()));
-      const auto at =
-          std::upper_bound(player.cumulative.begin(), player.cumulative.end(), static_cast<int64_t>(pick));
-      const Holding& h = player.holdings[static_cast<std::size_t>(at - player.cumulative.begin())];
+      if (player.full) continue;
+      std::size_t place = 0;
+      if (player.uniform) {
+        place = static_cast<std::size_t>(Below(rng, player.holdings.size()));
+      } else {
+        const uint64_t pick = Below(rng, static_cast<uint64_t>(player.cumulative.back()));
+        place = static_cast<std::size_t>(
+            std::upper_bound(player.cumulative.begin(), player.cumulative.end(), static_cast<int64_t>(pick)) -
+            player.cumulative.begin());
+      }
+      const Holding& h = player.holdings[place];
       collided = (h.bits & used) != 0;
       used |= h.bits;
       chosen[p] = &h;
     }
     if (collided) continue;
-    uint64_t board = knownBoard;
-    for (int c = 0; c < coming; ++c) {
-      uint64_t bit = 0;
-      do {
-        bit = uint64_t{1} << Below(rng, kDeckSize);
-      } while ((used & bit) != 0);
-      used |= bit;
-      board |= bit;
+    for (int p = 0; p < count; ++p) {
+      if (!players[p].full) continue;
+      const uint64_t first = drawCard(used);
+      const uint64_t second = drawCard(used);
+      Holding& h = dealt[p];
+      h.bits = first | second;
+      h.a = DeckCard(std::countr_zero(first));
+      h.b = DeckCard(std::countr_zero(second));
+      chosen[p] = &h;
     }
+    uint64_t board = knownBoard;
+    for (int c = 0; c < coming; ++c) board |= drawCard(used);
     reader.Set(board);
     for (int p = 0; p < count; ++p) values[p] = reader.Value(*chosen[p]);
     Settle(values, count, 1.0, sums);
@@ -456,6 +480,11 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
       result.error = "player " + std::to_string(p + 1) + " has no live holding";
       return result;
     }
+    player.uniform = std::all_of(player.holdings.begin(), player.holdings.end(), [&](const Holding& h) {
+      return h.weight == player.holdings.front().weight;
+    });
+    const int64_t left = kDeckSize - std::popcount(knownBits);
+    player.full = player.uniform && static_cast<int64_t>(player.holdings.size()) == left * (left - 1) / 2;
     needed |= player.needed;
     result.players[p].liveHoldings = static_cast<int>(player.holdings.size());
     product *= static_cast<double>(player.holdings.size());

@@ -256,6 +256,22 @@ TEST(MultiwayEquity, MonteCarloLiesWithinFourStandardErrorsOfTheExactValue) {
   EXPECT_EQ(again.deals, sampled.deals);
 }
 
+TEST(MultiwayEquity, MonteCarloWithPlayersWhoMayHoldAnythingLiesWithinFourStandardErrors) {
+  // "random" players are dealt straight from the cards left; the deal must stay fair beside a range.
+  const auto ranges = MultiwayRanges({"AhAd", "random", "KK,QJs", "random"});
+  const MultiwayResult exact = MultiwayExact(ranges, Cards("Tc8h3s2d"));
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = 0.25;
+  options.seed = 11;
+  options.threads = 2;
+  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Tc8h3s2d"), {}, options);
+  ASSERT_TRUE(exact.ok() && sampled.ok()) << exact.error << sampled.error;
+  for (std::size_t p = 0; p < 4; ++p) {
+    EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;
+  }
+}
+
 TEST(MultiwayEquity, HeadsUpEqualsTheRangeEquity) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"AA,KQs,T9s", "JJ+,AK,76s"}, {"random", "QQ"}, {"AhKh,22", "TT-88"}};
