@@ -211,13 +211,27 @@ struct LastPlayerTable {
 
 class ExactWalk {
  public:
-  explicit ExactWalk(const std::vector<Player>& players) : players_(players), valued_(players.size() - 1) {
-    for (std::size_t i = 0; i + 1 < players.size(); ++i) valued_[i].reserve(players[i].holdings.size());
+  explicit ExactWalk(const std::vector<Player>& players)
+      : players_(players), valued_(players.size()), plain_(players.back().holdings.size() < kCountLastFrom) {
+    for (std::size_t i = 0; i < players.size(); ++i) valued_[i].reserve(players[i].holdings.size());
     last_.placeOf.fill(-1);
   }
 
   void CountBoard(uint64_t boardBits, Sums& sums) {
     reader_.Set(boardBits);
+    if (plain_) {
+      for (std::size_t p = 0; p < players_.size(); ++p) {
+        std::vector<Valued>& list = valued_[p];
+        list.clear();
+        for (const Holding& h : players_[p].holdings) {
+          if ((h.bits & boardBits) != 0) continue;
+          list.push_back({h.bits, reader_.Value(h), h.weight / static_cast<double>(kFullWeight), 0, 0});
+        }
+        if (list.empty()) return;
+      }
+      WalkAll(0, 0, 1.0, sums);
+      return;
+    }
     last_.Build(players_.back(), boardBits, reader_);
     if (last_.entries.empty()) return;
     for (std::size_t p = 0; p + 1 < players_.size(); ++p) {
