@@ -186,8 +186,22 @@ struct LastPlayerTable {
     below = static_cast<int32_t>(low - entries.begin());
     upTo = static_cast<int32_t>(high - entries.begin());
   }
-  // The holdings before `place` that share no card with `cards` (deck places of the chosen holdings).
-  Running Free(int32_t place, std::span<const uint8_t> cards) const {
+  // The places of the holdings made of two of `cards` (deck places in rising order): each shares two
+  // cards with the chosen ones, so the per-card totals take it away twice. Returns how many.
+  int PairPlaces(std::span<const uint8_t> cards, int32_t* out) const {
+    int n = 0;
+    for (std::size_t j = 1; j < cards.size(); ++j) {
+      const int32_t high = cards[j];
+      for (std::size_t i = 0; i < j; ++i) {
+        const int32_t both = placeOf[static_cast<std::size_t>(high * (high - 1) / 2 + cards[i])];
+        if (both >= 0) out[n++] = both;
+      }
+    }
+    return n;
+  }
+  // The holdings before `place` that share no card with `cards` (deck places of the chosen holdings);
+  // `pairs` from PairPlaces.
+  Running Free(int32_t place, std::span<const uint8_t> cards, std::span<const int32_t> pairs) const {
     const std::size_t stride = entries.size() + 1;
     Running free = total[place];
     for (const uint8_t card : cards) {
@@ -195,14 +209,10 @@ struct LastPlayerTable {
       free.count -= taken.count;
       free.weight -= taken.weight;
     }
-    // A holding of two chosen cards was taken away twice.
-    for (std::size_t i = 0; i < cards.size(); ++i) {
-      for (std::size_t j = i + 1; j < cards.size(); ++j) {
-        const int32_t both = placeOf[HoldingNumber(DeckCard(cards[i]), DeckCard(cards[j]))];
-        if (both >= 0 && both < place) {
-          ++free.count;
-          free.weight += entries[both].weight;
-        }
+    for (const int32_t both : pairs) {
+      if (both < place) {
+        ++free.count;
+        free.weight += entries[both].weight;
       }
     }
     return free;
@@ -294,9 +304,12 @@ class ExactWalk {
     for (uint64_t bits = used; bits != 0; bits &= bits - 1)
       cards[cardCount++] = static_cast<uint8_t>(std::countr_zero(bits));
     const std::span<const uint8_t> taken(cards.data(), static_cast<std::size_t>(cardCount));
-    const auto below = last_.Free(best->below, taken);
-    const auto upTo = last_.Free(best->upTo, taken);
-    const auto all = last_.Free(static_cast<int32_t>(last_.entries.size()), taken);
+    std::array<int32_t, kMultiwayMaxPlayers*(2 * kMultiwayMaxPlayers - 1)> pairPlaces{};
+    const std::span<const int32_t> pairs(
+        pairPlaces.data(), static_cast<std::size_t>(last_.PairPlaces(taken, pairPlaces.data())));
+    const auto below = last_.Free(best->below, taken, pairs);
+    const auto upTo = last_.Free(best->upTo, taken, pairs);
+    const auto all = last_.Free(static_cast<int32_t>(last_.entries.size()), taken, pairs);
     const double unit = weight / kFullWeight;
     const double lose = unit * below.weight;                 // the last player loses
     const double tie = unit * (upTo.weight - below.weight);  // the last player ties with the winners
