@@ -575,7 +575,11 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
             if (slice >= slices || stop.load()) break;
             Sums& sums = sliceSums[slice];
             const std::size_t end = std::min(boardList.size(), (slice + 1) * kSliceBoards);
-            for (std::size_t b = slice * kSliceBoards; b < end; ++b) walk.CountBoard(boardList[b], sums);
+            // Asked to stop, a slice ends at the next board (its count is not used).
+            for (std::size_t b = slice * kSliceBoards; b < end && !stop.load(std::memory_order_relaxed);
+                 ++b) {
+              walk.CountBoard(boardList[b], sums);
+            }
             dealsDone += sums.deals;
             if (done.fetch_add(1) + 1 == slices) {
               std::lock_guard lock(mutex);

@@ -325,6 +325,32 @@ TEST(MultiwayEquity, TheAutomaticChoiceCountsSmallCasesExactlyAndSamplesLargeOne
   EXPECT_LE(large.standardError, 1.0);
 }
 
+TEST(MultiwayEquity, ProgressReportsTheDealsAndTheStandardError) {
+  std::vector<std::pair<uint64_t, double>> reports;
+  MultiwayCallbacks callbacks;
+  callbacks.progress = [&](uint64_t deals, double error) { reports.emplace_back(deals, error); };
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = 0.5;
+  options.threads = 2;
+  const MultiwayResult sampled =
+      MultiwayEquity(MultiwayRanges({"AA", "KK", "random"}), Cards("2c7d9h"), {}, options, callbacks);
+  ASSERT_FALSE(reports.empty());
+  EXPECT_EQ(reports.back().first, sampled.deals);
+  EXPECT_EQ(reports.back().second, sampled.standardError);
+  for (std::size_t i = 1; i < reports.size(); ++i) EXPECT_GT(reports[i].first, reports[i - 1].first);
+  reports.clear();
+  const MultiwayResult exact = MultiwayExact(MultiwayRanges({"AA", "KK", "random"}), Cards("2c7d9h"));
+  MultiwayOptions exactOptions;
+  exactOptions.method = MultiwayMethod::Exact;
+  const MultiwayResult counted =
+      MultiwayEquity(MultiwayRanges({"AA", "KK", "random"}), Cards("2c7d9h"), {}, exactOptions, callbacks);
+  ASSERT_FALSE(reports.empty());
+  EXPECT_EQ(reports.back().first, exact.deals);
+  EXPECT_EQ(reports.back().second, 0.0);
+  EXPECT_EQ(counted.deals, exact.deals);
+}
+
 TEST(MultiwayEquity, CancelStopsTheCount) {
   MultiwayCallbacks callbacks;
   callbacks.cancel = [] { return true; };
