@@ -142,7 +142,7 @@ struct LastPlayerTable {
   };
   std::vector<Entry> entries;
   std::vector<Running> total;                    // [place], place 0..size
-  std::vector<Running> perCard;                  // [card x (size + 1) + place]
+  std::vector<Running> perCard;                  // [place x 52 + card]: the totals of one place together
   std::array<int16_t, kHoldingCount> placeOf{};  // place of a holding, -1 when not live
 
   void Build(const Player& player, uint64_t boardBits, const BoardReader& reader) {
@@ -155,25 +155,19 @@ struct LastPlayerTable {
               [](const Entry& x, const Entry& y) { return x.value < y.value; });
     const std::size_t size = entries.size();
     total.resize(size + 1);
-    perCard.assign(static_cast<std::size_t>(kDeckSize) * (size + 1), Running{0, 0});
+    perCard.resize(static_cast<std::size_t>(kDeckSize) * (size + 1));
+    std::fill_n(perCard.begin(), kDeckSize, Running{0, 0});
     total[0] = {0, 0};
     const HoldingPlaceTable& places = HoldingPlaces();
     for (std::size_t i = 0; i < size; ++i) {
       const Entry& entry = entries[i];
       placeOf[entry.number] = static_cast<int16_t>(i);
       total[i + 1] = {total[i].count + 1, total[i].weight + entry.weight};
+      Running* next = &perCard[(i + 1) * kDeckSize];
+      std::copy_n(&perCard[i * kDeckSize], kDeckSize, next);
       for (const uint8_t card : places[entry.number]) {
-        Running& at = perCard[card * (size + 1) + i + 1];
-        ++at.count;
-        at.weight += entry.weight;
-      }
-    }
-    // Each card's marks become running totals.
-    for (int card = 0; card < kDeckSize; ++card) {
-      Running* row = &perCard[static_cast<std::size_t>(card) * (size + 1)];
-      for (std::size_t i = 1; i <= size; ++i) {
-        row[i].count += row[i - 1].count;
-        row[i].weight += row[i - 1].weight;
+        ++next[card].count;
+        next[card].weight += entry.weight;
       }
     }
   }
@@ -202,10 +196,10 @@ struct LastPlayerTable {
   // The holdings before `place` that share no card with `cards` (deck places of the chosen holdings);
   // `pairs` from PairPlaces.
   Running Free(int32_t place, std::span<const uint8_t> cards, std::span<const int32_t> pairs) const {
-    const std::size_t stride = entries.size() + 1;
     Running free = total[place];
+    const Running* row = &perCard[static_cast<std::size_t>(place) * kDeckSize];
     for (const uint8_t card : cards) {
-      const Running& taken = perCard[card * stride + place];
+      const Running& taken = row[card];
       free.count -= taken.count;
       free.weight -= taken.weight;
     }
