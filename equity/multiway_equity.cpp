@@ -140,10 +140,13 @@ struct LastPlayerTable {
     int32_t count;
     int32_t weight;
   };
+  // The holdings in value order form groups of equal value; a boundary g (0..groups) stands before group g.
   std::vector<Entry> entries;
-  std::vector<Running> total;                    // [place], place 0..size
-  std::vector<Running> perCard;                  // [place x 52 + card]: the totals of one place together
-  std::array<int16_t, kHoldingCount> placeOf{};  // place of a holding, -1 when not live
+  std::vector<int32_t> groupOf;        // [entry]
+  std::vector<HandValue> groupValues;  // [group], rising
+  std::vector<Running> total;          // [boundary]
+  std::vector<Running> perCard;        // [boundary x 52 + card]: the totals of one boundary together
+  std::array<int16_t, kHoldingCount> placeOf{};  // entry of a holding, -1 when not live
 
   void Build(const Player& player, uint64_t boardBits, const BoardReader& reader) {
     for (const Entry& entry : entries) placeOf[entry.number] = -1;
@@ -153,34 +156,43 @@ struct LastPlayerTable {
     }
     std::sort(entries.begin(), entries.end(),
               [](const Entry& x, const Entry& y) { return x.value < y.value; });
-    const std::size_t size = entries.size();
-    total.resize(size + 1);
-    perCard.resize(static_cast<std::size_t>(kDeckSize) * (size + 1));
-    std::fill_n(perCard.begin(), kDeckSize, Running{0, 0});
-    total[0] = {0, 0};
+    groupOf.resize(entries.size());
+    groupValues.clear();
+    total.clear();
+    perCard.clear();
+    std::array<Running, kDeckSize> cards{};
+    Running all{0, 0};
+    const auto closeBoundary = [&] {
+      total.push_back(all);
+      perCard.insert(perCard.end(), cards.begin(), cards.end());
+    };
     const HoldingPlaceTable& places = HoldingPlaces();
-    for (std::size_t i = 0; i < size; ++i) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
       const Entry& entry = entries[i];
+      if (i == 0 || entry.value != entries[i - 1].value) {
+        closeBoundary();
+        groupValues.push_back(entry.value);
+      }
       placeOf[entry.number] = static_cast<int16_t>(i);
-      total[i + 1] = {total[i].count + 1, total[i].weight + entry.weight};
-      Running* next = &perCard[(i + 1) * kDeckSize];
-      std::copy_n(&perCard[i * kDeckSize], kDeckSize, next);
+      groupOf[i] = static_cast<int32_t>(groupValues.size()) - 1;
+      ++all.count;
+      all.weight += entry.weight;
       for (const uint8_t card : places[entry.number]) {
-        ++next[card].count;
-        next[card].weight += entry.weight;
+        ++cards[card].count;
+        cards[card].weight += entry.weight;
       }
     }
+    closeBoundary();
   }
-  // Where `value` falls: [below, upTo) are the holdings of equal value.
+  int32_t Groups() const { return static_cast<int32_t>(groupValues.size()); }
+  // Where `value` falls: the groups before `below` are worth less, those from `upTo` on more, and the group
+  // between (when below < upTo) is worth the same.
   void Place(HandValue value, int32_t& below, int32_t& upTo) const {
-    const auto low = std::lower_bound(entries.begin(), entries.end(), value,
-                                      [](const Entry& e, HandValue v) { return e.value < v; });
-    const auto high =
-        std::upper_bound(low, entries.end(), value, [](HandValue v, const Entry& e) { return v < e.value; });
-    below = static_cast<int32_t>(low - entries.begin());
-    upTo = static_cast<int32_t>(high - entries.begin());
+    const auto low = std::lower_bound(groupValues.begin(), groupValues.end(), value);
+    below = static_cast<int32_t>(low - groupValues.begin());
+    upTo = below + (low != groupValues.end() && *low == value ? 1 : 0);
   }
-  // The places of the holdings made of two of `cards` (deck places in rising order): each shares two
+  // The entries of the holdings made of two of `cards` (deck places in rising order): each shares two
   // cards with the chosen ones, so the per-card totals take it away twice. Returns how many.
   int PairPlaces(std::span<const uint8_t> cards, int32_t* out) const {
     int n = 0;
@@ -193,18 +205,18 @@ struct LastPlayerTable {
     }
     return n;
   }
-  // The holdings before `place` that share no card with `cards` (deck places of the chosen holdings);
+  // The holdings before `boundary` that share no card with `cards` (deck places of the chosen holdings);
   // `pairs` from PairPlaces.
-  Running Free(int32_t place, std::span<const uint8_t> cards, std::span<const int32_t> pairs) const {
-    Running free = total[place];
-    const Running* row = &perCard[static_cast<std::size_t>(place) * kDeckSize];
+  Running Free(int32_t boundary, std::span<const uint8_t> cards, std::span<const int32_t> pairs) const {
+    Running free = total[boundary];
+    const Running* row = &perCard[static_cast<std::size_t>(boundary) * kDeckSize];
     for (const uint8_t card : cards) {
       const Running& taken = row[card];
       free.count -= taken.count;
       free.weight -= taken.weight;
     }
     for (const int32_t both : pairs) {
-      if (both < place) {
+      if (groupOf[both] < boundary) {
         ++free.count;
         free.weight += entries[both].weight;
       }
@@ -303,7 +315,7 @@ class ExactWalk {
         pairPlaces.data(), static_cast<std::size_t>(last_.PairPlaces(taken, pairPlaces.data())));
     const auto below = last_.Free(best->below, taken, pairs);
     const auto upTo = last_.Free(best->upTo, taken, pairs);
-    const auto all = last_.Free(static_cast<int32_t>(last_.entries.size()), taken, pairs);
+    const auto all = last_.Free(last_.Groups(), taken, pairs);
     const double unit = weight / kFullWeight;
     const double lose = unit * below.weight;                 // the last player loses
     const double tie = unit * (upTo.weight - below.weight);  // the last player ties with the winners
