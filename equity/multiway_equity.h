@@ -9,12 +9,18 @@
 // - Exact: every completion of the board is walked once (boards that hold a card every holding of some
 //   player needs are passed over: they have no deal). On each board each live holding of each player is
 //   valued once (the fast evaluator: the board's rank state, two steps per holding, the flush table when the
-//   board has three of a suit), then the players' holdings are combined by a nested walk that skips a
-//   holding sharing a card with those already chosen, and each complete deal is settled on the values. Exact
+//   board has three of a suit). The player with the most live holdings is put last. The others' holdings
+//   are combined by a nested walk that skips a holding sharing a card with those already chosen; the last
+//   player's holdings are not walked but counted: they are put in value order once per board, in groups of
+//   equal value, with running totals (count and weight) over all of them and per card, so how many of them
+//   lose to, tie with or beat the best of the others, less those sharing a card with the chosen holdings,
+//   is read from the totals with one correction per chosen card and one back per pair of chosen cards that
+//   is itself a live holding. When the last player has few holdings every deal is walked instead. Exact
 //   results do not depend on the number of threads: the boards are cut into fixed slices, each slice is
 //   counted on its own and the slices are added in their order.
 // - Monte Carlo: each sample draws each player's holding by weight, throws the deal away when two of them
-//   share a card, and deals the rest of the board from the cards left. The standard error of each player's
+//   share a card, then deals the players who may hold any holding (equal weights) two cards each and the
+//   rest of the board from the cards left. The standard error of each player's
 //   equity is sd / sqrt(n); the run stops when the largest is at most the target, at the time limit, or when
 //   cancelled. Each thread draws from its own generator (seeded from the seed and the thread's number) in
 //   rounds of fixed size, so a given seed and thread count repeat the same samples (unless the time limit
