@@ -41,7 +41,14 @@ class OptionsTaken : public ::testing::Test {
             {"--classes-out", Path("classes.bin")},
             {"--threads", "1"},
             {"--per-class"},
-            {"--classes"}};
+            {"--classes"},
+            {"--player", "KK"},
+            {"--dead", "2c"},
+            {"--exact"},
+            {"--monte-carlo"},
+            {"--error", "1"},
+            {"--seconds", "5"},
+            {"--seed", "3"}};
   }
 
   // Runs `base` with each option outside `taken` added and expects each refused.
@@ -91,6 +98,12 @@ TEST_F(OptionsTaken, EquityWithAHandRangeRefusesTheHandTheTopAndTheSeenLayer) {
 
 TEST_F(OptionsTaken, RangeRefusesEveryOptionItDoesNotTake) {
   ExpectEveryOtherOptionRefused({"range", "QQ+"}, {"--json"});
+}
+
+TEST_F(OptionsTaken, MultiwayRefusesEveryOptionItDoesNotTake) {
+  ExpectEveryOtherOptionRefused({"multiway", "--player", "AhAd", "--player", "QQ", "--board", "Tc8h3s"},
+                                {"--player", "--board", "--dead", "--exact", "--monte-carlo", "--error",
+                                 "--seconds", "--seed", "--threads", "--json"});
 }
 
 TEST_F(OptionsTaken, EachProfilesActionRefusesEveryOptionItDoesNotTake) {

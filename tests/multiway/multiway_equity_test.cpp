@@ -1,0 +1,366 @@
+// Multiway equity against a brute force over every board and every deal with the step-by-step evaluator,
+// and its symmetries, card removal, ties, Monte Carlo and the heads-up range equity.
+#include "equity/multiway_equity.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "cards/holding.h"
+#include "equity/hand_evaluator.h"
+#include "equity/range_equity.h"
+#include "range/range_notation.h"
+#include "tests/support/card_text.h"
+
+namespace quillet {
+namespace {
+
+using quillet::testing::Cards;
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kMultiwayUnderSanitizer = true;
+#else
+constexpr bool kMultiwayUnderSanitizer = false;
+#endif
+
+WeightedHoldingSet MultiwayRange(const std::string& text) {
+  const ParsedWeightedRange parsed = ParseWeightedRangeNotation(text);
+  EXPECT_TRUE(parsed.ok()) << text;
+  return parsed.weights;
+}
+
+std::vector<WeightedHoldingSet> MultiwayRanges(const std::vector<std::string>& texts) {
+  std::vector<WeightedHoldingSet> ranges;
+  for (const std::string& text : texts) ranges.push_back(MultiwayRange(text));
+  return ranges;
+}
+
+struct BruteShares {
+  std::vector<double> equity, win, tie;
+};
+
+// Every board completion, every deal of holdings sharing no card, each settled by EvaluateCards.
+BruteShares MultiwayBruteForce(const std::vector<WeightedHoldingSet>& ranges, const std::vector<Card>& board,
+                               const std::vector<Card>& dead) {
+  const std::size_t n = ranges.size();
+  std::vector<double> equity(n), win(n), tie(n);
+  double deals = 0;
+  std::vector<std::vector<std::array<Card, 2>>> holdings(n);
+  for (std::size_t p = 0; p < n; ++p) {
+    for (int number = 0; number < kHoldingCount; ++number) {
+      if (ranges[p].Weight(number) > 0) holdings[p].push_back(CardsOfHolding(number));
+    }
+  }
+  std::vector<Card> known = board;
+  known.insert(known.end(), dead.begin(), dead.end());
+  const auto isKnown = [&](Card c, const std::vector<Card>& more) {
+    return std::find(known.begin(), known.end(), c) != known.end() ||
+           std::find(more.begin(), more.end(), c) != more.end();
+  };
+  std::vector<Card> chosen;  // the players' cards, two each
+  std::vector<Card> full = board;
+  const auto settle = [&] {
+    std::vector<HandValue> values(n);
+    for (std::size_t p = 0; p < n; ++p) {
+      std::vector<Card> seven = full;
+      seven.push_back(chosen[2 * p]);
+      seven.push_back(chosen[2 * p + 1]);
+      values[p] = EvaluateCards(std::span<const Card>(seven));
+    }
+    const HandValue best = *std::max_element(values.begin(), values.end());
+    const auto winners = static_cast<double>(std::count(values.begin(), values.end(), best));
+    for (std::size_t p = 0; p < n; ++p) {
+      if (values[p] != best) continue;
+      equity[p] += 1.0 / winners;
+      (winners == 1 ? win[p] : tie[p]) += 1;
+    }
+    deals += 1;
+  };
+  std::function<void(std::size_t)> deal = [&](std::size_t p) {
+    if (p == n) {
+      settle();
+      return;
+    }
+    for (const auto& h : holdings[p]) {
+      const auto taken = [&](Card c) {
+        return isKnown(c, chosen) || std::find(full.begin(), full.end(), c) != full.end();
+      };
+      if (taken(h[0]) || taken(h[1])) continue;
+      chosen.push_back(h[0]);
+      chosen.push_back(h[1]);
+      deal(p + 1);
+      chosen.resize(chosen.size() - 2);
+    }
+  };
+  std::function<void(int)> complete = [&](int from) {
+    if (full.size() == 5) {
+      deal(0);
+      return;
+    }
+    for (int index = from; index < 52; ++index) {
+      const Card c = DeckCard(index);
+      if (isKnown(c, full)) continue;
+      full.push_back(c);
+      complete(index + 1);
+      full.pop_back();
+    }
+  };
+  complete(0);
+  for (std::size_t p = 0; p < n; ++p) {
+    equity[p] *= 100.0 / deals;
+    win[p] *= 100.0 / deals;
+    tie[p] *= 100.0 / deals;
+  }
+  return {equity, win, tie};
+}
+
+MultiwayResult MultiwayExact(const std::vector<WeightedHoldingSet>& ranges, const std::vector<Card>& board,
+                             const std::vector<Card>& dead = {}, int threads = 2) {
+  MultiwayOptions options;
+  options.method = MultiwayMethod::Exact;
+  options.threads = threads;
+  return MultiwayEquity(ranges, board, dead, options);
+}
+
+void ExpectMatchesBruteForce(const std::vector<std::string>& texts, const std::string& board,
+                             const std::string& dead) {
+  // The flop and preflop cases walk thousands of boards step by step: too slow under the sanitizer, which
+  // still checks the turn and the river.
+  if (kMultiwayUnderSanitizer && Cards(board).size() < 4) return;
+  const auto ranges = MultiwayRanges(texts);
+  const MultiwayResult result = MultiwayExact(ranges, Cards(board), Cards(dead));
+  ASSERT_TRUE(result.ok()) << result.error;
+  EXPECT_TRUE(result.exact);
+  const BruteShares brute = MultiwayBruteForce(ranges, Cards(board), Cards(dead));
+  for (std::size_t p = 0; p < texts.size(); ++p) {
+    EXPECT_NEAR(result.players[p].equity, brute.equity[p], 1e-9) << texts[p] << " on '" << board << "'";
+    EXPECT_NEAR(result.players[p].win, brute.win[p], 1e-9) << texts[p];
+    EXPECT_NEAR(result.players[p].tie, brute.tie[p], 1e-9) << texts[p];
+  }
+}
+
+// Dead cards keep the preflop deck small enough for the brute force.
+constexpr const char* kManyDead = "2c2d2h2s3c3d3h3s4c4d4h4s5c5d5h5s6c6d6h6s7c7d7h";
+
+TEST(MultiwayEquity, ThreePlayersMatchTheBruteForceOnEveryStreet) {
+  const std::vector<std::string> players = {"AhKh,QQ", "JTs,9c9d", "AcQd,KdQs,8s8h"};
+  ExpectMatchesBruteForce(players, "Th9h2c", "");
+  ExpectMatchesBruteForce(players, "Th9h2c4h", "");
+  ExpectMatchesBruteForce(players, "Th9h2c4h8c", "");
+  ExpectMatchesBruteForce({"AhKh,QQ", "JTs,9c9d", "AcQd,KdQs,8s8h"}, "", kManyDead);
+}
+
+TEST(MultiwayEquity, FourPlayersMatchTheBruteForceOnEveryStreet) {
+  const std::vector<std::string> players = {"AsAd", "KK", "QhJh,Tc9c", "8d8c,AcKc"};
+  ExpectMatchesBruteForce(players, "2h7s9d", "");
+  ExpectMatchesBruteForce(players, "2h7s9d3c", "");
+  ExpectMatchesBruteForce(players, "2h7s9d3cJd", "5s");
+  ExpectMatchesBruteForce(players, "", kManyDead);
+}
+
+TEST(MultiwayEquity, AWideRangeAnywhereAmongThePlayersMatchesTheBruteForce) {
+  // The widest player (78 holdings) has its holdings counted from running totals rather than walked; it is
+  // placed first, in the middle and last.
+  ExpectMatchesBruteForce({"22+", "AhKh,QQ", "AcQd,KdQs,8s8h"}, "Th9h2c4h", "");
+  ExpectMatchesBruteForce({"AhKh,QQ", "22+", "AcQd,KdQs,8s8h"}, "Th9h2c4h8c", "");
+  ExpectMatchesBruteForce({"AhKh,QQ", "JTs,9c9d", "AcQd,KdQs,8s8h", "22+,AK"}, "Th9h2c4h8c", "");
+  ExpectMatchesBruteForce({"Js9s", "22+,KQs,JTs", "AsKd"}, "",
+                          "2c2d2h2s3c3d3h3s4c4d4h4s5c5d5h5s6c6d6h6s7c7d");
+}
+
+TEST(MultiwayEquity, EqualRangesGetEqualEquity) {
+  const MultiwayResult result =
+      MultiwayExact(MultiwayRanges({"QQ+,AK", "QQ+,AK", "QQ+,AK"}), Cards("7c5d2h"));
+  ASSERT_TRUE(result.ok()) << result.error;
+  EXPECT_NEAR(result.players[0].equity, 100.0 / 3, 1e-9);
+  EXPECT_NEAR(result.players[1].equity, result.players[0].equity, 1e-9);
+  EXPECT_NEAR(result.players[2].equity, result.players[0].equity, 1e-9);
+}
+
+TEST(MultiwayEquity, APermutationOfPlayersPermutesTheResults) {
+  const std::vector<std::string> texts = {"AhKh", "TT,99", "QJs", "7c6c,5d5s"};
+  const MultiwayResult forward = MultiwayExact(MultiwayRanges(texts), Cards("Ts8h6d"));
+  const std::vector<std::size_t> order = {2, 0, 3, 1};
+  std::vector<std::string> shuffled;
+  for (std::size_t i : order) shuffled.push_back(texts[i]);
+  const MultiwayResult permuted = MultiwayExact(MultiwayRanges(shuffled), Cards("Ts8h6d"));
+  ASSERT_TRUE(forward.ok() && permuted.ok());
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    EXPECT_NEAR(permuted.players[i].equity, forward.players[order[i]].equity, 1e-9);
+    EXPECT_NEAR(permuted.players[i].win, forward.players[order[i]].win, 1e-9);
+    EXPECT_NEAR(permuted.players[i].tie, forward.players[order[i]].tie, 1e-9);
+  }
+}
+
+TEST(MultiwayEquity, AHoldingThatSharesACardWithAnotherPlayerIsNotDealt) {
+  // Player 1 holds AhAd: against "AA" player 2 can hold only AcAs, so the two have equal equity; a card
+  // removal that failed would give player 2 the holdings with Ah or Ad too.
+  const MultiwayResult result = MultiwayExact(MultiwayRanges({"AhAd", "AA", "7c2d"}), Cards("Kc8s3h"));
+  ASSERT_TRUE(result.ok()) << result.error;
+  EXPECT_EQ(result.players[1].liveHoldings, 6);
+  EXPECT_NEAR(result.players[0].equity, result.players[1].equity, 1e-9);
+  EXPECT_NEAR(result.players[0].tie, result.players[1].tie, 1e-9);
+  // Only AcAs is dealt: 990 boards less the boards that hold 7c or 2d... every deal has both aces.
+  const MultiwayResult dead =
+      MultiwayExact(MultiwayRanges({"AhAd", "AA", "7c2d"}), Cards("Kc8s3h"), Cards("Ac"));
+  EXPECT_FALSE(dead.ok());
+  EXPECT_NE(dead.error.find("no deal"), std::string::npos) << dead.error;
+}
+
+TEST(MultiwayEquity, ThreePlayersWithTheSameHandOnTheBoardShareThePotInThree) {
+  // The board is a royal flush: every deal is a three-way tie.
+  const MultiwayResult result = MultiwayExact(MultiwayRanges({"2c3d", "4c5d", "6c7d"}), Cards("AsKsQsJsTs"));
+  ASSERT_TRUE(result.ok()) << result.error;
+  for (const MultiwayPlayerResult& player : result.players) {
+    EXPECT_NEAR(player.equity, 100.0 / 3, 1e-9);
+    EXPECT_EQ(player.win, 0.0);
+    EXPECT_EQ(player.tie, 100.0);
+  }
+  // Two of three tie on a board of their straight, the third is beaten: 50 / 50 / 0.
+  const MultiwayResult two = MultiwayExact(MultiwayRanges({"Kh2c", "Kd3c", "Ah4c"}), Cards("QsJdTh9c2h"));
+  ASSERT_TRUE(two.ok());
+  EXPECT_NEAR(two.players[0].equity, 50.0, 1e-9);
+  EXPECT_NEAR(two.players[1].equity, 50.0, 1e-9);
+  EXPECT_NEAR(two.players[2].equity, 0.0, 1e-9);
+}
+
+TEST(MultiwayEquity, ExactResultsDoNotDependOnTheThreadCount) {
+  const auto ranges = MultiwayRanges({"QQ+,AK", "JJ-99,AQs", "KQs,KJs,76s"});
+  const MultiwayResult one = MultiwayExact(ranges, Cards("9h7c2s"), {}, 1);
+  const MultiwayResult three = MultiwayExact(ranges, Cards("9h7c2s"), {}, 3);
+  for (std::size_t p = 0; p < 3; ++p) {
+    EXPECT_EQ(one.players[p].equity, three.players[p].equity);
+    EXPECT_EQ(one.players[p].win, three.players[p].win);
+  }
+  EXPECT_EQ(one.deals, three.deals);
+}
+
+TEST(MultiwayEquity, MonteCarloLiesWithinFourStandardErrorsOfTheExactValue) {
+  const auto ranges = MultiwayRanges({"TT+,AQ+", "KhQh,JJ", "99-66,A5s"});
+  const MultiwayResult exact = MultiwayExact(ranges, Cards("Ts8h3s"));
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = 0.3;
+  options.seed = 7;
+  options.threads = 2;
+  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Ts8h3s"), {}, options);
+  ASSERT_TRUE(exact.ok() && sampled.ok());
+  EXPECT_FALSE(sampled.exact);
+  EXPECT_GT(sampled.standardError, 0.0);
+  EXPECT_LE(sampled.standardError, 0.3);
+  for (std::size_t p = 0; p < 3; ++p) {
+    EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;
+  }
+  // The same seed and thread count repeat the same run.
+  const MultiwayResult again = MultiwayEquity(ranges, Cards("Ts8h3s"), {}, options);
+  EXPECT_EQ(again.players[0].equity, sampled.players[0].equity);
+  EXPECT_EQ(again.deals, sampled.deals);
+}
+
+TEST(MultiwayEquity, MonteCarloWithPlayersWhoMayHoldAnythingLiesWithinFourStandardErrors) {
+  // "random" players are dealt straight from the cards left; the deal must stay fair beside a range.
+  const auto ranges = MultiwayRanges({"AhAd", "random", "KK,QJs", "random"});
+  const MultiwayResult exact = MultiwayExact(ranges, Cards("Tc8h3s2d"));
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = 0.25;
+  options.seed = 11;
+  options.threads = 2;
+  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Tc8h3s2d"), {}, options);
+  ASSERT_TRUE(exact.ok() && sampled.ok()) << exact.error << sampled.error;
+  for (std::size_t p = 0; p < 4; ++p) {
+    EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;
+  }
+}
+
+TEST(MultiwayEquity, HeadsUpEqualsTheRangeEquity) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"AA,KQs,T9s", "JJ+,AK,76s"}, {"random", "QQ"}, {"AhKh,22", "TT-88"}};
+  for (const std::string board : {"Ts8h3s", "Ts8h3s4c", "Ts8h3s4cKd"}) {
+    for (const auto& [mine, theirs] : cases) {
+      const MultiwayResult multi = MultiwayExact(MultiwayRanges({mine, theirs}), Cards(board));
+      const RangeEquityResult heads =
+          StandardRangeEquity(ParseRangeNotation(mine).holdings, ParseRangeNotation(theirs).holdings,
+                              quillet::testing::Board(board), static_cast<int32_t>(board.size() / 2 - 2));
+      ASSERT_TRUE(multi.ok() && heads.ok()) << multi.error << heads.error;
+      EXPECT_DOUBLE_EQ(multi.players[0].equity, heads.MyEquity()) << mine << " v " << theirs << " " << board;
+      EXPECT_DOUBLE_EQ(multi.players[0].win, heads.tally.WinPercent());
+      EXPECT_DOUBLE_EQ(multi.players[0].tie, heads.tally.TiePercent());
+      EXPECT_EQ(multi.deals, heads.tally.Showdowns());
+    }
+  }
+}
+
+TEST(MultiwayEquity, SixHandsPreflopGiveTheKnownExactValues) {
+  if (kMultiwayUnderSanitizer) GTEST_SKIP() << "1.7 million boards: too slow under the sanitizer";
+  const MultiwayResult result =
+      MultiwayExact(MultiwayRanges({"AhAd", "KsKc", "QsQc", "JhTh", "9s9c", "8d7d"}), {});
+  ASSERT_TRUE(result.ok()) << result.error;
+  const std::vector<double> expected = {34.784810, 15.964066, 11.933112, 12.613955, 9.157462, 15.546594};
+  for (std::size_t p = 0; p < expected.size(); ++p) EXPECT_NEAR(result.players[p].equity, expected[p], 1e-6);
+}
+
+TEST(MultiwayEquity, RefusesTooFewOrTooManyPlayersAndBadBoards) {
+  EXPECT_FALSE(MultiwayExact(MultiwayRanges({"AA"}), {}).ok());
+  EXPECT_FALSE(MultiwayExact(std::vector<WeightedHoldingSet>(11, MultiwayRange("random")), {}).ok());
+  EXPECT_FALSE(MultiwayExact(MultiwayRanges({"AA", "KK"}), Cards("2c3c")).ok());
+  EXPECT_FALSE(MultiwayExact(MultiwayRanges({"AA", "KK"}), Cards("2c3c4c"), Cards("2c")).ok());
+  // A player whose every holding is on the board.
+  EXPECT_FALSE(MultiwayExact(MultiwayRanges({"AhAd", "KK"}), Cards("Ah7c2d")).ok());
+}
+
+TEST(MultiwayEquity, TheAutomaticChoiceCountsSmallCasesExactlyAndSamplesLargeOnes) {
+  MultiwayOptions options;
+  options.threads = 2;
+  options.targetError = 1.0;
+  const MultiwayResult small =
+      MultiwayEquity(MultiwayRanges({"AA", "KK", "QQ"}), Cards("2c3d9h"), {}, options);
+  EXPECT_TRUE(small.exact);
+  const MultiwayResult large =
+      MultiwayEquity(MultiwayRanges({"random", "random", "random", "random"}), {}, {}, options);
+  EXPECT_FALSE(large.exact);
+  EXPECT_GT(large.costEstimate, kMultiwayExactBudget);
+  EXPECT_LE(large.standardError, 1.0);
+}
+
+TEST(MultiwayEquity, ProgressReportsTheDealsAndTheStandardError) {
+  std::vector<std::pair<uint64_t, double>> reports;
+  MultiwayCallbacks callbacks;
+  callbacks.progress = [&](uint64_t deals, double error) { reports.emplace_back(deals, error); };
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = 0.5;
+  options.threads = 2;
+  const MultiwayResult sampled =
+      MultiwayEquity(MultiwayRanges({"AA", "KK", "random"}), Cards("2c7d9h"), {}, options, callbacks);
+  ASSERT_FALSE(reports.empty());
+  EXPECT_EQ(reports.back().first, sampled.deals);
+  EXPECT_EQ(reports.back().second, sampled.standardError);
+  for (std::size_t i = 1; i < reports.size(); ++i) EXPECT_GT(reports[i].first, reports[i - 1].first);
+  reports.clear();
+  const MultiwayResult exact = MultiwayExact(MultiwayRanges({"AA", "KK", "random"}), Cards("2c7d9h"));
+  MultiwayOptions exactOptions;
+  exactOptions.method = MultiwayMethod::Exact;
+  const MultiwayResult counted =
+      MultiwayEquity(MultiwayRanges({"AA", "KK", "random"}), Cards("2c7d9h"), {}, exactOptions, callbacks);
+  ASSERT_FALSE(reports.empty());
+  EXPECT_EQ(reports.back().first, exact.deals);
+  EXPECT_EQ(reports.back().second, 0.0);
+  EXPECT_EQ(counted.deals, exact.deals);
+}
+
+TEST(MultiwayEquity, CancelStopsTheCount) {
+  MultiwayCallbacks callbacks;
+  callbacks.cancel = [] { return true; };
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = 0.0001;
+  const MultiwayResult result =
+      MultiwayEquity(MultiwayRanges({"random", "random", "random"}), {}, {}, options, callbacks);
+  EXPECT_TRUE(result.cancelled);
+}
+
+}  // namespace
+}  // namespace quillet
