@@ -396,7 +396,11 @@ void SampleRound(const std::vector<Player>& players, uint64_t knownBoard, uint64
     used |= bit;
     return bit;
   };
-  while (kept < samples) {
+  // Where the players' holdings nearly always collide, a round gives up after so many draws, so that the
+  // caller's time limit and cancel are still looked at between rounds.
+  const int64_t maxDraws = int64_t{samples} * 4096;
+  int64_t draws = 0;
+  while (kept < samples && draws++ < maxDraws) {
     uint64_t used = knownBoard | deadAll;
     bool collided = false;
     // The players with a range first, drawn by weight, the deal thrown away when two share a card; then
@@ -634,7 +638,10 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
         });
       }
     }
+    const uint64_t before = total.deals;
     for (const Sums& sums : roundSums) total.Add(sums, count);
+    // A whole round of draws without one deal: the holdings all but always collide; sampling cannot answer.
+    if (total.deals == before) break;
     result.standardError = LargestError(total, count);
     if (callbacks.progress) callbacks.progress(total.deals, result.standardError);
     if (total.deals >= kMinSamples && result.standardError <= options.targetError) break;
@@ -646,6 +653,9 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
     }
   }
   FillResult(total, order, result);
+  if (!result.cancelled && total.deals == 0) {
+    result.error = "no deal is possible: the players' holdings always share a card";
+  }
   return result;
 }
 
