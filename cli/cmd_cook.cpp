@@ -1,4 +1,5 @@
 // quillet-cli cook: the window's cook on a range given as class lists, with a fresh "Generic" profile.
+#include <CLI/CLI.hpp>
 #include <ostream>
 #include <string>
 #include <string_view>

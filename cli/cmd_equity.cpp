@@ -1,5 +1,6 @@
 // quillet-cli equity: the window's Calc Equity on a range given as class lists, with a fresh "Generic"
 // profile.
+#include <CLI/CLI.hpp>
 #include <ostream>
 #include <string>
 

@@ -1,4 +1,5 @@
 // quillet-cli profiles: list, show and add player profiles in the profile file.
+#include <CLI/CLI.hpp>
 #include <ostream>
 
 #include "cards/hand_class.h"
@@ -290,7 +291,7 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
   return kExitBadInput;
 }
 
-const CommandRegistrar registrar({"profiles", kProfilesUsage, kProfilesSummary, 70, RunProfiles});
+const CommandRegistrar kRegisterProfiles({"profiles", kProfilesUsage, kProfilesSummary, 70, RunProfiles});
 
 }  // namespace
 }  // namespace quillet::cli

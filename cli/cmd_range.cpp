@@ -1,5 +1,6 @@
 // quillet-cli range: reads a range written as players write it and prints it back in its shortest form,
 // with the number of holdings and their share of all 1,326.
+#include <CLI/CLI.hpp>
 #include <ostream>
 #include <string>
 

@@ -1,5 +1,6 @@
 // quillet-cli tables: generate the preflop tables (the matchup key table and the matchup class table, in one
 // run), or describe the ones built into the program.
+#include <CLI/CLI.hpp>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -155,8 +156,9 @@ int RunTables(const std::vector<std::string>& words, std::ostream& out, std::ost
   return kExitBadInput;
 }
 
-const CommandRegistrar registrar({"tables", "generate [--out FILE] [--classes-out FILE] [--threads N] | info",
-                                  kTablesSummary, 90, RunTables});
+const CommandRegistrar kRegisterTables({"tables",
+                                        "generate [--out FILE] [--classes-out FILE] [--threads N] | info",
+                                        kTablesSummary, 90, RunTables});
 
 }  // namespace
 }  // namespace quillet::cli

@@ -16,8 +16,10 @@
 namespace quillet::cli {
 namespace {
 
-// The shortest text that reads back as the same double ("57.25", "-1", "50").
-std::string JsonNumber(double value) {
+// The shortest text that reads back as the same double ("57.25", "-1", "50"), as std::to_chars writes it.
+// This command's JSON lines are written by hand with this; JsonNumber (cli/options.h) builds nlohmann values,
+// which write a very small or very large value differently ("0.0001" here is "1e-04"), so the two stay apart.
+std::string ShortestNumberText(double value) {
   char buffer[32];
   const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
   return std::string(buffer, result.ptr);
@@ -70,9 +72,10 @@ int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::
   const double my = counted ? tally.EquityPercent() : -1.0;
   const double opp = counted ? tally.Reversed().EquityPercent() : -1.0;
   if (request.json) {
-    out << "{\"my\":" << JsonNumber(my) << ",\"opp\":" << JsonNumber(opp)
-        << ",\"win\":" << JsonNumber(tally.WinPercent()) << ",\"tie\":" << JsonNumber(tally.TiePercent())
-        << ",\"lose\":" << JsonNumber(tally.LossPercent()) << ",\"showdowns\":" << tally.Showdowns()
+    out << "{\"my\":" << ShortestNumberText(my) << ",\"opp\":" << ShortestNumberText(opp)
+        << ",\"win\":" << ShortestNumberText(tally.WinPercent())
+        << ",\"tie\":" << ShortestNumberText(tally.TiePercent())
+        << ",\"lose\":" << ShortestNumberText(tally.LossPercent()) << ",\"showdowns\":" << tally.Showdowns()
         << ",\"street\":" << street << ",\"rules\":\"" << ShowdownRulesName(ShowdownRules::Standard) << "\"";
     if (request.perClass)
       out << ",\"classes\":" << (classes ? ClassEquitiesJson(*classes).dump() : std::string("null"));

@@ -1,5 +1,7 @@
 #include "cli/hand_board_range.h"
 
+#include <CLI/CLI.hpp>
+
 #include "cards/terminal_text.h"
 #include "cli/range_option.h"
 #include "range/top_of_order.h"

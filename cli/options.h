@@ -6,7 +6,6 @@
 // command's positional words, in order.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
@@ -14,6 +13,12 @@
 #include <vector>
 
 #include "range/colour.h"
+
+// CLI11 is included only by the files that build or read a parser (<CLI/CLI.hpp>); the rest of the commands
+// see its App by name.
+namespace CLI {
+class App;
+}  // namespace CLI
 
 namespace quillet::cli {
 

@@ -1,5 +1,6 @@
 #include "cli/range_option.h"
 
+#include "cards/blank_text.h"
 #include "range/class_list.h"
 #include "range/holding_set.h"
 #include "range/range_notation.h"
@@ -7,17 +8,11 @@
 namespace quillet::cli {
 namespace {
 
-std::string_view TrimBlanks(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
-  return text;
-}
-
 // The first comma-separated item of a refused class list that is not a class, as the list names it.
 std::string FirstRefusedItem(std::string_view text) {
   while (true) {
     const auto comma = text.find(',');
-    const std::string_view item = TrimBlanks(text.substr(0, comma));
+    const std::string_view item = TrimSpacesAndTabs(text.substr(0, comma));
     if (!item.empty() && !ParseClassList(item).ok()) return std::string(item);
     if (comma == std::string_view::npos) return {};
     text.remove_prefix(comma + 1);

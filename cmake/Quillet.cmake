@@ -1,3 +1,12 @@
+# quillet_use_unity_build(TARGET): with QUILLET_UNITY_LIBS the target's sources are compiled a few at a time
+# as one unit, which parses the shared headers once per unit. Helpers private to one .cpp therefore need names
+# of their own across the library (an anonymous namespace does not keep two files' helpers apart in one unit).
+function(quillet_use_unity_build target)
+  if(QUILLET_UNITY_LIBS)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON)
+  endif()
+endfunction()
+
 # quillet_add_library(NAME DEPS lib...): a library of every .cpp in the calling folder (an interface library
 # while the folder has none), with headers included from the source root as "folder/header.h".
 function(quillet_add_library name)
@@ -5,6 +14,7 @@ function(quillet_add_library name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(sources)
     add_library(${name} STATIC ${sources})
+    quillet_use_unity_build(${name})
     target_include_directories(${name} PUBLIC ${QUILLET_SOURCE_ROOT})
     target_link_libraries(${name} PUBLIC ${ARG_DEPS})
   else()

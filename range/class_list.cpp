@@ -1,18 +1,13 @@
 #include "range/class_list.h"
 
 #include "cards/ascii_case.h"
+#include "cards/blank_text.h"
 #include "cards/card.h"
 #include "cards/hand_class.h"
 #include "cards/terminal_text.h"
 
 namespace quillet {
 namespace {
-
-std::string_view Trim(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
-  return text;
-}
 
 // The class number of one written name, or -1.
 int ClassOfName(std::string_view written) {
@@ -32,7 +27,7 @@ ClassList ParseClassList(std::string_view text) {
   ClassList result;
   while (true) {
     const auto comma = text.find(',');
-    const std::string_view item = Trim(text.substr(0, comma));
+    const std::string_view item = TrimSpacesAndTabs(text.substr(0, comma));
     if (!item.empty()) {
       const int c = ClassOfName(item);
       if (c < 0) {

@@ -1,6 +1,7 @@
 #include "range/my_hand_range.h"
 
 #include "cards/ascii_case.h"
+#include "cards/blank_text.h"
 #include "cards/card.h"
 #include "range/card_text_colour.h"
 
@@ -20,10 +21,6 @@ int32_t SuitOf(char c, bool eitherCase) {
 bool IsTwoCards(std::string_view text, bool eitherCase) {
   return text.size() == 4 && IsRank(text[0]) && SuitOf(text[1], eitherCase) != kNoCard && IsRank(text[2]) &&
          SuitOf(text[3], eitherCase) != kNoCard;
-}
-
-bool IsSeparator(char c) {
-  return c == ',' || c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
 // The byte where the character of a column (counted from 1) starts; the text's size past its end.
@@ -60,7 +57,7 @@ std::vector<Colour> RangeTextColours(std::string_view text, const RangeNotationE
       if (text[i] == error->token[matched]) {
         colours[i] = kRejectedTextColour;
         ++matched;
-      } else if (!IsSeparator(text[i]) || text[i] == ',') {
+      } else if (!IsRangeSeparator(text[i]) || text[i] == ',') {
         break;
       }
     }
@@ -68,12 +65,12 @@ std::vector<Colour> RangeTextColours(std::string_view text, const RangeNotationE
   }
   size_t i = 0;
   while (i < text.size()) {
-    if (IsSeparator(text[i])) {
+    if (IsRangeSeparator(text[i])) {
       ++i;
       continue;
     }
     size_t end = i;
-    while (end < text.size() && !IsSeparator(text[end])) ++end;
+    while (end < text.size() && !IsRangeSeparator(text[end])) ++end;
     // The notation takes a holding's suits in lower case only.
     if (IsTwoCards(text.substr(i, end - i), /*eitherCase=*/false)) {
       colours[i] = colours[i + 1] = SuitTextColour(SuitOf(text[i + 1], false));

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cards/ascii_case.h"
+#include "cards/blank_text.h"
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
 #include "cards/terminal_text.h"
@@ -20,13 +21,6 @@ struct Token {
   int column = 0;
 };
 
-bool IsBlank(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-bool IsSeparator(char c) {
-  return c == ',' || IsBlank(c);
-}
-
 std::string Lowered(std::string_view text) {
   std::string s(text);
   for (char& c : s) c = AsciiLower(c);
@@ -42,14 +36,14 @@ std::vector<Token> Tokenise(std::string_view text) {
   size_t i = 0;
   while (i < text.size()) {
     const char c = text[i];
-    if (IsSeparator(c)) {
+    if (IsRangeSeparator(c)) {
       commaSinceLast = commaSinceLast || c == ',';
       ++column;
       ++i;
       continue;
     }
     Token token{{}, column};
-    while (i < text.size() && !IsSeparator(text[i])) {
+    while (i < text.size() && !IsRangeSeparator(text[i])) {
       token.text += text[i];
       // A column is a character: UTF-8 continuation bytes do not start one.
       if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) ++column;

@@ -2,18 +2,13 @@
 
 #include <cmath>
 
+#include "cards/blank_text.h"
 #include "cards/holding.h"
 
 namespace quillet {
 namespace {
 
 constexpr int64_t kClampWhole = 1'000'000;
-
-std::string_view TrimSpaces(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';

@@ -4,20 +4,13 @@
 #include <charconv>
 #include <optional>
 
+#include "cards/blank_text.h"
 #include "cards/card.h"
 #include "results/build_results_tree.h"
 #include "results/combo_groups.h"
 
 namespace quillet {
 namespace {
-
-// Blanks only, at both ends.
-std::string_view TrimBlanks(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  const auto last = text.find_last_not_of(' ');
-  return text.substr(first, last - first + 1);
-}
 
 // Where a checkable node's holdings come from: its category and, for a group, the group's place among the
 // category's class groups.
@@ -117,7 +110,7 @@ std::vector<int> AddToRangeNodeRun(const ResultsTree& tree) {
 }
 
 std::string CardSearchMessage(std::string_view answer, const Categories& categories) {
-  const std::string_view card = TrimBlanks(answer);
+  const std::string_view card = TrimSpaces(answer);
   if (card.size() != 2) return "Bad length.";
   const int32_t rank = RankFromChar(card.substr(0, 1));
   const int32_t suit = SuitFromChar(card.substr(1, 1));

@@ -2,6 +2,7 @@
 // the pop-up menu, "Add to Range", the tree's error signal and the F3 card search; the check boxes of
 // "Check Boxes" and "Keep Only Checked".
 #include "app/model/form1_model.h"
+#include "cards/card.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
 #include "range/holding_set.h"
@@ -28,18 +29,13 @@ void SwitchHoldingOn(RangeLayer& layer, const HandCombo& holding) {
                    true, false);
 }
 
-bool IsCard(int32_t rank, int32_t suit) {
-  return rank >= 2 && rank <= 14 && suit >= 0 && suit <= 3;
-}
-
 // A node's text as one holding: its cleaned text must parse as four characters, rank, suit, rank, suit,
 // and (beyond what the parse checks) name two real, different cards.
 bool ParseNodeHolding(const std::string& text, HandCombo& holding) {
   HandCards parsed{};  // fresh: the parse tests rank2 before it sets it
   if (!ParseHandText(CleanNodeText(text), parsed)) return false;
   holding = HandCombo{true, parsed.rank1, parsed.suit1, parsed.rank2, parsed.suit2};
-  return IsCard(holding.rank1, holding.suit1) && IsCard(holding.rank2, holding.suit2) &&
-         holding.card1() != holding.card2();
+  return IsDeckCard(holding.card1()) && IsDeckCard(holding.card2()) && holding.card1() != holding.card2();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "app/model/form1_model.h"
 #include "app/model/web_addresses.h"
+#include "cards/blank_text.h"
 #include "storage/code_page.h"
 #include "storage/profile_list.h"
 
@@ -14,13 +15,6 @@ constexpr std::string_view kPlayerPrompt = "Type new player name / Select existi
 
 // The tree keeps this margin (twips) to the window's bottom edge.
 constexpr int kTreeBottomMargin = 777;
-
-std::string Trim(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  const auto last = text.find_last_not_of(' ');
-  return text.substr(first, last - first + 1);
-}
 
 }  // namespace
 
@@ -72,7 +66,7 @@ void Form1Model::cmbPlayer_KeyUp(int keyCode) {
 }
 
 void Form1Model::lblSave_Click() {
-  const std::string name = Trim(cmbPlayer.text);
+  const std::string name(TrimSpaces(cmbPlayer.text));
   if (name.empty() || Utf8Length(name) > kLongestProfileName) return;
   // A name the file cannot hold would be saved with "?" in place of its other characters (two names could
   // become one): it is refused, as quillet-cli refuses it, before anything is added.
