@@ -1,5 +1,6 @@
 // quillet-cli multiway: the equity of 2 to 10 players, each a hand or a range in notation, under the
 // standard rules: exact when it fits the budget, else Monte Carlo to a standard error.
+#include <CLI/CLI.hpp>
 #include <cctype>
 #include <iomanip>
 #include <ostream>
