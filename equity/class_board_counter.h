@@ -220,4 +220,24 @@ class ClassBoardCounter {
   ClassWinsAndTies count_;
 };
 
+// My Hand against each class of `combos` on every board still to come, under `Rules` (made from the board
+// and the street): each class's wins and ties into `out`, and the showdowns each live holding meets into
+// `meets`. False where nothing is counted: not the flop or the turn, a card given twice, no live holding.
+template <class Rules>
+bool CountByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+                  std::span<const HandCombo> combos, ClassWinsAndTies& out, int64_t& meets) {
+  if (street != kFlop && street != kTurn) return false;
+  const KnownCards known = KnownCardsWithHand(myHand, board, street);
+  if (!known.valid()) return false;
+  const Rules rules(board, street);
+  ClassBoardCounter<Rules> counter(rules, myHand, board, street, combos,
+                                   [&](const HandCombo& combo) { return IsLiveHolding(combo, known.bits); });
+  if (counter.empty()) return false;
+  const int remaining =
+      ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });
+  meets = BoardsMet(street, remaining);
+  out = counter.Finish();
+  return true;
+}
+
 }  // namespace quillet

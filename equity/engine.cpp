@@ -174,18 +174,9 @@ void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, int
                            std::span<const HandCombo> combos, std::span<ShowdownCounts> counts) {
   std::fill(counts.begin(), counts.end(), ShowdownCounts{});
   if (counts.size() < static_cast<std::size_t>(kClassCount)) return;
-  if (street != kFlop && street != kTurn) return;
-  const KnownCards known = KnownCardsWithHand(myHand, board, street);
-  if (!known.valid()) return;
-  const ProgramRules rules(board, street);
-  ClassBoardCounter<ProgramRules> counter(rules, myHand, board, street, combos, [&](const HandCombo& combo) {
-    return IsLiveHolding(combo, known.bits);
-  });
-  if (counter.empty()) return;
-  const int remaining =
-      ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });
-  const int64_t meets = BoardsMet(street, remaining);
-  const ClassWinsAndTies& c = counter.Finish();
+  ClassWinsAndTies c;
+  int64_t meets = 0;
+  if (!CountByClass<ProgramRules>(myHand, board, street, combos, c, meets)) return;
   for (int cls = 0; cls < kClassCount; ++cls) {
     ShowdownCounts& out = counts[cls];
     out.total = c.holdings[cls] * meets;

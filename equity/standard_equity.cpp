@@ -118,18 +118,9 @@ void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& boa
                                   std::span<const HandCombo> combos, std::span<ShowdownTally> tallies) {
   std::fill(tallies.begin(), tallies.end(), ShowdownTally{});
   if (tallies.size() < static_cast<std::size_t>(kClassCount)) return;
-  if (street != kFlop && street != kTurn) return;
-  const KnownCards known = KnownCardsWithHand(myHand, board, street);
-  if (!known.valid()) return;
-  const StandardRules rules(board, street);
-  ClassBoardCounter<StandardRules> counter(rules, myHand, board, street, combos, [&](const HandCombo& combo) {
-    return IsLiveHolding(combo, known.bits);
-  });
-  if (counter.empty()) return;
-  const int remaining =
-      ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });
-  const int64_t meets = BoardsMet(street, remaining);
-  const ClassWinsAndTies& c = counter.Finish();
+  ClassWinsAndTies c;
+  int64_t meets = 0;
+  if (!CountByClass<StandardRules>(myHand, board, street, combos, c, meets)) return;
   for (int cls = 0; cls < kClassCount; ++cls) {
     ShowdownTally& out = tallies[cls];
     out.wins = static_cast<uint64_t>(c.wins[cls]);
