@@ -65,12 +65,19 @@ constexpr int BoardCardCount(int32_t street) {
 
 // One two-card holding. The flag is set when the holding is put in a list; the cook clears it for dead
 // holdings and the categories use it to mark copies that also stand in a draw entry.
+// A whole weight (1) in thousandths: a holding's weight in a range runs from 0 (out) to kFullWeight.
+inline constexpr int32_t kFullWeight = 1000;
+
 struct HandCombo {
   bool flag = true;
   int32_t rank1 = kNoCard;
   int32_t suit1 = kNoCard;
   int32_t rank2 = kNoCard;
   int32_t suit2 = kNoCard;
+  // The holding's weight in its range, in thousandths (1..kFullWeight). Every holding of a range typed
+  // without weights is whole; the cook counts a holding as this share of a combination and every equity
+  // weighs a showdown by the product of the weights of the holdings in it.
+  int32_t weight = kFullWeight;
 
   constexpr Card card1() const { return {rank1, suit1}; }
   constexpr Card card2() const { return {rank2, suit2}; }

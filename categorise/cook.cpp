@@ -28,25 +28,30 @@ bool IsRealHolding(const HandCombo& c) {
   return IsHolding(c.card1(), c.card2());
 }
 
-void AppendHolding(std::vector<HandCombo>& list, const BlockRecord& record, const SuitPairEntry& entry) {
-  const HandCombo holding{true, record.rank1, entry.suit1, record.rank2, entry.suit2};
-  if (IsRealHolding(holding)) list.push_back(holding);
+void AppendHolding(std::vector<HandCombo>& list, const BlockRecord& record, const SuitPairEntry& entry,
+                   const PartialWeights* weights) {
+  HandCombo holding{true, record.rank1, entry.suit1, record.rank2, entry.suit2};
+  if (!IsRealHolding(holding)) return;
+  if (weights != nullptr)
+    holding.weight = OnHoldingWeight(*weights, HoldingNumber(holding.card1(), holding.card2()));
+  list.push_back(holding);
 }
 
 }  // namespace
 
-std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer) {
+std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer,
+                                          const PartialWeights* onWeights) {
   std::vector<HandCombo> list;
   list.reserve(1326);
   for (int c = 0; c < kClassCount; ++c) {
     const BlockRecord& on = onLayer[c];
     const BlockRecord& seen = seenLayer[c];
     const int onCount = EntriesInUse(on);
-    for (int i = 0; i < onCount; ++i) AppendHolding(list, on, on.combos[i]);
+    for (int i = 0; i < onCount; ++i) AppendHolding(list, on, on.combos[i], onWeights);
     const int seenCount = EntriesInUse(seen);
     for (int i = 0; i < seenCount; ++i) {
       const SuitPairEntry& e = seen.combos[i];
-      if (!HoldsSuitPair(on, e.suit1, e.suit2)) AppendHolding(list, seen, e);
+      if (!HoldsSuitPair(on, e.suit1, e.suit2)) AppendHolding(list, seen, e, nullptr);
     }
   }
   return list;

@@ -11,14 +11,17 @@
 #include "cards/holding.h"  // RemoveDeadCombos
 #include "categorise/category_node.h"
 #include "range/block_record.h"
+#include "range/player_profile.h"  // PartialWeights
 
 namespace quillet {
 
 // The holdings of the range, flags set: classes in grid order (0 to 168), and for each class every suit
 // pair of its On record, then every suit pair of its Seen record that the On record does not hold (for a
 // pocket pair (a, b) and (b, a) are one holding). A record entry that does not make two valid, distinct
-// cards (possible only in a damaged profile) is skipped.
-std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer);
+// cards (possible only in a damaged profile) is skipped. The On record's holdings carry their weight from
+// `onWeights` (range/player_profile.h) when it is given, else a whole weight; the Seen layer's are whole.
+std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer,
+                                          const PartialWeights* onWeights = nullptr);
 
 // Empties every entry (count 0, run text and number cleared, both flags set), sets the categorised count
 // to 0, and classifies each live holding among the first `count`: with a board into its made-hand entry

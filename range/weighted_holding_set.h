@@ -15,9 +15,6 @@
 
 namespace quillet {
 
-// A whole weight (1) in thousandths.
-inline constexpr int kFullWeight = 1000;
-
 class WeightedHoldingSet {
  public:
   // The weight of a holding, in thousandths (0..kFullWeight).
