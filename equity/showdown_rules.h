@@ -22,10 +22,17 @@ constexpr std::string_view ShowdownRulesName(ShowdownRules rules) {
 }
 
 // Showdowns counted from the first player's side.
+//
+// Weighted ranges: a showdown counts the product of its holdings' weights, in units of which `scale` make
+// one whole showdown. With every weight whole the scale is 1 and the fields are plain counts, as before
+// weights existed; a hand against a weighted range counts in thousandths (scale kFullWeight), a weighted
+// range against a weighted range in millionths. The shares below do not depend on the scale; a tally shown
+// as numbers of showdowns divides by it. Tallies are added only at the same scale.
 struct ShowdownTally {
   uint64_t wins = 0;
   uint64_t ties = 0;
   uint64_t losses = 0;
+  uint64_t scale = 1;
 
   constexpr uint64_t Showdowns() const { return wins + ties + losses; }
   // The first player's share in percent with ties split half; 0 when nothing was counted.
@@ -39,7 +46,7 @@ struct ShowdownTally {
   constexpr double TiePercent() const { return Percent(ties); }
   constexpr double LossPercent() const { return Percent(losses); }
   // The same showdowns seen from the other player's side.
-  constexpr ShowdownTally Reversed() const { return {losses, ties, wins}; }
+  constexpr ShowdownTally Reversed() const { return {losses, ties, wins, scale}; }
 
   constexpr ShowdownTally& operator+=(const ShowdownTally& other) {
     wins += other.wins;
