@@ -1,7 +1,7 @@
 // bench-libs: quillet_model
 // The range editor's work per user action: a slider step to the end of the order (every class into the On
-// layer, recolouring, the suit matrix), the recolouring of the grid alone, the "~" percentage over two full
-// layers, and a typed percentage snapped and applied.
+// layer, recolouring, the suit matrix), the recolouring of the grid alone (whole and weighted), the "~"
+// percentage over two full layers, and a typed percentage snapped and applied.
 #include <benchmark/benchmark.h>
 
 #include "app/model/form1_model.h"
@@ -44,6 +44,22 @@ void BM_SetBlockColoursFullGrid(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_SetBlockColoursFullGrid);
+
+// The same with every block weighted, half of them at 50 % and the rest at 25 % (the mean weight of each
+// block and the weighted notation are worked out with the colours).
+void BM_SetBlockColoursFullGridWeighted(benchmark::State& state) {
+  Editor editor;
+  editor.form.txtWeight_Change(500);
+  editor.form.cmdAll_Click();
+  editor.form.txtWeight_Change(250);
+  editor.form.cmdAnySuited_Click();
+  editor.form.DeselectAllBlocks();
+  for (auto _ : state) {
+    editor.form.SetBlockColours();
+    benchmark::DoNotOptimize(editor.form.grid.blockColour[168]);
+  }
+}
+BENCHMARK(BM_SetBlockColoursFullGridWeighted);
 
 void BM_UnionCountOfTwoFullLayers(benchmark::State& state) {
   RangeLayer on = MakeEmptyLayer();

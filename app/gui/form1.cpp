@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
 
 #include "app/gui/form1_layout.h"
 #include "app/gui/grid_clipboard_keys.h"
@@ -772,7 +773,8 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-// ---- The range notation box ("Range:") under the grid, and the grid's Ctrl+C / Ctrl+V ----
+// ---- The range notation box ("Range:") under the grid, the weight box ("Weight:") beside it, and the
+// grid's Ctrl+C / Ctrl+V ----
 
 void Form1::BuildNotationBox() {
   auto* caption = new CaptionLabel(QStringLiteral("Range:"), this);
@@ -780,7 +782,25 @@ void Form1::BuildNotationBox() {
   caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   txtNotation_ = new QLineEdit(this);
   txtNotation_->setObjectName(QStringLiteral("txtNotation"));
-  txtNotation_->setGeometry(54, 409, 397, 24);
+  txtNotation_->setGeometry(54, 409, 265, 24);
+
+  // The weight the grid paints with: 0.1 to 100 % in steps of a tenth (a thousandth of a whole), the
+  // arrows moving it by 5.
+  auto* weightCaption = new CaptionLabel(QStringLiteral("Weight:"), this);
+  weightCaption->setGeometry(324, 409, 48, 24);
+  weightCaption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  txtWeight_ = new QDoubleSpinBox(this);
+  txtWeight_->setObjectName(QStringLiteral("txtWeight"));
+  txtWeight_->setGeometry(372, 409, 79, 24);
+  txtWeight_->setDecimals(1);
+  txtWeight_->setRange(0.1, 100.0);
+  txtWeight_->setSingleStep(5.0);
+  txtWeight_->setSuffix(QStringLiteral(" %"));
+  txtWeight_->setValue(100.0);
+  weightCaption->setBuddy(txtWeight_);
+  connect(txtWeight_, &QDoubleSpinBox::valueChanged, this, [this](double percent) {
+    Act([this, percent] { model_.txtWeight_Change(static_cast<int32_t>(std::lround(percent * 10.0))); });
+  });
 
   connect(txtNotation_, &QLineEdit::textEdited, this, [this](const QString& text) {
     Act([this, text] {
@@ -804,6 +824,11 @@ void Form1::ShowNotationBox() {
     txtNotation_->setCursorPosition(0);  // a long range shows from its strongest hands
   }
   SetTextColour(*txtNotation_, QPalette::Text, model_.txtNotation.foreColour);
+  const double weight = model_.txtWeight / 10.0;
+  if (std::lround(txtWeight_->value() * 10.0) != model_.txtWeight) {
+    const QSignalBlocker block(txtWeight_);
+    txtWeight_->setValue(weight);
+  }
 }
 
 }  // namespace quillet::gui

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -59,6 +60,7 @@ class Form1 : public QWidget {
   SuitMatrixWidget* picSuit() const { return matrix_; }
   QLineEdit* txtRange() const { return txtRange_; }
   QLineEdit* txtNotation() const { return txtNotation_; }
+  QDoubleSpinBox* txtWeight() const { return txtWeight_; }
   QSlider* Slider1() const { return slider_; }
   QLabel* lblMyEquity() const { return lblMyEquity_; }
   QLabel* lbloppEquity() const { return lbloppEquity_; }
@@ -96,7 +98,7 @@ class Form1 : public QWidget {
   void TimerFired(QTimer& timer, const std::function<void()>& handler);
   bool SliderKey(QKeyEvent* event, bool down);
   void SliderFocusLost();
-  // The range notation box under the grid and the grid's Ctrl+C / Ctrl+V.
+  // The range notation box under the grid with the weight box beside it, and the grid's Ctrl+C / Ctrl+V.
   void BuildNotationBox();
   void ShowNotationBox();
   // Ctrl+Z, Ctrl+Shift+Z, Ctrl+Y for the range (form1_range_history.cpp).
@@ -127,6 +129,7 @@ class Form1 : public QWidget {
   HeatLegendWidget* heatLegend_ = nullptr;
   QLineEdit* txtRange_ = nullptr;
   QLineEdit* txtNotation_ = nullptr;
+  QDoubleSpinBox* txtWeight_ = nullptr;  // "Weight:", in per cent with one decimal
   QSlider* slider_ = nullptr;
   bool showingSlider_ = false;
   bool sliderKeyHeld_ = false;

@@ -70,9 +70,10 @@ void Form1::BuildKeyboard() {
     gridKeyActing_ = false;
   });
 
-  // Tab: the player box, the two card boxes, the grid, the Range box, the percentage box, the slider, the
-  // results tree.
-  QWidget* order[] = {cmbPlayer_, txtMyHand_, txtBoard_, grid_, txtNotation_, txtRange_, slider_, tree_};
+  // Tab: the player box, the two card boxes, the grid, the Range box, the weight box, the percentage box,
+  // the slider, the results tree.
+  QWidget* order[] = {cmbPlayer_, txtMyHand_, txtBoard_, grid_, txtNotation_,
+                      txtWeight_, txtRange_,  slider_,   tree_};
   for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
 
   txtMyHand_->setToolTip(ToQString(model_.MyHandToolTip()));
@@ -80,7 +81,12 @@ void Form1::BuildKeyboard() {
       "The board: none, or three to five cards typed as Tc8h3s; a click opens the card picker, Enter cooks"));
   txtNotation_->setToolTip(QStringLiteral(
       "The range in notation (QQ+, AKs, T9s-65s); type or paste one and press Enter to make it the range. "
-      "Ctrl+C and Ctrl+V with the pointer over the grid copy and paste it"));
+      "Ctrl+C and Ctrl+V with the pointer over the grid copy and paste it. A hand may carry a weight: "
+      "AKs:0.5 or AKs:50%, or [50]AQs, AJs[/50] for several"));
+  txtWeight_->setToolTip(QStringLiteral(
+      "The weight, 0.1 to 100 %, that a click on the grid or the suit matrix, All, Any Pair, Any Suited, "
+      "Any Broadway and a paste without weights give the hands they put into the range (the Seen layer has "
+      "no weights)"));
   txtRange_->setToolTip(QStringLiteral(
       "The range's share of all starting hands, in per cent; type one and press Enter for the strongest "
       "hands up to that share"));

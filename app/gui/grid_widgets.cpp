@@ -17,6 +17,14 @@ namespace {
 constexpr int kSide = 13;
 constexpr int kMatrixSide = 4;
 
+// The lower part of `cell` that a weight (thousandths, below 1) fills: at least a pixel, never all of it.
+QRect WeightBar(const QRect& cell, int32_t thousandths) {
+  const int h = std::clamp(
+      static_cast<int>((static_cast<int64_t>(cell.height()) * thousandths + kFullWeight / 2) / kFullWeight),
+      1, std::max(1, cell.height() - 1));
+  return QRect(cell.left(), cell.bottom() - h + 1, cell.width(), h);
+}
+
 }  // namespace
 
 QString SuitSymbol(int suit) {
@@ -90,8 +98,18 @@ void HandGridWidget::paintEvent(QPaintEvent*) {
   for (int i = 0; i < kClassCount; ++i) {
     const QRect cell = BlockRect(i).adjusted(0, 0, -1, -1);
     const QColor fill = ToQColor(model_.ShownBlockColour(i), palette());
-    painter.fillRect(cell, fill);
-    painter.setPen(ReadableTextOn(fill));
+    const int32_t partWeight = model_.grid.blockPartWeight[i];
+    QColor text = fill;
+    if (partWeight == 0) {
+      painter.fillRect(cell, fill);
+    } else {
+      // A weighted block: its colour fills it from the bottom up to its mean weight, its base colour above.
+      const QColor base = ToQColor(model_.grid.baseColour[i], palette());
+      painter.fillRect(cell, base);
+      painter.fillRect(WeightBar(cell, partWeight), fill);
+      if (partWeight < kFullWeight / 2) text = base;
+    }
+    painter.setPen(ReadableTextOn(text));
     painter.drawText(cell, Qt::AlignCenter, QString::fromLatin1(classes[i].caption.c_str()));
   }
   if (hasFocus()) {
@@ -234,7 +252,14 @@ void SuitMatrixWidget::paintEvent(QPaintEvent*) {
     if (!model_.grid.matrixCellVisible[k]) continue;
     const QRect cell = CellRect(k).adjusted(1, 1, -1, -1);
     const QColor fill = ToQColor(model_.grid.matrixCellColour[k], palette());
-    painter.fillRect(cell, fill);
+    const int32_t partWeight = model_.grid.comboShown[k] ? model_.grid.matrixCellPartWeight[k] : 0;
+    if (partWeight == 0) {
+      painter.fillRect(cell, fill);
+    } else {
+      // A weighted holding: the cell's colour fills it from the bottom up to the weight, white above.
+      painter.fillRect(cell, QColor(255, 255, 255));
+      painter.fillRect(WeightBar(cell, partWeight), fill);
+    }
     painter.setPen(QColor(80, 80, 80));
     painter.drawRect(cell.adjusted(0, 0, -1, -1));
     // The cell's suit pair: first suit on the left, second on the right, each on a white disc so that

@@ -145,7 +145,10 @@ void Form1Model::picSuit_Click(int index) {
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
     if (!CellFitsKind(index, classes[i].kind)) continue;
-    if (grid.selectedOn[i]) SetBlockSuitPair(profile->rangeLayer[i], cell.suit1, cell.suit2, shown, false);
+    if (grid.selectedOn[i]) {
+      SetBlockSuitPair(profile->rangeLayer[i], cell.suit1, cell.suit2, shown, false);
+      if (shown) PaintHoldingWeight(*profile, i, cell.suit1, cell.suit2);
+    }
     if (grid.selectedSeen[i]) SetBlockSuitPair(profile->seenLayer[i], cell.suit1, cell.suit2, shown, false);
   }
 

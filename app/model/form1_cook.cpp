@@ -35,7 +35,7 @@ CardInputs Form1Model::ReadCardBoxes(CardsFor use) {
 std::vector<HandCombo> Form1Model::CurrentRangeCombos() const {
   const PlayerProfile* profile = currentProfile();
   if (profile == nullptr) return {};
-  return CollectRangeCombos(profile->rangeLayer, profile->seenLayer);
+  return CollectRangeCombos(profile->rangeLayer, profile->seenLayer, &profile->onWeights);
 }
 
 bool Form1Model::ReadMyRangeBoxes(CardInputs& cards, HoldingSet& myRange) {

@@ -177,7 +177,21 @@ struct GridState {
   std::array<bool, 16> matrixCellVisible{};   // which cells the last matrix refresh put on screen
   std::array<Colour, 16> matrixCellColour{};  // the suit-matrix cells' colours
   Colour matrixColour = 0xFFFFC0;             // the colour the last grid click chose for the matrix
+  // The mean weight, in thousandths, of each block's On-layer holdings when it is below 1; 0 for a block
+  // whose On holdings are all whole (or that has none), which shows exactly as a block did before weights.
+  std::array<int32_t, 169> blockPartWeight{};
+  // Likewise for each suit-matrix cell: the mean weight of the On-layer holdings it stands for in the
+  // blocks selected in the On layer, 0 when they are whole (or there are none).
+  std::array<int32_t, 16> matrixCellPartWeight{};
 };
+
+// Whether any entry of `weights` is set (whatever the layer holds): one pass without early exit, which the
+// compiler turns into a few wide instructions, so that a range without weights costs next to nothing.
+inline bool AnyWeightKept(const PartialWeights& weights) {
+  uint16_t any = 0;
+  for (const uint16_t w : weights) any |= w;
+  return any != 0;
+}
 
 // The window's width is fixed and its height has a floor (twips, 15 to a pixel).
 inline constexpr int kWindowWidth = 13545;
@@ -260,6 +274,20 @@ class Form1Model {
   void SelectCross(int index);
   void SelectUpward(int index);
   void RefreshSuitMatrix(bool scan);
+  // The weight box ("Weight:") took a new value, in thousandths: the weight that grid clicks, suit-cell
+  // clicks, the quick-select commands and notation pasted without weights give the holdings they put into
+  // the On layer. A value outside 1..kFullWeight is brought inside (the box cannot hold 0: taking a
+  // holding out is what a second click does). The Seen layer is unweighted: the box leaves it alone.
+  void txtWeight_Change(int32_t thousandths);
+  // Gives the On-layer holdings of block `index` the weight box's weight.
+  void PaintBlockWeight(PlayerProfile& profile, int index);
+  // Puts block `i` into the On selection and its On record in whole at the weight box's weight, as a left
+  // click does.
+  void SelectIntoOnLayer(PlayerProfile& profile, int i);
+  // Gives one On-layer holding (by the block's suit pair) the weight box's weight.
+  void PaintHoldingWeight(PlayerProfile& profile, int index, int32_t suit1, int32_t suit2);
+  // The mean weights the grid and the suit matrix show (blockPartWeight, matrixCellPartWeight).
+  void RefreshShownWeights();
 
   // ---- range text box (form1_range_text.cpp) ----
   void txtRange_KeyUp(int keyCode);
@@ -284,8 +312,10 @@ class Form1Model {
   // The On layer's notation into the box, in the normal colour (empty with no profile current).
   void WriteRangeNotation();
   // Reads the box's text and makes the On layer exactly that range, then runs the grid's refresh chain
-  // (colours and equity timer, suit matrix, percentage text). False when the text is refused.
-  bool ApplyRangeNotation();
+  // (colours and equity timer, suit matrix, percentage text). False when the text is refused. The weights
+  // are those the text writes; with `paintUnweighted` a text that writes no weight at all (no ":" and no
+  // "[") gives every holding the weight box's weight instead, as a paste onto the grid does.
+  bool ApplyRangeNotation(bool paintUnweighted = false);
 
   // ---- slider (form1_slider.cpp) ----
   void Slider1_MouseMove(int button);
@@ -453,7 +483,8 @@ class Form1Model {
 
   // ---- tooltips (form1_tooltips.cpp): what the window shows while the pointer rests on a control ----
   // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
-  // range").
+  // range"), with the mean weight of the On holdings when it is below 1 ("AQs: 4 of 4 in range at 50 %";
+  // "at 37.5 % on average" when their weights differ).
   std::string BlockToolTip(int index) const;
   // What block `index` shows: its heat-map colour while the heat map has an equity for it, else its
   // block colour (form1_grid.cpp).
@@ -478,6 +509,8 @@ class Form1Model {
   RichTextState txtBoard;
   TextBoxState txtRange;
   TextBoxState txtNotation;
+  // The weight box ("Weight:" beside the Range box), in thousandths: 1..kFullWeight, whole at start.
+  int32_t txtWeight = kFullWeight;
   std::string notationErrorShownFor;  // the refused text whose error was shown last (shown once)
   SliderState Slider1;
   ComboBoxState cmbPlayer;

@@ -7,8 +7,8 @@ namespace {
 
 enum class Layers { On, Seen, Both };
 
-// Adds every block that `inGroup` accepts to the On selection and, whole, to the On layer. Nothing is
-// deselected first: the group joins what the On layer already holds.
+// Adds every block that `inGroup` accepts to the On selection and, whole at the weight box's weight, to the
+// On layer. Nothing is deselected first: the group joins what the On layer already holds.
 template <typename Group>
 void AddGroup(Form1Model& form, Group inGroup) {
   const Form1Model::RangeStep rangeStep(form);
@@ -16,9 +16,7 @@ void AddGroup(Form1Model& form, Group inGroup) {
   if (profile == nullptr) return;
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
-    if (!inGroup(classes[i])) continue;
-    form.grid.selectedOn[i] = true;
-    SetBlockWhole(profile->rangeLayer[i], classes[i].kind == kKindSuited);
+    if (inGroup(classes[i])) form.SelectIntoOnLayer(*profile, i);
   }
   form.SetBlockColours();
   form.RefreshSuitMatrix(true);

@@ -43,6 +43,8 @@ void Form1Model::ApplySliderRange() {
   grid.selectedSeen.fill(false);
   grid.selectedOn.fill(false);
   for (const int c : ApplyTopOfOrder(profile->rangeLayer, SliderEntry(Slider1))) grid.selectedOn[c] = true;
+  // The top of the order is whole: the weight box paints clicks, not the order's steps.
+  profile->onWeights.fill(0);
   SetBlockColours();
   RefreshSuitMatrix(true);
 }

@@ -8,8 +8,10 @@
 #include "cards/hand_class.h"
 #include "categorise/category_meaning.h"
 #include "range/grid_colours.h"
+#include "range/holding_set.h"
 #include "range/my_hand_range.h"
 #include "range/range_notation.h"
+#include "range/range_text.h"
 
 namespace quillet {
 namespace {
@@ -51,6 +53,31 @@ int CategoryOfNodeKey(std::string_view key) {
     entry = entry * 10 + (c - '0');
   }
   return entry;
+}
+
+// " at 50 %" for the On-layer holdings of a block's record under `weights`: their mean weight, rounded to
+// a tenth of a per cent, when it is below 1, with " on average" when they differ; empty when all are whole.
+std::string BlockWeightText(const BlockRecord& record, int classNumber, const PartialWeights& weights) {
+  BlockRecord probe = record;
+  const ClassHoldings& holdings = HoldingsOfClass(classNumber);
+  int64_t sum = 0;
+  int count = 0;
+  bool partial = false;
+  bool mixed = false;
+  int first = -1;
+  for (int k = 0; k < holdings.count; ++k) {
+    const ClassHolding& h = holdings.holdings[k];
+    if (!SetBlockSuitPair(probe, h.suit1, h.suit2, true, true)) continue;
+    const int w = OnHoldingWeight(weights, h.number);
+    partial = partial || w < kFullWeight;
+    mixed = mixed || (first >= 0 && w != first);
+    if (first < 0) first = w;
+    sum += w;
+    ++count;
+  }
+  if (!partial || count == 0) return {};
+  // Thousandths of a whole are tenths of a per cent.
+  return " at " + FormatTenths((sum + count / 2) / count) + " %" + (mixed ? " on average" : "");
 }
 
 }  // namespace
@@ -100,6 +127,8 @@ std::string Form1Model::BlockToolTip(int index) const {
   const int seen = profile != nullptr ? profile->seenLayer[static_cast<std::size_t>(index)].count : 0;
   std::string text =
       block.caption + ": " + std::to_string(on) + " of " + std::to_string(holdings) + " in range";
+  if (on > 0)
+    text += BlockWeightText(profile->rangeLayer[static_cast<std::size_t>(index)], index, profile->onWeights);
   if (seen > 0)
     text += "; " + std::to_string(seen) + " of " + std::to_string(holdings) + " in the Seen layer";
   if (heatMap && (*heatMap)[static_cast<std::size_t>(index)]) {
@@ -120,7 +149,10 @@ std::string Form1Model::SuitCellToolTip(int cell) const {
                                ? "Both " + std::string(kSuitNames[suits.suit1])
                                : "First card " + std::string(kSuitNames[suits.suit1]) + ", second " +
                                      std::string(kSuitNames[suits.suit2]);
-  const std::string layer = grid.editingOn ? "the range" : "the Seen layer";
+  std::string layer = grid.editingOn ? "the range" : "the Seen layer";
+  const int32_t weight = grid.matrixCellPartWeight[static_cast<std::size_t>(cell)];
+  if (grid.editingOn && weight > 0 && grid.comboShown[static_cast<std::size_t>(cell)])
+    layer += " at " + FormatTenths(weight) + " %";
   return grid.comboShown[static_cast<std::size_t>(cell)]
              ? pair + ": in " + layer + " for the selected blocks; a click takes these holdings out"
              : pair + ": out of " + layer + " for the selected blocks; a click puts these holdings back";

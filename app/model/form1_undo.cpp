@@ -3,8 +3,22 @@
 #include <utility>
 
 #include "app/model/form1_model.h"
+#include "range/holding_set.h"
 
 namespace quillet {
+namespace {
+
+// A weight kept for a holding that has left the On layer would come back with it the next time a command
+// that gives no weight of its own (the slider, Add to Range) puts it in: each change ends by forgetting it.
+void ForgetWeightsOutOfLayer(PlayerProfile& profile) {
+  if (!AnyWeightKept(profile.onWeights)) return;
+  const HoldingSet holdings = HoldingsOfLayer(profile.rangeLayer);
+  for (int number = 0; number < kHoldingCount; ++number) {
+    if (!holdings.contains(number)) profile.onWeights[number] = 0;
+  }
+}
+
+}  // namespace
 
 Form1Model::RangeStep::RangeStep(Form1Model& form, bool sliderMove)
     : form_(form), outermost_(form.rangeHistory.openSteps == 0), sliderMove_(sliderMove) {
@@ -16,7 +30,7 @@ Form1Model::RangeStep::~RangeStep() {
   RangeHistory& history = form_.rangeHistory;
   --history.openSteps;
   if (!outermost_) return;
-  const PlayerProfile* profile = form_.currentProfile();
+  PlayerProfile* profile = form_.currentProfile();
   if (profile == nullptr) {
     // No layers to compare (a name being typed that names no profile): the range stays as it was, and
     // the next change starts from it.
@@ -24,6 +38,7 @@ Form1Model::RangeStep::~RangeStep() {
     history.sliderStepOpen = false;
     return;
   }
+  ForgetWeightsOutOfLayer(*profile);
   std::optional<RangeSnapshot> after = form_.CurrentRangeSnapshot(false);
   const bool changed = before_ && !before_->SameRange(*after);
   if (changed) {
@@ -38,8 +53,8 @@ std::optional<RangeSnapshot> Form1Model::CurrentRangeSnapshot(bool asLastChangeL
   const PlayerProfile* profile = currentProfile();
   const std::optional<RangeSnapshot>& last = rangeHistory.lastWithProfile;
   if (profile == nullptr) return last;
-  RangeSnapshot now{currentProfileIndex, profile->name,      profile->rangeLayer,
-                    profile->seenLayer,  profile->rangeText, Slider1.value};
+  RangeSnapshot now{currentProfileIndex, profile->name,      profile->rangeLayer, profile->seenLayer,
+                    profile->onWeights,  profile->rangeText, Slider1.value};
   if (asLastChangeLeftIt && last && last->SameRange(now)) {
     // A percentage typed but not yet entered, or a slider moved but not yet applied, is no range of its
     // own: the step keeps the text and place the range had.
@@ -61,6 +76,7 @@ bool Form1Model::RestoreRangeSnapshot(const RangeSnapshot& snapshot) {
   PlayerProfile& profile = profiles[index];
   profile.rangeLayer = snapshot.rangeLayer;
   profile.seenLayer = snapshot.seenLayer;
+  profile.onWeights = snapshot.onWeights;
   if (otherProfile || cmbPlayer.text != profile.name) {
     // As a pick from the list shows it: the name, Delete shown, Save hidden.
     RefillPlayerList(profile.name);

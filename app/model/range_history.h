@@ -13,6 +13,7 @@
 #include <string>
 
 #include "range/block_record.h"
+#include "range/player_profile.h"
 
 namespace quillet {
 
@@ -23,13 +24,15 @@ struct RangeSnapshot {
   std::string profileName;  // checked against the profile at that index before the step is taken back
   RangeLayer rangeLayer{};
   RangeLayer seenLayer{};
+  PartialWeights onWeights{};  // the On layer's weights below 1, as the profile keeps them
   std::string rangeText;
   int sliderValue = 0;
 
-  // Whether going from one to the other changes the range: another profile, or a layer record that differs.
+  // Whether going from one to the other changes the range: another profile, a layer record or a weight
+  // that differs.
   bool SameRange(const RangeSnapshot& other) const {
     return profileIndex == other.profileIndex && rangeLayer == other.rangeLayer &&
-           seenLayer == other.seenLayer;
+           seenLayer == other.seenLayer && onWeights == other.onWeights;
   }
 };
 
