@@ -130,9 +130,9 @@ TEST_F(RangeNotationBox, ABadTextTurnsRedShowsItsErrorOnceAndChangesNothing) {
   EXPECT_EQ(form.grid.selectedOn, selected);
   form.txtNotation_KeyDown(kKeyEnter);  // Enter again on the same text
   EXPECT_EQ(services.messages.size(), 1u);
-  TypeNotation("AKs:0.5");
+  TypeNotation("AKs:1.5");  // a weight above 1
   ASSERT_EQ(services.messages.size(), 2u);
-  EXPECT_EQ(services.messages[1].text, "weights are not supported yet: 'AKs:0.5' at column 1");
+  EXPECT_EQ(services.messages[1].text, ParseWeightedRangeNotation("AKs:1.5").error->message);
   EXPECT_EQ(form.profiles[0], before);
 }
 
