@@ -216,8 +216,9 @@ void WindowKeysTest::theBoxesTheSliderAndEveryMenuItemHaveTooltips() {
   Session s;
   QVERIFY(s.Start());
   Form1& form = *s.form;
-  for (QWidget* widget : std::initializer_list<QWidget*>{form.txtNotation(), form.txtRange(), form.Slider1(),
-                                                         form.txtMyHand(), form.txtBoard()}) {
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{form.txtNotation(), form.txtWeight(), form.txtRange(), form.Slider1(),
+                                       form.txtMyHand(), form.txtBoard()}) {
     QVERIFY2(!widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
   }
   int items = 0;
