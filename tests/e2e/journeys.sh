@@ -1057,9 +1057,79 @@ journey_heat_map() {
   expect_equal "no heat map record while unticked" "$(pref mnuEquityHeatMap)" ""
 }
 
+# A weighted range: typed into the Range box with Enter, shown as part-filled blocks with their tooltip,
+# painted by a click after a weight typed into the weight box, copied with Ctrl+C over the grid, taken back
+# with Ctrl+Z; the cook runs on it.
+WEIGHT_BOX="410 421"
+# block_part ROW COLUMN FROM_TOP: the colour a block shows FROM_TOP pixels below its top, at its left.
+block_part() { pixel "$MAIN" $((8 + $2 * 34 + 4)) $((144 + $1 * 20 + $3)); }
+journey_weights() {
+  first_start
+  local typed="KsKc:0.5, QsQc, JhTh:0.25" printed plain_kk
+  printed=$("$CLI" range "$typed" --json | sed -n 's/^{"range":"\([^"]*\)".*/\1/p')
+  [ -n "$printed" ] || fail "quillet-cli range gave no text for $typed"
+  plain_kk=$(block_part 1 1 2)
+  # shellcheck disable=SC2086
+  click $NOTATION_BOX
+  xdotool key ctrl+a
+  type_text "$typed"
+  xdotool key Return
+  expect_grid_notation "$printed"
+  # KK at 50 %: its colour fills the lower half, the upper half keeps the block's plain colour; QQ, whole,
+  # is one colour from top to bottom.
+  poll "KK's upper half to keep its plain colour" test "$(block_part 1 1 2)" = "$plain_kk"
+  [ "$(block_part 1 1 17)" != "$plain_kk" ] || fail "KK's lower half is not coloured"
+  expect_equal "QQ filled from top to bottom" "$(block_part 2 2 2)" "$(block_part 2 2 17)"
+  [ "$(block_part 3 4 2)" != "$(block_part 3 4 17)" ] || fail "JTs at 25 % is not part-filled"
+  import -window "$MAIN" "$ARTEFACTS/weighted-window.png"
+  hover_tooltip $((8 + 34 + 17)) $((144 + 20 + 10)) kings-tooltip
+  # A weight typed into the weight box paints the next click: AQs at 40 %.
+  # shellcheck disable=SC2086
+  click $WEIGHT_BOX
+  xdotool key ctrl+a
+  type_text "40"
+  click_block 0 2
+  expect_grid_notation "$("$CLI" range "$typed, AQs:0.4" --json | sed -n 's/^{"range":"\([^"]*\)".*/\1/p')"
+  [ "$(block_part 0 2 2)" != "$(block_part 0 2 17)" ] || fail "AQs at 40 % is not part-filled"
+  # Ctrl+Z takes the click back, weights and all.
+  xdotool key ctrl+z
+  expect_grid_notation "$printed"
+  # The cook runs on the weighted range: its three holdings are in the export.
+  # shellcheck disable=SC2086
+  click_card_box $MY_HAND
+  type_text AhAd
+  # shellcheck disable=SC2086
+  click_card_box $BOARD
+  type_text Tc8h3s
+  xdotool key Return
+  close_picker
+  local before menu
+  before=$(quillet_windows)
+  # shellcheck disable=SC2086
+  click $TREE_FIRST_NODE 3
+  wait_new_window "$before" "the results tree's pop-up menu"
+  menu=$WIN
+  xclip -selection clipboard -i /dev/null
+  click_item "$menu" 1 2
+  poll "the clipboard to hold the cook's export" clipboard_has "Board: Tc8h3s"
+  clipboard >"$SCRATCH/export.txt"
+  for holding in "Kc Ks" "Qc Qs" "Jh Th"; do
+    grep -qF -- "$holding" "$SCRATCH/export.txt" || fail "the export lacks $holding: $(cat "$SCRATCH/export.txt")"
+  done
+  # Where quillet-cli cook takes weights, the export is exactly what it prints.
+  if "$CLI" cook --hand AhAd --board Tc8h3s --range "$typed" >"$SCRATCH/expected-export.txt" 2>/dev/null; then
+    cmp -s "$SCRATCH/export.txt" "$SCRATCH/expected-export.txt" ||
+      fail "the export differs from quillet-cli cook: $(diff "$SCRATCH/export.txt" "$SCRATCH/expected-export.txt" | head -20)"
+    log "ok: the export equals quillet-cli cook"
+  fi
+  shoot weighted-cook
+  close_quillet
+  expect_equal "the On layer saved" "$(layer Generic On | tr '\n' ' ')" "JTs KK QQ "
+}
+
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
-    notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals | heat_map)
+    notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals | heat_map | weights)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end
