@@ -9,6 +9,7 @@
 
 #include "app/gui/qt_convert.h"
 #include "cards/hand_class.h"
+#include "range/grid_colours.h"
 #include "range/heat_colours.h"
 
 namespace quillet::gui {
@@ -252,16 +253,18 @@ void SuitMatrixWidget::paintEvent(QPaintEvent*) {
     if (!model_.grid.matrixCellVisible[k]) continue;
     const QRect cell = CellRect(k).adjusted(1, 1, -1, -1);
     const QColor fill = ToQColor(model_.grid.matrixCellColour[k], palette());
-    const int32_t partWeight = model_.grid.comboShown[k] ? model_.grid.matrixCellPartWeight[k] : 0;
-    if (partWeight == 0) {
-      painter.fillRect(cell, fill);
-    } else {
-      // A weighted holding: the cell's colour fills it from the bottom up to the weight, white above.
-      painter.fillRect(cell, QColor(255, 255, 255));
-      painter.fillRect(WeightBar(cell, partWeight), fill);
-    }
+    painter.fillRect(cell, fill);
     painter.setPen(QColor(80, 80, 80));
     painter.drawRect(cell.adjusted(0, 0, -1, -1));
+    const int32_t partWeight = model_.grid.comboShown[k] ? model_.grid.matrixCellPartWeight[k] : 0;
+    if (partWeight != 0) {
+      // A weighted holding: the cell shows as it does from the bottom up to the weight, and in the colour
+      // of a holding out of the layer above.
+      const QRect inside = cell.adjusted(1, 1, -1, -1);
+      const QRect bar = WeightBar(inside, partWeight);
+      painter.fillRect(QRect(inside.left(), inside.top(), inside.width(), bar.top() - inside.top()),
+                       ToQColor(kMatrixCellOutColour, palette()));
+    }
     // The cell's suit pair: first suit on the left, second on the right, each on a white disc so that
     // its colour reads on any cell colour.
     const int suit1 = k / kMatrixSide;

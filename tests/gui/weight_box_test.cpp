@@ -7,6 +7,7 @@
 #include "app/gui/form1.h"
 #include "app/model/form1_model.h"
 #include "cards/hand_class.h"
+#include "range/grid_colours.h"
 #include "range/player_profile.h"
 #include "range/range_notation.h"
 #include "tests/support/window_session.h"
@@ -54,6 +55,7 @@ class WeightBoxTest : public QObject {
   void aWholeBlockIsFilledAsBefore();
   void theRangeBoxTakesWeightsAndCtrlZTakesThemBack();
   void theSeenLayerIsPaintedWholeWhateverTheBox();
+  void aSuitCellShowsItsHoldingsWeight();
 };
 
 void WeightBoxTest::theBoxSitsBesideTheRangeBoxAndTabReachesIt() {
@@ -147,6 +149,30 @@ void WeightBoxTest::theSeenLayerIsPaintedWholeWhateverTheBox() {
   QCOMPARE(s.model.grid.blockPartWeight[FindClassByName("QQ")], 0);
   QCOMPARE(BlockTop(form, "QQ"), BlockBottom(form, "QQ"));
   QVERIFY(!AnyWeightKept(s.model.currentProfile()->onWeights));
+}
+
+void WeightBoxTest::aSuitCellShowsItsHoldingsWeight() {
+  Session s;
+  QVERIFY(s.StartActive());
+  Form1& form = *s.form;
+  ClickBlock(form, "AKs");
+  SuitMatrixWidget* matrix = form.picSuit();
+  const int hearts = 4 * 2 + 2;
+  const QPoint centre = matrix->CellRect(hearts).center();
+  QTest::mouseClick(matrix, Qt::LeftButton, Qt::NoModifier, centre);  // AhKh out
+  TypeWeight(form, QStringLiteral("50"));
+  QTest::mouseClick(matrix, Qt::LeftButton, Qt::NoModifier, centre);  // and back at 50 %
+  QCOMPARE(form.txtNotation()->text(), QStringLiteral("AcKc, AdKd, AsKs, AhKh:0.5"));
+  const QRect cell = matrix->CellRect(hearts).adjusted(1, 1, -1, -1);
+  const QImage image = matrix->grab().toImage();
+  // The top half in the colour of a holding out of the layer, the bottom half as a whole holding's cell.
+  const QColor top = image.pixelColor(cell.topLeft() + QPoint(2, 2));
+  const QColor bottom = image.pixelColor(cell.bottomLeft() + QPoint(2, -2));
+  QCOMPARE(top, ModelColour(kMatrixCellOutColour));
+  const QRect spades = matrix->CellRect(15).adjusted(1, 1, -1, -1);
+  const QColor wholeTop = image.pixelColor(spades.topLeft() + QPoint(2, 2));
+  QCOMPARE(image.pixelColor(spades.bottomLeft() + QPoint(2, -2)), wholeTop);
+  QCOMPARE(bottom, wholeTop);
 }
 
 }  // namespace quillet::gui
