@@ -1,7 +1,5 @@
 // The range notation box: the On layer written as players write ranges, and notation typed or pasted back
 // into the On layer; the grid's Ctrl+C and Ctrl+V.
-#include <algorithm>
-
 #include "app/model/form1_model.h"
 #include "range/holding_set.h"
 #include "range/range_notation.h"
@@ -14,8 +12,8 @@ namespace {
 std::string OnLayerNotation(const PlayerProfile& profile) {
   const HoldingSet holdings = HoldingsOfLayer(profile.rangeLayer);
   // A range without weights (the usual case) costs one pass over the weights.
-  bool weighted = false;
   if (!AnyWeightKept(profile.onWeights)) return PrintRangeNotation(holdings);
+  bool weighted = false;
   for (int number = 0; number < kHoldingCount && !weighted; ++number) {
     weighted = profile.onWeights[number] != 0 && holdings.contains(number);
   }

@@ -9,7 +9,9 @@ namespace quillet {
 namespace {
 
 // A weight kept for a holding that has left the On layer would come back with it the next time a command
-// that gives no weight of its own (the slider, Add to Range) puts it in: each change ends by forgetting it.
+// that keeps the weights holdings had (Add to Range, Keep Only Checked) puts it in from the Seen layer:
+// each change ends by forgetting it. Within one change it stays, so that a command that empties the layer
+// and fills it again keeps the weights.
 void ForgetWeightsOutOfLayer(PlayerProfile& profile) {
   if (!AnyWeightKept(profile.onWeights)) return;
   const HoldingSet holdings = HoldingsOfLayer(profile.rangeLayer);
