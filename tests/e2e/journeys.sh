@@ -1066,7 +1066,7 @@ block_part() { pixel "$MAIN" $((8 + $2 * 34 + 4)) $((144 + $1 * 20 + $3)); }
 journey_weights() {
   first_start
   local typed="KsKc:0.5, QsQc, JhTh:0.25" printed plain_kk
-  printed=$("$CLI" range "$typed" --json | sed -n 's/^{"range":"\([^"]*\)".*/\1/p')
+  printed=$("$CLI" range "$typed" --json | sed -n 's/.*"range":"\([^"]*\)".*/\1/p')
   [ -n "$printed" ] || fail "quillet-cli range gave no text for $typed"
   plain_kk=$(block_part 1 1 2)
   # shellcheck disable=SC2086
@@ -1089,7 +1089,7 @@ journey_weights() {
   xdotool key ctrl+a
   type_text "40"
   click_block 0 2
-  expect_grid_notation "$("$CLI" range "$typed, AQs:0.4" --json | sed -n 's/^{"range":"\([^"]*\)".*/\1/p')"
+  expect_grid_notation "$("$CLI" range "$typed, AQs:0.4" --json | sed -n 's/.*"range":"\([^"]*\)".*/\1/p')"
   [ "$(block_part 0 2 2)" != "$(block_part 0 2 17)" ] || fail "AQs at 40 % is not part-filled"
   # Ctrl+Z takes the click back, weights and all.
   xdotool key ctrl+z
