@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -134,14 +135,17 @@ uint64_t MultiwayCardBit(Card card) {
   return uint64_t{1} << DeckIndex(card);
 }
 
-// About how many deals an exact count walks: the boards times the product of the players' live holdings,
-// times the share of such deals whose cards all differ (drawn at random, with a fixed seed).
-double GuessMultiwayExactDeals(const std::vector<std::vector<int>>& live, uint64_t boardBits, int coming,
-                               double boardsTimesProduct) {
+// About how many deals an exact count walks: the boards (of the cards left once the board and the cards a
+// player cannot do without are out) times the product of the players' live holdings, times the share of
+// such deals whose cards all differ, drawn at random with a fixed seed.
+double GuessMultiwayExactDeals(const std::vector<std::vector<int>>& live, uint64_t knownBits,
+                               uint64_t outBits, int coming, double boardsTimesProduct) {
   std::vector<int> deck;
   for (int index = 0; index < kMultiwayDeckSize; ++index) {
-    if ((boardBits >> index & 1) == 0) deck.push_back(index);
+    if ((outBits >> index & 1) == 0) deck.push_back(index);
   }
+  if (static_cast<int>(deck.size()) < coming) return 0;
+  const uint64_t boardBits = knownBits;
   std::mt19937_64 generator(20231);
   int kept = 0;
   for (int sample = 0; sample < kMultiwayGuessSamples; ++sample) {
@@ -317,35 +321,42 @@ void MultiwayModel::cmdCalculate_Click() {
   run->board = txtBoard.text;
   std::vector<std::vector<int>> live(players.size());
   double product = 1;
+  uint64_t needed = 0;  // cards some player holds in each of its live holdings
   for (int p = 0; p < count; ++p) {
     int64_t weightSum = 0;
+    uint64_t common = ~uint64_t{0};
     for (int number = 0; number < kHoldingCount; ++number) {
       const int weight = players[p].Weight(number);
       if (weight == 0) continue;
       const auto cards = CardsOfHolding(number);
-      if (((MultiwayCardBit(cards[0]) | MultiwayCardBit(cards[1])) & boardBits) != 0) continue;
+      const uint64_t bits = MultiwayCardBit(cards[0]) | MultiwayCardBit(cards[1]);
+      if ((bits & boardBits) != 0) continue;
       live[p].push_back(number);
       weightSum += weight;
+      common &= bits;
     }
     if (live[p].empty()) {
       services->MsgBox("Player " + std::to_string(p + 1) +
-                       " has no hand left: each of its hands holds a card of "
-                       "the board");
+                       " has no hand left: each of its hands holds a card of the board");
       return;
     }
+    needed |= common;
     product *= static_cast<double>(live[p].size());
     run->texts.push_back(txtPlayer[p].text);
     run->liveCombos.push_back(CombosText(weightSum));
   }
+  // The boards as the core counts them, to guess its choice and the length of an exact count.
   const int coming = 5 - static_cast<int>(board.size());
   double boards = 1;
-  const int left = kMultiwayDeckSize - static_cast<int>(board.size());
+  const int left = kMultiwayDeckSize - std::popcount(boardBits | needed);
   for (int i = 0; i < coming; ++i) boards = boards * (left - i) / (i + 1);
-
-  const MultiwayOptions options;  // automatic choice, the core's target error and time limit
-  run->exactExpected = boards * product <= kMultiwayExactBudget;
-  if (run->exactExpected)
-    run->dealsExpected = GuessMultiwayExactDeals(live, boardBits, coming, boards * product);
+  run->exactExpected =
+      options.method == MultiwayMethod::Exact ||
+      (options.method == MultiwayMethod::Automatic && boards * product <= kMultiwayExactBudget);
+  if (run->exactExpected) {
+    run->dealsExpected =
+        GuessMultiwayExactDeals(live, boardBits, boardBits | needed, coming, boards * product);
+  }
   run->targetError = options.targetError;
   run->seconds = options.seconds;
 
@@ -355,7 +366,7 @@ void MultiwayModel::cmdCalculate_Click() {
   progressValue = 0;
   lblStatus = run->exactExpected ? "Counting every deal..." : "Sampling deals...";
   run->thread = std::jthread([shared = run->shared, players = std::move(players), board = std::move(board),
-                              options](std::stop_token stop) {
+                              options = options](std::stop_token stop) {
     MultiwayCallbacks callbacks;
     callbacks.progress = [&shared](uint64_t deals, double standardError) {
       shared->deals.store(deals);

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "app/model/window_services.h"
+#include "equity/multiway_equity.h"
 #include "range/colour.h"
 
 namespace quillet {
@@ -105,6 +106,8 @@ class MultiwayModel {
   // box). The window calls it every kMultiwayPollMs while Running().
   void tmrProgress_Timer();
   bool Running() const { return run_ != nullptr; }
+  // Stopped runs whose threads have not ended yet (each tmrProgress_Timer forgets those that have).
+  std::size_t RunsWindingDown() const { return stoppedRuns_.size(); }
 
   // The results table as the clipboard gets it: a title line with the board, a heading, one line per
   // player, and a line on how it was counted; tab-separated, each line ending in CR LF. Empty while the
@@ -134,6 +137,8 @@ class MultiwayModel {
   std::string resultsBoard;   // the board the results were counted on, as typed
   std::string resultsMethod;  // "Exact: 1070190 deals" or "Monte Carlo: ... standard error 0.08 points"
   std::optional<MultiwayPlace> place;
+  // How the core counts: the automatic choice, its target error and time limit, every core.
+  MultiwayOptions options;
 
   // The inputs the preferences kept, until the first opening shows them.
   std::vector<std::optional<std::string>> savedPlayers;
