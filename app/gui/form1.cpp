@@ -265,6 +265,18 @@ void Form1::BuildMenus() {
        &MenuOptions::autoPFEquityCalc, &Form1Model::mnuAutoPFEquityCalc_Click);
   tick(operation, "mnuStandardShowdownRules", "Standard Showdown Rules", &MenuOptions::standardShowdownRules,
        &Form1Model::mnuStandardShowdownRules_Click);
+  // "Multiway Equity..." opens a window of its own; Ctrl+M opens it too while the menu is closed.
+  optionsMenu_->addSeparator();
+  QAction* multiway = optionsMenu_->addAction(QStringLiteral("Multiway Equity..."));
+  multiway->setObjectName(QStringLiteral("mnuMultiwayEquity"));
+  multiway->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+  multiway->setShortcutContext(Qt::WindowShortcut);
+  addAction(multiway);
+  connect(multiway, &QAction::triggered, this, [this] {
+    Act([this] { model_.mnuMultiwayEquity_Click(); });
+    if (multiway_ == nullptr) multiway_ = new MultiwayWindow(model_.frmMultiway, services_, this);
+    multiway_->Open();
+  });
 
   treeMenu_ = new QMenu(QStringLiteral("TV"), this);
   treeMenu_->setObjectName(QStringLiteral("mnuTV"));

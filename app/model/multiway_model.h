@@ -51,6 +51,8 @@ struct MultiwayTableRow {
   std::string win;         // "50.12%"
   std::string tie;         // "4.44%"
   std::string liveCombos;  // "1", "12.5"
+
+  friend bool operator==(const MultiwayTableRow&, const MultiwayTableRow&) = default;
 };
 
 // Where the window is on the screen, in pixels: its frame's top left and its inside's size.
