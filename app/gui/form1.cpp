@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QShortcut>
 
 #include "app/gui/form1_layout.h"
 #include "app/gui/grid_clipboard_keys.h"
@@ -266,12 +267,14 @@ void Form1::BuildMenus() {
   tick(operation, "mnuStandardShowdownRules", "Standard Showdown Rules", &MenuOptions::standardShowdownRules,
        &Form1Model::mnuStandardShowdownRules_Click);
   // "Multiway Equity..." opens a window of its own; Ctrl+M opens it too while the menu is closed.
-  optionsMenu_->addSeparator();
   QAction* multiway = optionsMenu_->addAction(QStringLiteral("Multiway Equity..."));
   multiway->setObjectName(QStringLiteral("mnuMultiwayEquity"));
-  multiway->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
-  multiway->setShortcutContext(Qt::WindowShortcut);
-  addAction(multiway);
+  // The key is not written in the menu: the menu stays as narrow as it was, so that it still opens under
+  // its label near the screen's edge.
+  auto* multiwayKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_M), this);
+  multiwayKey->setObjectName(QStringLiteral("keyMultiwayEquity"));
+  multiwayKey->setContext(Qt::WindowShortcut);
+  connect(multiwayKey, &QShortcut::activated, multiway, &QAction::trigger);
   connect(multiway, &QAction::triggered, this, [this] {
     Act([this] { model_.mnuMultiwayEquity_Click(); });
     if (multiway_ == nullptr) multiway_ = new MultiwayWindow(model_.frmMultiway, services_, this);

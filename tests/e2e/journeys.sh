@@ -288,6 +288,9 @@ LBL_CLEAR_ALL="214 507"
 TREE_FIRST_NODE="520 76"
 NOTATION_BOX="250 421"
 
+# The options menu's items: Display Options, Appearance, Operation, Multiway Equity...
+OPTIONS_ITEMS=4
+
 # click_item MENU INDEX COUNT: clicks item INDEX (from 0) of a pop-up menu or list of COUNT items.
 click_item() {
   local menu=$1 index=$2 count=$3 x y w h
@@ -560,7 +563,7 @@ tick_submenu() {
   wait_new_window "$before" "the options menu"
   menu=$WIN
   before="$before $menu"
-  click_item "$menu" "$1" 3
+  click_item "$menu" "$1" $OPTIONS_ITEMS
   wait_new_window "$before" "the $2 submenu"
   sub=$WIN
   step_shot "$3"
@@ -586,7 +589,7 @@ journey_options() {
   click $LBL_OPTIONS
   wait_new_window "$before" "the options menu"
   menu=$WIN
-  click_item "$menu" 1 3
+  click_item "$menu" 1 $OPTIONS_ITEMS
   sleep 0.3
   step_shot ticks-after-restart
   xdotool key Escape Escape
@@ -997,7 +1000,7 @@ tick_heat_map() {
   wait_new_window "$before" "the options menu"
   menu=$WIN
   before="$before $menu"
-  click_item "$menu" 0 3
+  click_item "$menu" 0 $OPTIONS_ITEMS
   wait_new_window "$before" "the Display Options submenu"
   sub=$WIN
   step_shot display-options
