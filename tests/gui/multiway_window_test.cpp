@@ -9,6 +9,7 @@
 #include <QTest>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
 
@@ -71,6 +72,7 @@ class MultiwayWindowTest : public QObject {
   void escClosesItAndStopsItsRun();
   void everyControlHasATooltipAndTabGoesDownTheRows();
   void itsPlaceIsWrittenToThePreferencesWhenTheProgramCloses();
+  void closingTheMainWindowDuringARunClosesBothAndEndsTheRun();
 };
 
 void MultiwayWindowTest::ctrlMOpensItWithThreeRowsStartingFromTheMainWindow() {
@@ -254,6 +256,25 @@ void MultiwayWindowTest::itsPlaceIsWrittenToThePreferencesWhenTheProgramCloses()
   QVERIFY2(prefs.find("\r\nMultiwayWindow|") != std::string::npos, prefs.c_str());
   QVERIFY(prefs.find(",640,500\r\n") != std::string::npos);
   QVERIFY(prefs.find("\r\nMultiwayPlayer3|JJ\r\n") != std::string::npos);
+}
+
+void MultiwayWindowTest::closingTheMainWindowDuringARunClosesBothAndEndsTheRun() {
+  auto s = std::make_unique<Session>();
+  QVERIFY(s->StartActive());
+  MultiwayWindow* window = OpenWithCtrlM(*s);
+  QVERIFY(window != nullptr);
+  s->model.frmMultiway.options.method = MultiwayMethod::Exact;
+  TypeInto(window->txtPlayer(0), "random");
+  TypeInto(window->txtPlayer(1), "random");
+  TypeInto(window->txtPlayer(2), "random");
+  TypeInto(window->txtBoard(), "Tc8h3s");
+  Click(window->cmdCalculate());
+  QVERIFY(s->model.frmMultiway.Running());
+  s->form->close();
+  QVERIFY(!s->form->isVisible());
+  QVERIFY(std::filesystem::exists(s->dir.path() / "MyPrefs.ini"));
+  // The window goes with the main window, and the model stops its run and waits for it on the way out.
+  s.reset();
 }
 
 }  // namespace quillet::gui
