@@ -140,8 +140,12 @@ void MultiwayWindow::Open() {
   Refresh();
   if (!placed_) {
     placed_ = true;
-    if (model_.place) {
-      resize(model_.place->width, model_.place->height);
+    // The kept place, unless no screen shows its title bar now (a screen taken away since).
+    const bool onScreen =
+        model_.place && QGuiApplication::screenAt(QPoint(model_.place->left + model_.place->width / 2,
+                                                         model_.place->top + 10)) != nullptr;
+    if (model_.place) resize(model_.place->width, model_.place->height);
+    if (onScreen) {
       move(model_.place->left, model_.place->top);
     } else {
       PlaceBesideMainWindow();

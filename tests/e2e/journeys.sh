@@ -1155,7 +1155,19 @@ journey_multiway() {
   expect_equal "the first player in the preferences" "$(pref MultiwayPlayer1)" "AhKd"
   expect_equal "the third player in the preferences" "$(pref MultiwayPlayer3)" "JJ"
   expect_equal "the multiway board in the preferences" "$(pref MultiwayBoard)" "Tc8h3s"
-  [ -n "$(pref MultiwayWindow)" ] || fail "no MultiwayWindow record in the preferences"
+  local place
+  place=$(pref MultiwayWindow)
+  [ -n "$place" ] || fail "no MultiwayWindow record in the preferences"
+  # The next start opens it at the size it was left with, its boxes as they were.
+  restart
+  xdotool key ctrl+m
+  wait_window "^$MULTIWAY_TITLE\$"
+  mw=$WIN
+  local size
+  size=$(xdotool getwindowgeometry "$mw" | sed -n 's/^ *Geometry: //p')
+  expect_equal "the multiway window's size after a restart" "$size" "$(echo "$place" | cut -d, -f3)x$(echo "$place" | cut -d, -f4)"
+  close_quillet
+  expect_equal "the third player after a restart" "$(pref MultiwayPlayer3)" "JJ"
 }
 copy_multiway_table() {
   click_multiway_copy "$1"
