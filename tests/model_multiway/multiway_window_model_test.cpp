@@ -303,6 +303,17 @@ TEST_F(MultiwayWindowModel, LiveCombosLeaveOutTheBoardsCardsAndCountWeights) {
   EXPECT_EQ(window.results[2].liveCombos, "1.5");
 }
 
+TEST_F(MultiwayWindowModel, AWeightedRangeCountsEachHoldingByItsWeight) {
+  // Against KsKc at half weight, QsQc whole and JhTh at a quarter, AhAd on Tc8h3s has 88.311688 %.
+  Type({"AhAd", "KsKc:0.5, QsQc, JhTh:0.25"}, "Tc8h3s");
+  window.cmdCalculate_Click();
+  WaitForRun(window);
+  ASSERT_EQ(window.results.size(), 2u);
+  EXPECT_EQ(window.results[0].equity, "88.31% exact");
+  EXPECT_EQ(window.results[1].equity, "11.69% exact");
+  EXPECT_EQ(window.results[1].liveCombos, "1.75");
+}
+
 TEST_F(MultiwayWindowModel, ASampledRunShowsItsStandardErrorBesideEachEquity) {
   Type({"AhAd", "random", "random"}, "");
   window.options.method = MultiwayMethod::MonteCarlo;
