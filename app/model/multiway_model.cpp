@@ -399,7 +399,7 @@ void MultiwayModel::tmrProgress_Timer() {
   if (!Running()) return;
   const MultiwayShared& shared = *run_->shared;
   if (shared.done.load(std::memory_order_acquire)) {
-    EndRun(true);
+    EndRun();
     return;
   }
   const uint64_t deals = shared.deals.load();
@@ -424,13 +424,13 @@ void MultiwayModel::tmrProgress_Timer() {
   progressValue = std::clamp(static_cast<int>(share * kMultiwayProgressMax), 0, kMultiwayProgressMax - 1);
 }
 
-void MultiwayModel::EndRun(bool showResults) {
+void MultiwayModel::EndRun() {
   std::unique_ptr<Run> run = std::move(run_);
   run->thread.join();
   const MultiwayResult& result = run->shared->result;
   progressValue = 0;
   lblStatus.clear();
-  if (!showResults || result.cancelled) return;
+  if (result.cancelled) return;
   if (!result.error.empty()) {
     services->MsgBox(MultiwayFirstUpper(result.error));
     return;

@@ -151,7 +151,8 @@ class MultiwayModel {
  private:
   void ColourPlayer(int row);
   void ColourBoard();
-  void EndRun(bool showResults);
+  // The run has ended: its results (or the core's refusal) are shown.
+  void EndRun();
   // Joins the stopped runs whose threads have ended.
   void ForgetEndedRuns();
 
