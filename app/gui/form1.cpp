@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
+#include <QShortcut>
 
 #include "app/gui/form1_layout.h"
 #include "app/gui/grid_clipboard_keys.h"
@@ -266,6 +267,20 @@ void Form1::BuildMenus() {
        &MenuOptions::autoPFEquityCalc, &Form1Model::mnuAutoPFEquityCalc_Click);
   tick(operation, "mnuStandardShowdownRules", "Standard Showdown Rules", &MenuOptions::standardShowdownRules,
        &Form1Model::mnuStandardShowdownRules_Click);
+  // "Multiway Equity..." opens a window of its own; Ctrl+M opens it too while the menu is closed.
+  QAction* multiway = optionsMenu_->addAction(QStringLiteral("Multiway Equity..."));
+  multiway->setObjectName(QStringLiteral("mnuMultiwayEquity"));
+  // The key is not written in the menu: the menu stays as narrow as it was, so that it still opens under
+  // its label near the screen's edge.
+  auto* multiwayKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_M), this);
+  multiwayKey->setObjectName(QStringLiteral("keyMultiwayEquity"));
+  multiwayKey->setContext(Qt::WindowShortcut);
+  connect(multiwayKey, &QShortcut::activated, multiway, &QAction::trigger);
+  connect(multiway, &QAction::triggered, this, [this] {
+    Act([this] { model_.mnuMultiwayEquity_Click(); });
+    if (multiway_ == nullptr) multiway_ = new MultiwayWindow(model_.frmMultiway, services_, this);
+    multiway_->Open();
+  });
 
   treeMenu_ = new QMenu(QStringLiteral("TV"), this);
   treeMenu_->setObjectName(QStringLiteral("mnuTV"));

@@ -19,6 +19,7 @@
 #include "app/gui/card_text_box.h"
 #include "app/gui/command_label.h"
 #include "app/gui/grid_widgets.h"
+#include "app/gui/multiway_window.h"
 #include "app/gui/qt_services.h"
 #include "app/gui/sel_cards_window.h"
 #include "app/model/form1_model.h"
@@ -72,6 +73,8 @@ class Form1 : public QWidget {
   QMenu* mnuEquity() const { return equityMenu_; }
   QAction* menuAction(const char* name) const;
   SelCardsWindow* frmSelCards() const { return picker_; }
+  // The multiway window; none until "Multiway Equity..." first opens it.
+  MultiwayWindow* frmMultiway() const { return multiway_; }
   QTimer* tmrSliderMoving() { return &tmrSliderMoving_; }
   QTimer* tmrCalcEquity() { return &tmrCalcEquity_; }
   QTimer* tmrTVError() { return &tmrTVError_; }
@@ -165,6 +168,7 @@ class Form1 : public QWidget {
   uint64_t shownTVErrorArm_ = 0;
 
   SelCardsWindow* picker_ = nullptr;
+  MultiwayWindow* multiway_ = nullptr;
 };
 
 }  // namespace quillet::gui

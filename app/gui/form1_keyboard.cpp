@@ -41,6 +41,8 @@ constexpr MenuTip kMenuTips[] = {
     {"mnuStandardShowdownRules",
      "Judge showdowns by the standard poker rules (and let My Hand hold a range) rather than the program's "
      "own rules"},
+    {"mnuMultiwayEquity",
+     "Open the Multiway Equity window: the equity of 2 to 10 players, each a hand or a range (Ctrl+M)"},
     {"mnuAdd2Range", "Make the selected holding of the results tree the range"},
     {"mnuKeepOnlyChecked", "Make the range exactly the holdings under the checked categories and groups"},
     {"mnuCopyToClipboard", "Copy the results tree to the clipboard as text"},

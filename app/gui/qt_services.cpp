@@ -42,6 +42,7 @@ void LetCtrlCCopy(QMessageBox& box) {
 }  // namespace
 
 QWidget* QtWindowServices::DialogParent() const {
+  if (boxParent != nullptr && boxParent->isVisible()) return boxParent;
   return (form_ != nullptr && form_->isVisible()) ? form_ : nullptr;
 }
 

@@ -29,6 +29,10 @@ class QtWindowServices : public WindowServices {
   void SetFocus(ControlId control) override;
   void RepaintNow() override;
 
+  // Where the boxes open while another window of the program acts (the multiway window); none: over the
+  // main window.
+  QWidget* boxParent = nullptr;
+
   // Whether a modal box is open (the window's timers wait while one is).
   bool InModalBox() const { return modalDepth_ > 0; }
   // The display is gone: a message goes to the standard error stream, a question is answered No.

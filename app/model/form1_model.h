@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "app/model/multiway_model.h"
 #include "app/model/range_history.h"
 #include "app/model/sel_cards_model.h"
 #include "app/model/window_services.h"
@@ -480,6 +481,8 @@ class Form1Model {
   void mnuEquityHeatMap_Click();
   void mnuCategoryIcons_Click();
   void mnuWinLoseIcons_Click();
+  // "Multiway Equity..." (and Ctrl+M): opens the multiway window (multiway_model.cpp).
+  void mnuMultiwayEquity_Click();
 
   // ---- tooltips (form1_tooltips.cpp): what the window shows while the pointer rests on a control ----
   // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
@@ -564,6 +567,8 @@ class Form1Model {
   SelCardsModel frmSelCards{this};
   bool selCardsAutoOK = false;    // application-wide "Auto: OK on final click"
   bool selCardsAutoCook = false;  // application-wide "Auto: Cook on OK"
+
+  MultiwayModel frmMultiway{this, services};
 
   WindowGeometry geometry;
 

@@ -69,6 +69,8 @@ bool Form1Model::SavePreferences() {
   for (const MenuKey& m : kLaterMenuKeys) {
     if (options.*m.tick != MenuOptions{}.*m.tick) records.push_back({m.key, BooleanText(options.*m.tick)});
   }
+  // The multiway window's records: none until it has been used.
+  for (PreferenceRecord& record : frmMultiway.PreferenceRecords()) records.push_back(std::move(record));
   if (auto failure = CreateFolderFor(preferencesPath)) {
     services.MsgBox(PreferencesSaveFault(preferencesPath, *failure, false), MessageIcon::Warning);
     return true;
@@ -139,6 +141,9 @@ void Form1Model::ApplyPreferences(const std::vector<PreferenceLine>& lines) {
       if (const auto v = ParseBooleanText(value)) selCardsAutoOK = *v;
     } else if (line.key == "SelCardsAutoCook") {
       if (const auto v = ParseBooleanText(value)) selCardsAutoCook = *v;
+    } else {
+      // The multiway window's records; any other key is not the program's and is passed over.
+      frmMultiway.ApplyPreference(line.key, value);
     }
   }
 }

@@ -32,6 +32,7 @@ MAIN_TITLE='Poker Quillet Hand Range Analyzer and Odds Calculator'
 BOX_TITLE='Poker Quillet'
 WELCOME_TITLE='Welcome to Poker Quillet!'
 PICKER_TITLE='Select Card'
+MULTIWAY_TITLE='Multiway Equity'
 
 for tool in Xvfb openbox xdotool xclip import; do
   if ! command -v "$tool" >/dev/null 2>&1; then
@@ -286,6 +287,9 @@ LBL_ANY_BROADWAY="278 479"
 LBL_CLEAR_ALL="214 507"
 TREE_FIRST_NODE="520 76"
 NOTATION_BOX="250 421"
+
+# The options menu's items: Display Options, Appearance, Operation, Multiway Equity...
+OPTIONS_ITEMS=4
 
 # click_item MENU INDEX COUNT: clicks item INDEX (from 0) of a pop-up menu or list of COUNT items.
 click_item() {
@@ -559,7 +563,7 @@ tick_submenu() {
   wait_new_window "$before" "the options menu"
   menu=$WIN
   before="$before $menu"
-  click_item "$menu" "$1" 3
+  click_item "$menu" "$1" $OPTIONS_ITEMS
   wait_new_window "$before" "the $2 submenu"
   sub=$WIN
   step_shot "$3"
@@ -585,7 +589,7 @@ journey_options() {
   click $LBL_OPTIONS
   wait_new_window "$before" "the options menu"
   menu=$WIN
-  click_item "$menu" 1 3
+  click_item "$menu" 1 $OPTIONS_ITEMS
   sleep 0.3
   step_shot ticks-after-restart
   xdotool key Escape Escape
@@ -996,7 +1000,7 @@ tick_heat_map() {
   wait_new_window "$before" "the options menu"
   menu=$WIN
   before="$before $menu"
-  click_item "$menu" 0 3
+  click_item "$menu" 0 $OPTIONS_ITEMS
   wait_new_window "$before" "the Display Options submenu"
   sub=$WIN
   step_shot display-options
@@ -1127,9 +1131,123 @@ journey_weights() {
   expect_equal "the On layer saved" "$(layer Generic On | tr '\n' ' ')" "JTs KK QQ "
 }
 
+# The multiway window's controls (pixels from its top-left corner, at the size it first opens with); Copy
+# sits in its bottom-right corner.
+MW_STOP="136 186"
+MW_FROM_MAIN="128 126"
+MW_BOARD="332 154"
+
+clipboard_empty() { [ -z "$(clipboard)" ]; }
+
+# replace_text TEXT: the box with the keyboard takes TEXT in place of what it held.
+replace_text() {
+  xdotool key ctrl+a
+  type_text "$1"
+}
+
+# The multiway window's Copy button, clicked.
+click_multiway_copy() {
+  local w h
+  eval "$(xdotool getwindowgeometry --shell "$1" | sed 's/^/local /')"
+  w=$WIDTH
+  h=$HEIGHT
+  click_in "$1" $((w - 50)) $((h - 22))
+}
+
+# The table quillet-cli multiway gives for AhKd, QQ+ and JJ on Tc8h3s, as the window copies it.
+multiway_expected() {
+  local json
+  json=$("$CLI" multiway --player AhKd --player QQ+ --player JJ --board Tc8h3s --json)
+  printf 'Multiway equity, board Tc8h3s\nPlayer\tEquity\tWin\tTie\tLive combos\tHand or range\n'
+  echo "$json" | grep -o '"equity":[^,]*,"win":[^,]*,"tie":[^}]*' | tr ':,' '  ' |
+    awk 'BEGIN { split("AhKd QQ+ JJ", text, " "); split("1 18 6", live, " ") }
+         { printf "Player %d\t%.2f%% exact\t%.2f%%\t%.2f%%\t%s\t%s\n", NR, $2, $4, $6, live[NR], text[NR] }'
+  echo "Exact: $(echo "$json" | grep -o '"deals":[0-9]*' | tr -dc '0-9') deals"
+}
+
+journey_multiway() {
+  first_start
+  aces_kings_queens
+  # shellcheck disable=SC2086
+  click_card_box $MY_HAND
+  type_text AhKd
+  close_picker
+  activate "$MAIN"
+  xdotool key ctrl+m
+  wait_window "^$MULTIWAY_TITLE\$"
+  local mw=$WIN
+  activate "$mw"
+  found_window "^$MAIN_TITLE\$" || fail "the main window went when the multiway window opened"
+  step_shot multiway-open
+  # Three rows, the keyboard in the first: a bad token in the third is named and nothing runs.
+  xdotool key Tab Tab Tab Tab
+  type_text "QQ+, AKx"
+  xdotool key Return
+  expect_message "Player 3 is invalid: unknown token 'AKx' at column 6"
+  activate "$mw"
+  # A long run: three ranges preflop, every deal counted (a billion deals); Stop while it runs.
+  replace_text "99, 8s8h, 8d8c, 8s8d"
+  xdotool key shift+Tab shift+Tab
+  replace_text "JJ, TsTh, TdTc, TsTd"
+  xdotool key shift+Tab shift+Tab
+  replace_text "KK, QsQh, QdQc, QsQd"
+  xclip -selection clipboard -i /dev/null
+  xdotool key Return
+  sleep 0.5
+  step_shot multiway-running
+  # shellcheck disable=SC2086
+  click_in "$mw" $MW_STOP
+  log "ok: Stop clicked during the long run"
+  # Stopped, the run shows nothing: Copy has no table to copy.
+  click_multiway_copy "$mw"
+  sleep 0.5
+  clipboard_empty || fail "a table was copied after Stop: $(clipboard | head -3 | tr '\r\n' '  ')"
+  # A quick case: My Hand and the opponent's range again, JJ and a board; Enter, then Copy.
+  # shellcheck disable=SC2086
+  click_in "$mw" $MW_FROM_MAIN
+  # shellcheck disable=SC2086
+  click_in "$mw" $MW_BOARD
+  replace_text Tc8h3s
+  # From the board back over From Main Window, Add Player and the third row's Remove to its box.
+  xdotool key shift+Tab shift+Tab shift+Tab shift+Tab
+  replace_text JJ
+  xdotool key Return
+  log "the quick case calculates"
+  step_shot multiway-quick
+  local expected
+  expected=$(multiway_expected)
+  poll "the results table to be copied" copy_multiway_table "$mw" "$(echo "$expected" | head -1)"
+  expect_equal "the multiway table read back from the clipboard" "$(clipboard | tr -d '\r')" "$expected"
+  shoot multiway-results
+  xdotool key Escape
+  poll "the multiway window to close on Esc" no_window "^$MULTIWAY_TITLE\$"
+  close_quillet
+  expect_equal "the first player in the preferences" "$(pref MultiwayPlayer1)" "AhKd"
+  expect_equal "the third player in the preferences" "$(pref MultiwayPlayer3)" "JJ"
+  expect_equal "the multiway board in the preferences" "$(pref MultiwayBoard)" "Tc8h3s"
+  local place
+  place=$(pref MultiwayWindow)
+  [ -n "$place" ] || fail "no MultiwayWindow record in the preferences"
+  # The next start opens it at the size it was left with, its boxes as they were.
+  restart
+  xdotool key ctrl+m
+  wait_window "^$MULTIWAY_TITLE\$"
+  mw=$WIN
+  local size
+  size=$(xdotool getwindowgeometry "$mw" | sed -n 's/^ *Geometry: //p')
+  expect_equal "the multiway window's size after a restart" "$size" "$(echo "$place" | cut -d, -f3)x$(echo "$place" | cut -d, -f4)"
+  close_quillet
+  expect_equal "the third player after a restart" "$(pref MultiwayPlayer3)" "JJ"
+}
+copy_multiway_table() {
+  click_multiway_copy "$1"
+  clipboard_has "$2"
+}
+
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
-    notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals | heat_map | weights)
+    notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals | heat_map | weights | \
+    multiway)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end

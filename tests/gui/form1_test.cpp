@@ -382,7 +382,8 @@ void Form1Test::theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme() {
   QTRY_VERIFY(form.mnuOptions()->isVisible());
   QStringList titles;
   for (QAction* action : form.mnuOptions()->actions()) titles << action->text();
-  QCOMPARE(titles, (QStringList{"Display Options", "Appearance", "Operation"}));
+  // The three sub-menus and the entry that opens the multiway window.
+  QCOMPARE(titles, (QStringList{"Display Options", "Appearance", "Operation", "Multiway Equity..."}));
   QCOMPARE(form.menuAction("mnuSimplifyOutput")->text(), QStringLiteral("Simplify Output"));
   QVERIFY(form.menuAction("mnuSimplifyOutput")->isChecked());
   QCOMPARE(form.menuAction("mnuSimplifyFurther")->text(),
