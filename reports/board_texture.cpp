@@ -188,11 +188,11 @@ std::string BoardFilterText(const BoardFilter& filter) {
       while (low > 2 && (filter.highRanks >> (low - 3) & 1) != 0) --low;
       std::string word = "high=";
       if (low == rank) {
-        word += kRankText[rank];
+        word += kRankText[rank - 1];
       } else {
-        word += kRankText[low];
+        word += kRankText[low - 1];
         word += '-';
-        word += kRankText[rank];
+        word += kRankText[rank - 1];
       }
       words.push_back(word);
       rank = low - 1;

@@ -206,6 +206,26 @@ std::optional<ShowdownTally> BoardSoFarTally(const BoardsReportRequest& request)
 
 }  // namespace
 
+std::vector<FlopFamily> SuitDistinctFlops() {
+  const std::vector<SuitPermutation> every = EverySuitPermutation();
+  std::vector<FlopFamily> families;
+  std::vector<int32_t> familyOfKey(64 * 64 * 64, -1);
+  for (int32_t i = 0; i < kDeckSize; ++i) {
+    for (int32_t j = i + 1; j < kDeckSize; ++j) {
+      for (int32_t k = j + 1; k < kDeckSize; ++k) {
+        const std::array<Card, 3> flop = {CardOfReportCode(i), CardOfReportCode(j), CardOfReportCode(k)};
+        int32_t& family = familyOfKey[FamilyKey(flop, every)];
+        if (family < 0) {
+          family = static_cast<int32_t>(families.size());
+          families.push_back({flop, 0});
+        }
+        ++families[family].weight;
+      }
+    }
+  }
+  return families;
+}
+
 std::optional<double> EquityOfShowdowns(double wins, double ties, double losses, ShowdownRules rules) {
   const double total = wins + ties + losses;
   if (total <= 0) return std::nullopt;
@@ -265,6 +285,7 @@ BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsRe
     for (int i = 0; i < known; ++i) moved |= uint64_t{1} << DeckIndex(PermutedCard(request.board[i], p));
     if (moved == boardBits && KeepsWeights(opp, p) && KeepsWeights(mine, p)) symmetries.push_back(p);
   }
+  if (!request.groupBySuits) symmetries.assign(1, SuitPermutation{0, 1, 2, 3});
   report.suitClasses = request.street == kNoBoard && !request.hand && symmetries.size() == 24;
 
   // The cards left for the rows' boards, in the order the report writes them.

@@ -50,6 +50,9 @@ struct BoardsReportRequest {
   ShowdownRules rules = ShowdownRules::Quillet;
   // Boards the filter does not keep are not counted (and give no row).
   BoardFilter filter;
+  // Count boards that a change of suits turns into each other once (see above). Off, every board is
+  // counted on its own and the rows are every live board: the same rows, slower.
+  bool groupBySuits = true;
   int threads = 0;  // 0: every core
 };
 
@@ -117,6 +120,14 @@ inline std::optional<double> EquityOfTally(const ShowdownTally& tally, ShowdownR
 inline std::optional<double> EquityOfAggregate(const BoardsAggregate& a, ShowdownRules rules) {
   return EquityOfShowdowns(a.wins, a.ties, a.losses, rules);
 }
+
+// A flop that stands for every flop a change of suits turns it into, and how many of the 22,100 they are.
+struct FlopFamily {
+  std::array<Card, 3> cards{};  // the family's first flop in the report's order
+  int32_t weight = 0;
+};
+// The 1,755 families, in the report's order (ranks high to low; spades, hearts, diamonds, clubs).
+std::vector<FlopFamily> SuitDistinctFlops();
 
 // A board as text, its cards run together ("AsKhQd").
 std::string BoardText(std::span<const Card> board);
