@@ -12,11 +12,12 @@
 #include "equity/engine.h"
 #include "equity/range_equity.h"
 #include "equity/standard_equity.h"
+#include "reports/flop_sweep.h"
 
 namespace quillet {
 namespace {
 
-using SuitPermutation = std::array<int32_t, 4>;
+using SuitPermutation = SuitChange;
 
 std::vector<SuitPermutation> EverySuitPermutation() {
   std::vector<SuitPermutation> all;
@@ -108,9 +109,10 @@ struct BoardJob {
 // What each worker thread keeps between boards.
 class BoardCounter {
  public:
-  BoardCounter(const BoardsReportRequest& request, int32_t rowStreet)
+  BoardCounter(const BoardsReportRequest& request, int32_t rowStreet, const std::vector<ShowdownTally>& flops)
       : request_(request),
         rowStreet_(rowStreet),
+        flops_(flops),
         live_(request.oppRange),
         byHolding_(request.oppRange.size()) {
     ownScale_ = ListIsWhole(request.oppRange) ? 1 : kFullWeight;
@@ -125,7 +127,11 @@ class BoardCounter {
       dead |= uint64_t{1} << DeckIndex(request_.hand->card1());
       dead |= uint64_t{1} << DeckIndex(request_.hand->card2());
     }
-    if (!request_.hand) {
+    if (!flops_.empty()) {
+      std::array<int32_t, 3> d = {DeckIndex(board[0]), DeckIndex(board[1]), DeckIndex(board[2])};
+      std::sort(d.begin(), d.end());
+      job.tally = flops_[FlopNumber(d[0], d[1], d[2])];
+    } else if (!request_.hand) {
       job.tally = StandardRangeEquity(request_.myRange, request_.oppRange, board, rowStreet_).tally;
     } else if (request_.rules == ShowdownRules::Standard) {
       job.tally = StandardShowdownTally(*request_.hand, board, rowStreet_, request_.oppRange);
@@ -160,6 +166,7 @@ class BoardCounter {
  private:
   const BoardsReportRequest& request_;
   int32_t rowStreet_;
+  const std::vector<ShowdownTally>& flops_;  // every flop's tally counted at once, when it was
   uint64_t ownScale_ = 1;
   std::vector<HandCombo> live_;
   std::vector<ShowdownCounts> byHolding_;
@@ -356,11 +363,27 @@ BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsRe
   std::atomic<bool> stop{false};
   std::mutex mutex;
   std::condition_variable wake;
+  // My hand on every flop under the standard rules: every flop's tally in one sweep of the boards.
+  std::vector<ShowdownTally> flops;
+  if (total > 0 && request.hand && request.rules == ShowdownRules::Standard && request.street == kNoBoard) {
+    constexpr double kFiveCardBoards = 2118760.0;  // C(50, 5)
+    const auto told = [&](int64_t boards) {
+      if (callbacks.progress)
+        callbacks.progress(static_cast<int32_t>(static_cast<double>(total) * boards / kFiveCardBoards),
+                           total);
+    };
+    flops = StandardTallyOfEveryFlop(*request.hand, request.oppRange, symmetries, threads, told,
+                                     callbacks.cancel);
+    if (flops.empty()) {
+      report.cancelled = true;
+      return report;
+    }
+  }
   if (total > 0) {
     std::vector<std::jthread> workers;
     for (int t = 0; t < threads; ++t) {
       workers.emplace_back([&] {
-        BoardCounter counter(request, report.rowStreet);
+        BoardCounter counter(request, report.rowStreet, flops);
         for (;;) {
           if (stop.load(std::memory_order_relaxed)) break;
           const int index = next.fetch_add(1);

@@ -261,6 +261,28 @@ TEST(BoardsReport, RowsAreTheEnginesCountOnTheirBoard) {
   }
 }
 
+TEST(BoardsReport, EveryFlopCountedAtOnceIsTheEnginesCountOnEachFlop) {
+  // My hand on every flop under the standard rules is counted in one sweep of the five-card boards.
+  for (const char* hand : {"9s8s", "AhKd", "2c2d"}) {
+    const BoardsReportRequest request = HandRequest(hand, "random", "", ShowdownRules::Standard);
+    const BoardsReport report = MakeBoardsReport(request);
+    ASSERT_TRUE(report.ok()) << report.error;
+    ASSERT_EQ(report.rows.size(), 19600u);
+    const std::size_t step = kReportUnderSanitizer ? 997 : 97;
+    for (std::size_t r = 0; r < report.rows.size(); r += step) {
+      const BoardsReportRow& row = report.rows[r];
+      EXPECT_EQ(row.tally, StandardShowdownTally(*request.hand, RowBoard(row), kFlop, request.oppRange))
+          << hand << " on " << BoardText(row.Board());
+    }
+    // Monotone flops, where flushes decide most.
+    for (const BoardsReportRow& row : report.rows) {
+      if (row.texture.suits != SuitPattern::Monotone || row.cards[0].rank % 3 != 0) continue;
+      EXPECT_EQ(row.tally, StandardShowdownTally(*request.hand, RowBoard(row), kFlop, request.oppRange))
+          << hand << " on " << BoardText(row.Board());
+    }
+  }
+}
+
 TEST(BoardsReport, RowsOfMyRangeAreTheRangeEquityOnTheirBoard) {
   const BoardsReportRequest request = RangeRequest("JJ+,AKs,T9s", "QQ+,AK,98s,55", "Tc8h3s");
   const BoardsReport report = MakeBoardsReport(request);
