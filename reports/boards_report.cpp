@@ -364,13 +364,18 @@ BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsRe
   std::mutex mutex;
   std::condition_variable wake;
   // My hand on every flop under the standard rules: every flop's tally in one sweep of the boards.
+  // Progress counts the boards of the rows once, and the sweep, where there is one, as much again first.
   std::vector<ShowdownTally> flops;
-  if (total > 0 && request.hand && request.rules == ShowdownRules::Standard && request.street == kNoBoard) {
+  const bool sweep =
+      total > 0 && request.hand && request.rules == ShowdownRules::Standard && request.street == kNoBoard;
+  const int32_t steps = sweep ? 2 * total : total;
+  const int32_t offset = sweep ? total : 0;
+  if (sweep) {
     constexpr double kFiveCardBoards = 2118760.0;  // C(50, 5)
     const auto told = [&](int64_t boards) {
       if (callbacks.progress)
         callbacks.progress(static_cast<int32_t>(static_cast<double>(total) * boards / kFiveCardBoards),
-                           total);
+                           steps);
     };
     flops = StandardTallyOfEveryFlop(*request.hand, request.oppRange, symmetries, threads, told,
                                      callbacks.cancel);
@@ -400,7 +405,7 @@ BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsRe
     while (done.load() < total) {
       wake.wait_for(lock, std::chrono::milliseconds(50));
       if (done.load() >= total) break;
-      if (callbacks.progress) callbacks.progress(done.load(), total);
+      if (callbacks.progress) callbacks.progress(offset + done.load(), steps);
       if (callbacks.cancel && callbacks.cancel()) {
         stop = true;
         report.cancelled = true;
@@ -409,7 +414,7 @@ BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsRe
     }
   }
   if (report.cancelled) return report;
-  if (callbacks.progress) callbacks.progress(total, total);
+  if (callbacks.progress) callbacks.progress(steps, steps);
 
   // Each row takes its family's counts.
   for (std::size_t r = 0; r < report.rows.size(); ++r) {

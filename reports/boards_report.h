@@ -96,8 +96,10 @@ struct BoardsReport {
   bool ok() const { return error.empty() && !cancelled; }
 };
 
-// Both are called on the calling thread: `progress` with the boards counted so far and in all, `cancel`
-// returning true stops the report (its rows are then incomplete).
+// Both are called on the calling thread: `progress` with the work done so far and in all (the boards
+// counted; my hand on every flop under the standard rules first sweeps every five-card board, which counts
+// as much again), last with both equal; `cancel` returning true stops the report (its rows are then
+// incomplete).
 struct BoardsReportCallbacks {
   std::function<void(int32_t done, int32_t total)> progress;
   std::function<bool()> cancel;
