@@ -10,6 +10,7 @@
 #include "cards/holding.h"
 #include "equity/deck.h"
 #include "equity/engine.h"
+#include "equity/enumeration.h"
 #include "equity/range_equity.h"
 #include "equity/standard_equity.h"
 #include "reports/flop_sweep.h"
@@ -84,17 +85,18 @@ int32_t FamilyKey(std::span<const Card> newCards, const std::vector<SuitPermutat
   return best;
 }
 
-bool ListIsWhole(std::span<const HandCombo> combos) {
-  return std::all_of(combos.begin(), combos.end(),
-                     [](const HandCombo& c) { return !c.flag || c.weight == kFullWeight; });
-}
-
-ShowdownTally TallyOfCounts(const ShowdownCounts& counts, uint64_t scale) {
+// The program's own rules count showdowns (ShowdownCounts); as a tally they are whole showdowns, or
+// thousandths of one where the count weighs each holding by its weight. Every live holding meets as many
+// boards as any other, so a count of exactly the live holdings times those boards is in whole showdowns.
+ShowdownTally TallyOfCounts(const ShowdownCounts& counts, std::span<const HandCombo> live, int32_t street) {
+  int64_t holdings = 0;
+  for (const HandCombo& combo : live) holdings += combo.flag ? 1 : 0;
+  const int remaining = kDeckSize - 2 - BoardCardCount(street);
   ShowdownTally tally;
   tally.wins = static_cast<uint64_t>(counts.myWins);
   tally.ties = static_cast<uint64_t>(counts.ties);
   tally.losses = static_cast<uint64_t>(counts.oppWins);
-  tally.scale = scale;
+  tally.scale = counts.total == holdings * BoardsMet(street, remaining) ? 1 : kFullWeight;
   return tally;
 }
 
@@ -114,9 +116,7 @@ class BoardCounter {
         rowStreet_(rowStreet),
         flops_(flops),
         live_(request.oppRange),
-        byHolding_(request.oppRange.size()) {
-    ownScale_ = ListIsWhole(request.oppRange) ? 1 : kFullWeight;
-  }
+        byHolding_(request.oppRange.size()) {}
 
   void Count(BoardJob& job) {
     const BoardCards& board = job.board;
@@ -147,9 +147,10 @@ class BoardCounter {
           sum.oppWins += c.oppWins;
           sum.ties += c.ties;
         }
-        job.tally = TallyOfCounts(sum, ownScale_);
+        job.tally = TallyOfCounts(sum, live_, rowStreet_);
       } else {
-        job.tally = TallyOfCounts(CountShowdowns(*request_.hand, board, rowStreet_, live_), ownScale_);
+        job.tally =
+            TallyOfCounts(CountShowdowns(*request_.hand, board, rowStreet_, live_), live_, rowStreet_);
       }
     }
     const RangeGroupReader groups(board, rowStreet_);
@@ -167,7 +168,6 @@ class BoardCounter {
   const BoardsReportRequest& request_;
   int32_t rowStreet_;
   const std::vector<ShowdownTally>& flops_;  // every flop's tally counted at once, when it was
-  uint64_t ownScale_ = 1;
   std::vector<HandCombo> live_;
   std::vector<ShowdownCounts> byHolding_;
 };
@@ -207,8 +207,8 @@ std::optional<ShowdownTally> BoardSoFarTally(const BoardsReportRequest& request)
   if (request.rules == ShowdownRules::Standard)
     return StandardEquityTally(*request.hand, request.board, request.street, live);
   if (request.street == kNoBoard) return std::nullopt;
-  return TallyOfCounts(CountShowdowns(*request.hand, request.board, request.street, live),
-                       ListIsWhole(request.oppRange) ? 1 : kFullWeight);
+  return TallyOfCounts(CountShowdowns(*request.hand, request.board, request.street, live), live,
+                       request.street);
 }
 
 }  // namespace

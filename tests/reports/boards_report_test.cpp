@@ -288,6 +288,28 @@ TEST(BoardsReport, EveryFlopCountedAtOnceIsTheEnginesCountOnEachFlop) {
   }
 }
 
+TEST(BoardsReport, ShowdownsUnderTheProgramsRulesAreWholeShowdownsOrWeightedOnes) {
+  // 44 river cards after the turn for each live holding: weighted, the showdowns are the live holdings'
+  // weights (in combos) times the boards, once the engines weigh holdings; before, whole holdings.
+  const BoardsReportRequest request =
+      HandRequest("AhKd", "QQ+,AK:0.5,T9s:0.25", "Tc8h3s", ShowdownRules::Quillet);
+  const BoardsReport report = MakeBoardsReport(request);
+  ASSERT_TRUE(report.ok()) << report.error;
+  for (const BoardsReportRow& row : report.rows) {
+    int64_t holdings = 0;
+    for (const HandCombo& h : request.oppRange) {
+      bool dead = SharesCard(h, request.hand->card1()) || SharesCard(h, request.hand->card2());
+      for (int i = 0; i < 4; ++i) dead = dead || SharesCard(h, row.cards[i]);
+      holdings += dead ? 0 : 1;
+    }
+    const double showdowns =
+        static_cast<double>(row.tally.Showdowns()) / static_cast<double>(row.tally.scale);
+    const double expected = EnginesWeighHoldings() ? 44.0 * static_cast<double>(row.oppCombos) / kFullWeight
+                                                   : 44.0 * static_cast<double>(holdings);
+    EXPECT_DOUBLE_EQ(showdowns, expected) << BoardText(row.Board());
+  }
+}
+
 TEST(BoardsReport, RowsOfMyRangeAreTheRangeEquityOnTheirBoard) {
   const BoardsReportRequest request = RangeRequest("JJ+,AKs,T9s", "QQ+,AK,98s,55", "Tc8h3s");
   const BoardsReport report = MakeBoardsReport(request);
@@ -317,8 +339,9 @@ TEST(BoardsReport, RowsMatchABruteForceOnEveryStreet) {
     }
   }
   if (kReportUnderSanitizer) return;
-  // Every flop: a few rows of the preflop report.
-  const BoardsReportRequest request = HandRequest("7s6s", "AA,KQs", "", ShowdownRules::Standard);
+  // Every flop: a few rows of the preflop report, the range weighted (every flop is counted at once, by
+  // the report itself).
+  const BoardsReportRequest request = HandRequest("7s6s", "AA:0.3,KQs,98s:0.75", "", ShowdownRules::Standard);
   const BoardsReport report = MakeBoardsReport(request);
   ASSERT_TRUE(report.ok()) << report.error;
   for (std::size_t r = 0; r < report.rows.size(); r += 1999) {
