@@ -106,7 +106,8 @@ bool BoardFilter::Keeps(const BoardTexture& texture) const {
   return (suitPatterns >> static_cast<int>(texture.suits) & 1) != 0 &&
          (pairings >> static_cast<int>(texture.pairing) & 1) != 0 &&
          (connections >> (texture.connected ? 1 : 0) & 1) != 0 &&
-         (texture.highRank >= 2 && (highRanks >> (texture.highRank - 2) & 1) != 0);
+         (highRanks == kAllHighRanks ||
+          (texture.highRank >= 2 && (highRanks >> (texture.highRank - 2) & 1) != 0));
 }
 
 bool BoardFilter::KeepsAll() const {

@@ -249,6 +249,12 @@ std::string BoardText(std::span<const Card> board) {
 
 BoardsAggregate AggregateRows(std::span<const BoardsReportRow> rows, const BoardFilter& filter) {
   BoardsAggregate aggregate;
+  // Rows counted in different units (whole showdowns on one board, thousandths on another) are added in
+  // the finest of them.
+  for (const BoardsReportRow& row : rows) {
+    if (filter.Keeps(row.texture))
+      aggregate.scale = std::max<uint64_t>({aggregate.scale, row.tally.scale, 1});
+  }
   unsigned __int128 wins = 0;
   unsigned __int128 ties = 0;
   unsigned __int128 losses = 0;
@@ -256,11 +262,11 @@ BoardsAggregate AggregateRows(std::span<const BoardsReportRow> rows, const Board
     if (!filter.Keeps(row.texture)) continue;
     ++aggregate.rows;
     aggregate.boards += row.weight;
-    const auto weight = static_cast<unsigned __int128>(row.weight);
-    wins += weight * row.tally.wins;
-    ties += weight * row.tally.ties;
-    losses += weight * row.tally.losses;
-    aggregate.scale = row.tally.scale;
+    const auto times = static_cast<unsigned __int128>(row.weight) *
+                       (aggregate.scale / std::max<uint64_t>(row.tally.scale, 1));
+    wins += times * row.tally.wins;
+    ties += times * row.tally.ties;
+    losses += times * row.tally.losses;
   }
   aggregate.wins = static_cast<double>(wins);
   aggregate.ties = static_cast<double>(ties);

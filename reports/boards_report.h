@@ -76,7 +76,7 @@ struct BoardsAggregate {
   double wins = 0;
   double ties = 0;
   double losses = 0;
-  uint64_t scale = 1;  // units of one showdown (the rows' tallies' scale)
+  uint64_t scale = 1;  // units of one showdown (the finest of the rows' tallies' scales)
 
   double Showdowns() const { return (wins + ties + losses) / static_cast<double>(scale); }
 };

@@ -466,6 +466,21 @@ TEST(BoardsReport, AggregateFollowsTheFilter) {
   EXPECT_DOUBLE_EQ(again.wins, wins);
 }
 
+TEST(BoardsReport, AggregateAddsRowsCountedInDifferentUnitsInTheFinest) {
+  std::array<BoardsReportRow, 2> rows;
+  rows[0].tally = ShowdownTally{3, 1, 2, 1};          // whole showdowns
+  rows[1].tally = ShowdownTally{1500, 0, 500, 1000};  // thousandths: 1.5 wins, 0.5 losses
+  rows[1].weight = 2;
+  const BoardsAggregate a = AggregateRows(rows);
+  EXPECT_EQ(a.scale, 1000u);
+  EXPECT_EQ(a.rows, 2);
+  EXPECT_EQ(a.boards, 3);
+  EXPECT_DOUBLE_EQ(a.wins, 3000 + 2 * 1500);
+  EXPECT_DOUBLE_EQ(a.ties, 1000);
+  EXPECT_DOUBLE_EQ(a.losses, 2000 + 2 * 500);
+  EXPECT_DOUBLE_EQ(a.Showdowns(), 6 + 2 * 2);
+}
+
 // ---- Counting once per change of suits ----
 
 void ExpectSameRows(const BoardsReport& a, const BoardsReport& b) {
