@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <thread>
+#include <unordered_map>
 
 #include "cards/holding.h"
 #include "equity/deck.h"
@@ -153,7 +154,12 @@ class BoardCounter {
             TallyOfCounts(CountShowdowns(*request_.hand, board, rowStreet_, live_), live_, rowStreet_);
       }
     }
-    const RangeGroupReader groups(board, rowStreet_);
+    // The groups by rank pair depend on the board's ranks in their places: worked out once for each.
+    int32_t rankKey = 0;
+    for (int i = 0; i < known; ++i) rankKey = rankKey * 16 + board[i].rank;
+    auto found = byRanks_.find(rankKey);
+    if (found == byRanks_.end()) found = byRanks_.emplace(rankKey, GroupsByRanks(board, rowStreet_)).first;
+    const RangeGroupReader groups(board, rowStreet_, found->second);
     for (const HandCombo& combo : request_.oppRange) {
       if (!combo.flag || !IsHolding(combo.card1(), combo.card2())) continue;
       const uint64_t cards =
@@ -170,6 +176,7 @@ class BoardCounter {
   const std::vector<ShowdownTally>& flops_;  // every flop's tally counted at once, when it was
   std::vector<HandCombo> live_;
   std::vector<ShowdownCounts> byHolding_;
+  std::unordered_map<int32_t, RankPairGroups> byRanks_;
 };
 
 std::string CheckRequest(const BoardsReportRequest& request) {

@@ -40,18 +40,14 @@ int32_t RangeGroupOf(const ComboClassification& c) {
   return kGroupNothing;
 }
 
-RangeGroupReader::RangeGroupReader(const BoardCards& board, int32_t street) {
-  const int count = BoardCardCount(street);
-  draws_ = street == kFlop || street == kTurn;
+RankPairGroups GroupsByRanks(const BoardCards& board, int32_t street) {
   // The board's ranks in their places, its suits spread so that no suit has more than two of its cards:
   // with two hole cards of two other suits no flush and no flush draw can come about, and what the cook
   // finds is what the ranks make.
   BoardCards spread = board;
-  for (int i = 0; i < count; ++i) {
-    ++boardSuitCounts_[board[i].suit];
-    spread[i].suit = i % 4;
-  }
+  for (int i = 0; i < BoardCardCount(street); ++i) spread[i].suit = i % 4;
   const BoardContext context = PrepareBoard(spread, street);
+  RankPairGroups groups{};
   for (int32_t low = 2; low <= 14; ++low) {
     for (int32_t high = low; high <= 14; ++high) {
       // Hole suits 1 and 2 meet at most two spread board cards of their suit: no flush counts.
@@ -59,9 +55,18 @@ RangeGroupReader::RangeGroupReader(const BoardCards& board, int32_t street) {
       const ComboClassification c = ClassifyCombo(context, holding);
       int32_t group = MadeGroupOf(c.madeEntry);
       if (group == kGroupNothing && IsStrongStraightDrawEntry(c.straightEntry)) group = kGroupStraightDraw;
-      byRanks_[CanonicalPairIndex(low, high)] = static_cast<int8_t>(group);
+      groups[CanonicalPairIndex(low, high)] = static_cast<int8_t>(group);
     }
   }
+  return groups;
+}
+
+RangeGroupReader::RangeGroupReader(const BoardCards& board, int32_t street)
+    : RangeGroupReader(board, street, GroupsByRanks(board, street)) {}
+
+RangeGroupReader::RangeGroupReader(const BoardCards& board, int32_t street, const RankPairGroups& byRanks)
+    : byRanks_(byRanks), draws_(street == kFlop || street == kTurn) {
+  for (int i = 0; i < BoardCardCount(street); ++i) ++boardSuitCounts_[board[i].suit];
 }
 
 int32_t RangeGroupReader::GroupOf(Card a, Card b) const {

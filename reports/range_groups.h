@@ -40,17 +40,25 @@ std::string_view RangeGroupName(int32_t group);
 // The group of a holding from the cook's classification of it.
 int32_t RangeGroupOf(const ComboClassification& classification);
 
+// Per rank pair (CanonicalPairIndex): the group a holding of those ranks is in when no flush counts. It
+// depends on the board's ranks in their places alone.
+using RankPairGroups = std::array<int8_t, kRankPairCount>;
+RankPairGroups GroupsByRanks(const BoardCards& board, int32_t street);
+
 // The groups of holdings on one board (three to five cards).
 class RangeGroupReader {
  public:
   RangeGroupReader(const BoardCards& board, int32_t street);
+  // With the board's GroupsByRanks worked out already (for another board of the same ranks in the same
+  // places).
+  RangeGroupReader(const BoardCards& board, int32_t street, const RankPairGroups& byRanks);
 
   // The group of a holding that shares no card with the board.
   int32_t GroupOf(Card a, Card b) const;
 
  private:
   // Per rank pair (canonical index): the group from the ranks alone, with no flush.
-  std::array<int8_t, kRankPairCount> byRanks_{};
+  RankPairGroups byRanks_{};
   std::array<int8_t, 4> boardSuitCounts_{};
   bool draws_ = false;  // the flop or the turn
 };
