@@ -42,8 +42,9 @@ bool Form1Model::LoadProfiles() {
       if (!services.AskYesNo(kVersionQuestionTitle, VersionQuestion(file.version), MessageIcon::Warning))
         return false;
       // Yes: nothing loaded; the file is rewritten when the session ends, so a copy of it is kept first
-      // (the question already says it is not loaded; the copy is the way back).
+      // (the question already says it is not loaded; the copy is the way back), and of its weights file.
       CopyFileAside(profilePath);
+      if (SomethingAt(ProfileWeightsPath(profilePath))) CopyFileAside(ProfileWeightsPath(profilePath));
       return true;
     case ProfileFileContents::Status::Faulty: {
       // Keep the unreadable file before anything can overwrite it, and carry on with what was read.
@@ -113,6 +114,7 @@ std::vector<PlayerProfile> Form1Model::ProfilesToSave() {
       return profiles;
     case ProfileFileContents::Status::OtherVersion:
       CopyFileAside(profilePath);
+      if (SomethingAt(ProfileWeightsPath(profilePath))) CopyFileAside(ProfileWeightsPath(profilePath));
       return profiles;
     case ProfileFileContents::Status::Missing:
       return profiles;  // removed meanwhile: nothing to keep, and no sign of what to delete

@@ -22,13 +22,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string CrLf(const std::vector<std::string>& lines) {
+std::string WeightedLines(const std::vector<std::string>& lines) {
   std::string out;
   for (const std::string& line : lines) out += line + "\r\n";
   return out;
 }
 
-const std::string kBullet = "\xE2\x80\xA2";
+const std::string kWholeClassMark = "\xE2\x80\xA2";
 
 // KK at 0.5 (3 combinations), QQ whole (6), AKs at 0.25 with two of its four holdings dead beside AhAd
 // (0.5 left): 9.5 combinations in categories, 9 of them (94 %) pairs and 0.5 (5 %) ace high.
@@ -37,27 +37,27 @@ TEST(WeightedCookCli, CountsAndPercentagesAreThoseOfTheWeightedCombinations) {
       RunCommandLine({"cook", "--hand", "AhAd", "--board", "", "--range", "KK:0.5, QQ, AKs:0.25"});
   EXPECT_EQ(run.status, 0) << run.err;
   const std::string header = run.out.substr(0, run.out.find("\r\n\r\n") + 4);
-  EXPECT_EQ(run.out.substr(header.size()), CrLf({"High cards (0.5) 5%",
-                                                 "  A high (0.5) 5%",
-                                                 "    ~AKs (0.5)",
-                                                 "      Ac Kc",
-                                                 "      As Ks",
-                                                 "",
-                                                 "One pair (9) 94%",
-                                                 "  " + kBullet + "KK  (3)",
-                                                 "    Kc Kd",
-                                                 "    Kc Kh",
-                                                 "    Kc Ks",
-                                                 "    Kd Kh",
-                                                 "    Kd Ks",
-                                                 "    Kh Ks",
-                                                 "  " + kBullet + "QQ  (6)",
-                                                 "    Qc Qd",
-                                                 "    Qc Qh",
-                                                 "    Qc Qs",
-                                                 "    Qd Qh",
-                                                 "    Qd Qs",
-                                                 "    Qh Qs"}));
+  EXPECT_EQ(run.out.substr(header.size()), WeightedLines({"High cards (0.5) 5%",
+                                                          "  A high (0.5) 5%",
+                                                          "    ~AKs (0.5)",
+                                                          "      Ac Kc",
+                                                          "      As Ks",
+                                                          "",
+                                                          "One pair (9) 94%",
+                                                          "  " + kWholeClassMark + "KK  (3)",
+                                                          "    Kc Kd",
+                                                          "    Kc Kh",
+                                                          "    Kc Ks",
+                                                          "    Kd Kh",
+                                                          "    Kd Ks",
+                                                          "    Kh Ks",
+                                                          "  " + kWholeClassMark + "QQ  (6)",
+                                                          "    Qc Qd",
+                                                          "    Qc Qh",
+                                                          "    Qc Qs",
+                                                          "    Qd Qh",
+                                                          "    Qd Qs",
+                                                          "    Qh Qs"}));
 }
 
 TEST(WeightedCookCli, JsonPutsTheCombinationsBesideEveryCount) {
@@ -149,7 +149,7 @@ class WeightedProfiles : public ProfilesCommandTest {
   fs::path Side() const { return fs::path(File() + ".weights"); }
 };
 
-std::string Bytes(const fs::path& path) {
+std::string FileBytes(const fs::path& path) {
   return ReadWholeFile(path, std::size_t{1} << 26).bytes;
 }
 
@@ -174,13 +174,13 @@ TEST_F(WeightedProfiles, AddKeepsTheWeightsAndShowSaysThem) {
 
 TEST_F(WeightedProfiles, TheProfileFileIsTheOneAnUnweightedAddWrites) {
   ASSERT_EQ(Run({"add", "Amy", "--range", "KK:0.5, QQ, AhKh:0.25", "--range-text", "x"}).status, 0);
-  const std::string weighted = Bytes(File());
+  const std::string weighted = FileBytes(File());
   ASSERT_FALSE(weighted.empty());
-  EXPECT_EQ(Bytes(Side()), "Quillet profile weights 1\nAmy\tQQ, KK:0.5, AhKh:0.25\n");
+  EXPECT_EQ(FileBytes(Side()), "Quillet profile weights 1\nAmy\tQQ, KK:0.5, AhKh:0.25\n");
   fs::remove(File());
   fs::remove(Side());
   ASSERT_EQ(Run({"add", "Amy", "--range", "KK, QQ, AhKh", "--range-text", "x"}).status, 0);
-  EXPECT_EQ(Bytes(File()), weighted);
+  EXPECT_EQ(FileBytes(File()), weighted);
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
 }
 
@@ -188,7 +188,7 @@ TEST_F(WeightedProfiles, AnotherAddKeepsTheWeightsOfTheProfilesThere) {
   ASSERT_EQ(Run({"add", "Amy", "--range", "KK:0.5"}).status, 0);
   ASSERT_EQ(Run({"add", "Bob", "--range", "AA"}).status, 0);
   ASSERT_EQ(Run({"add", "Cy", "--range", "[25]JJ, TT[/25]"}).status, 0);
-  EXPECT_EQ(Bytes(Side()), "Quillet profile weights 1\nAmy\tKK:0.5\nCy\tJJ-TT:0.25\n");
+  EXPECT_EQ(FileBytes(Side()), "Quillet profile weights 1\nAmy\tKK:0.5\nCy\tJJ-TT:0.25\n");
   const ProfileFileContents read = ReadProfileFile(File());
   ASSERT_EQ(read.profiles.size(), 3u);
   EXPECT_EQ(PrintWeightedRangeNotation(OnLayerWeights(read.profiles[0])), "KK:0.5");
@@ -216,14 +216,14 @@ TEST_F(WeightedProfiles, ADamagedWeightsFileIsReportedTheProfilesReadUnweightedA
   const CliRun show = Run({"show", "Amy"});
   EXPECT_EQ(show.status, 0);
   EXPECT_EQ(show.out.find("weights"), std::string::npos);
-  EXPECT_EQ(Bytes(Side()), damaged);  // reading changes nothing
+  EXPECT_EQ(FileBytes(Side()), damaged);  // reading changes nothing
 
   const CliRun add = Run({"add", "Bob", "--range", "AA:0.5"});
   EXPECT_EQ(add.status, 0) << add.err;
   EXPECT_EQ(add.err, fault + " It was kept as \"" + Side().string() +
                          ".bad\". The profiles were read without their weights.\n");
-  EXPECT_EQ(Bytes(fs::path(Side().string() + ".bad")), damaged);
-  EXPECT_EQ(Bytes(Side()), "Quillet profile weights 1\nBob\tAA:0.5\n");
+  EXPECT_EQ(FileBytes(fs::path(Side().string() + ".bad")), damaged);
+  EXPECT_EQ(FileBytes(Side()), "Quillet profile weights 1\nBob\tAA:0.5\n");
 }
 
 // Two quillet-cli adding weighted profiles at once: each reads, changes and writes both files under the

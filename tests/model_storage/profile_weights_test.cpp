@@ -6,6 +6,7 @@
 #include "app/model/form1_model.h"
 #include "range/range_notation.h"
 #include "storage/profile_file.h"
+#include "tests/support/le_bytes.h"
 #include "tests/support/model_in_folder.h"
 #include "tests/support/recording_services.h"
 
@@ -85,6 +86,22 @@ TEST_F(WeightsModel, ADamagedWeightsFileIsReportedOnceKeptAsideAndTheProfilesLoa
   EXPECT_FALSE(fs::exists(SideFile(ProfileFile())));
   EXPECT_EQ(ReadBytes(fs::path(SideFile(ProfileFile()).string() + ".bad")), damaged);
   EXPECT_EQ(services.messages.size(), 1u);
+}
+
+TEST_F(WeightsModel, AFileOfANewerVersionIsKeptWithItsWeightsFileBeforeTheSessionOverwritesThem) {
+  const std::string newer = testing::Le32(7) + EncodeProfileFile({Profile("Kept", "KK")}).substr(4);
+  const std::string weights = "Quillet profile weights 1\nKept\tKK:0.5\n";
+  WriteBytes(ProfileFile(), newer);
+  WriteBytes(SideFile(ProfileFile()), weights);
+  services.yesNoAnswers = {true};
+  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles.empty());
+  model.currentProfileIndex = model.FirstProfileIndex();
+  EXPECT_TRUE(model.SaveProfiles());
+  // Generic has no weights: the weights file goes, and the copies of both files stay.
+  EXPECT_FALSE(fs::exists(SideFile(ProfileFile())));
+  EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), newer);
+  EXPECT_EQ(ReadBytes(fs::path(SideFile(ProfileFile()).string() + ".bad")), weights);
 }
 
 }  // namespace
