@@ -6,16 +6,20 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <array>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "cards/holding.h"
 #include "categorise/cook.h"
 #include "cli/hand_board_range.h"
 #include "range/range_notation.h"
 #include "storage/file_io.h"
 #include "storage/profile_file.h"
 #include "tests/cli/cli_run.h"
+#include "tests/support/test_seed.h"
 
 namespace quillet::cli {
 namespace {
@@ -75,6 +79,57 @@ TEST(WeightedCookCli, JsonPutsTheCombinationsBesideEveryCount) {
       << run.out;
   EXPECT_NE(run.out.find("{\"index\":6,\"label\":\"*One pair\",\"count\":12,\"weightedCount\":9,"),
             std::string::npos);
+}
+
+// Random weights on a random third of all holdings, cooked on every street: each category's combinations
+// are the weights of the holdings it lists, and the three totals those of the range, of the holdings that
+// use no card in play, and of the live ones again, all summed here from the weights the test gave.
+TEST(WeightedCookCli, RandomWeightsAddUpInTheJsonOnEveryStreet) {
+  std::mt19937_64 random(testing::TestSeed(2207));
+  const std::pair<const char*, const char*> inputs[] = {
+      {"", ""},       {"AhKd", ""},         {"AhKd", "Tc8h3s"},
+      {"", "9h6h2h"}, {"7c7d", "Tc8h3s9h"}, {"QsJs", "Ts9s2d3c5h"}};
+  for (const auto& [hand, board] : inputs) {
+    SCOPED_TRACE(std::string(hand) + " " + board);
+    WeightedHoldingSet weights;
+    std::bernoulli_distribution held(0.33);
+    std::uniform_int_distribution<int> weight(1, kFullWeight);
+    for (int h = 0; h < kHoldingCount; ++h) {
+      if (held(random)) weights.SetWeight(h, weight(random));
+    }
+    const CliRun run = RunCommandLine(
+        {"cook", "--hand", hand, "--board", board, "--range", PrintWeightedRangeNotation(weights), "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const Json json = Json::parse(run.out);
+    const auto weightOf = [&](const std::string& text) {
+      const std::string cards = text.substr(0, 4);  // a marked copy ends with "*"
+      const Card a{RankFromChar(cards.substr(0, 1)), SuitFromChar(cards.substr(1, 1))};
+      const Card b{RankFromChar(cards.substr(2, 1)), SuitFromChar(cards.substr(3, 1))};
+      return weights.Weight(a, b);
+    };
+    for (const Json& category : json["categories"]) {
+      int64_t sum = 0;
+      for (const Json& combo : category["combos"]) sum += weightOf(combo.get<std::string>());
+      EXPECT_DOUBLE_EQ(category["weightedCount"].get<double>(), static_cast<double>(sum) / kFullWeight)
+          << category["label"];
+    }
+    const std::string inPlay = std::string(hand) + board;
+    int64_t all = 0;
+    int64_t live = 0;
+    for (int h = 0; h < kHoldingCount; ++h) {
+      const std::array<Card, 2> cards = CardsOfHolding(h);
+      bool dead = false;
+      for (std::size_t at = 0; at < inPlay.size(); at += 2) {
+        const Card c{RankFromChar(inPlay.substr(at, 1)), SuitFromChar(inPlay.substr(at + 1, 1))};
+        dead = dead || cards[0] == c || cards[1] == c;
+      }
+      all += weights.Weight(h);
+      if (!dead) live += weights.Weight(h);
+    }
+    EXPECT_DOUBLE_EQ(json["weightedRange"].get<double>(), static_cast<double>(all) / kFullWeight);
+    EXPECT_DOUBLE_EQ(json["weightedPossible"].get<double>(), static_cast<double>(live) / kFullWeight);
+    EXPECT_DOUBLE_EQ(json["weightedCategorised"].get<double>(), static_cast<double>(live) / kFullWeight);
+  }
 }
 
 TEST(WeightedCookCli, WholeWeightsGiveTheOutputOfARangeWithoutWeights) {
