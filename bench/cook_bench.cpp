@@ -10,6 +10,7 @@
 #include "bench/bench_support.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
+#include "cards/holding.h"
 #include "categorise/categories.h"
 #include "categorise/cook.h"
 #include "range/player_profile.h"
@@ -45,6 +46,35 @@ void BM_CookFullRange(benchmark::State& state) {
                  " holdings classified");
 }
 BENCHMARK(BM_CookFullRange)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
+
+// The same cook with every holding of the range at a weight below 1 (1 to 999 thousandths, spread over
+// the holdings): the weights are summed beside the counts.
+void BM_CookFullRangeWeighted(benchmark::State& state) {
+  PlayerProfile profile;
+  InitProfile(profile);
+  FillWholeGrid(profile.rangeLayer);
+  for (int h = 0; h < kHoldingCount; ++h) profile.onWeights[h] = static_cast<uint16_t>(1 + (h * 37) % 999);
+  std::string handText = "AhAd";
+  std::string boardText = kBoards[state.range(0)];
+  HandCards hand{};
+  BoardCards board{};
+  int32_t street = 0;
+  if (!ReadCardInputs(handText, boardText, nullptr, hand, board, street)) state.SkipWithError("bad board");
+  Categories categories;
+  InitCategories(categories);
+  for (auto _ : state) {
+    std::vector<HandCombo> range =
+        CollectRangeCombos(profile.rangeLayer, profile.seenLayer, &profile.onWeights);
+    const int32_t live = RemoveDeadCombos(range, hand, board, street);
+    ClassifyRange(categories, range, board, street);
+    benchmark::DoNotOptimize(live);
+    benchmark::DoNotOptimize(categories.categorisedWeight);
+    benchmark::ClobberMemory();
+  }
+  state.SetLabel(std::string(kBoards[state.range(0)]) + ", " + std::to_string(categories.categorisedCount) +
+                 " holdings classified, weighted");
+}
+BENCHMARK(BM_CookFullRangeWeighted)->DenseRange(0, 2)->Unit(benchmark::kMicrosecond);
 
 void BM_CookHandler(benchmark::State& state) {
   bench::GenericWindow window;

@@ -75,6 +75,7 @@ void InitCategories(Categories& categories) {
     node.nonEmpty = true;
   }
   categories.categorisedCount = 0;
+  categories.categorisedWeight = 0;
 }
 
 void AddToCategory(Categories& categories, int32_t n, const HandCombo& combo) {
@@ -84,6 +85,7 @@ void AddToCategory(Categories& categories, int32_t n, const HandCombo& combo) {
   if (node.combos.capacity() == 0) node.combos.reserve(64);
   node.combos.push_back(combo);
   node.count = static_cast<int32_t>(node.combos.size());
+  node.weight += combo.weight;
 }
 
 std::string_view CategoryText(std::string_view label) {

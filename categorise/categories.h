@@ -70,8 +70,9 @@ const std::array<CategoryDefinition, kCategoryCount>& CategoryDefinitions();
 // Builds the table: 55 entries with their labels and keys, both flags set, no holdings, count 0.
 void InitCategories(Categories& categories);
 
-// Appends a copy of `combo` to entry `n` and raises that entry's count. The categorised count is the
-// classification's business (once per holding, however many entries the holding lands in).
+// Appends a copy of `combo` to entry `n` and raises that entry's count by one and its weight by the
+// holding's weight. The categorised count and weight are the classification's business (once per holding,
+// however many entries the holding lands in).
 void AddToCategory(Categories& categories, int32_t n, const HandCombo& combo);
 
 // The text a label shows: what follows its level marks ("T pair" for ">*T pair", "" for a spacer).

@@ -62,10 +62,12 @@ void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, i
   if (static_cast<int>(categories.nodes.size()) != kCategoryCount) InitCategories(categories);
   for (CategoryNode& node : categories.nodes) {
     node.count = 0;
+    node.weight = 0;
     node.combos.clear();  // keeps the memory for the next run
     node.nonEmpty = true;
   }
   categories.categorisedCount = 0;
+  categories.categorisedWeight = 0;
 
   count = std::clamp(count, 0, static_cast<int32_t>(list.size()));
   if (street >= kFlop && street <= kRiver) {
@@ -75,6 +77,7 @@ void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, i
       if (!holding.flag) continue;
       AddClassifiedCombo(categories, holding, ClassifyCombo(context, holding));
       ++categories.categorisedCount;
+      categories.categorisedWeight += holding.weight;
     }
   } else {
     for (int32_t i = 0; i < count; ++i) {
@@ -92,6 +95,7 @@ void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, i
       }
       AddToCategory(categories, entry, holding);
       ++categories.categorisedCount;
+      categories.categorisedWeight += holding.weight;
     }
   }
 
@@ -104,6 +108,10 @@ CookResult Cook(const CardInputs& cards, std::vector<HandCombo> range) {
   if (!cards.ok()) return result;
   result.rangeCount = static_cast<int32_t>(range.size());
   result.liveCount = RemoveDeadCombos(range, result.rangeCount, cards.hand, cards.board, cards.street);
+  for (const HandCombo& holding : range) {
+    result.rangeWeight += holding.weight;
+    if (holding.flag) result.liveWeight += holding.weight;
+  }
   ClassifyRange(result.categories, range, result.rangeCount, cards.board, cards.street);
   return result;
 }

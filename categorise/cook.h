@@ -23,11 +23,12 @@ namespace quillet {
 std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const RangeLayer& seenLayer,
                                           const PartialWeights* onWeights = nullptr);
 
-// Empties every entry (count 0, run text and number cleared, both flags set), sets the categorised count
-// to 0, and classifies each live holding among the first `count`: with a board into its made-hand entry
-// and its draw entries, without one a pair into "*One pair" and any other holding by its first rank into
-// the high-card children. Each holding raises the categorised count once. Last, each entry's non-empty
-// flag tells whether it received anything.
+// Empties every entry (count and weight 0, run text and number cleared, both flags set), sets the
+// categorised count and weight to 0, and classifies each live holding among the first `count`: with a
+// board into its made-hand entry and its draw entries, without one a pair into "*One pair" and any other
+// holding by its first rank into the high-card children. Each holding raises the categorised count once
+// and the categorised weight by its weight. Last, each entry's non-empty flag tells whether it received
+// anything.
 void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, int32_t count,
                    const BoardCards& board, int32_t street);
 inline void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, const BoardCards& board,
@@ -37,11 +38,18 @@ inline void ClassifyRange(Categories& categories, const std::vector<HandCombo>& 
 
 // ---- The cook as one call ----
 
-// What a cook finds: the three counts under the Cook label and the filled category table.
+// What a cook finds: the three counts under the Cook label, the sums of the weights beside them (in
+// thousandths: the combinations the holdings make), and the filled category table.
 struct CookResult {
-  int32_t rangeCount = 0;  // holdings in the range
-  int32_t liveCount = 0;   // of those, the ones that use no card of My Hand or the board
-  Categories categories;   // each live holding in its entries; categorisedCount counts each holding once
+  int32_t rangeCount = 0;   // holdings in the range
+  int32_t liveCount = 0;    // of those, the ones that use no card of My Hand or the board
+  int64_t rangeWeight = 0;  // the weights of the range's holdings
+  int64_t liveWeight = 0;   // the weights of the live ones
+  Categories categories;    // each live holding in its entries; categorisedCount counts each holding once
+
+  // Whether a holding of the range has a weight below 1: only then do the outputs say the weighted figures
+  // beside the counts (with whole weights they are the counts themselves).
+  bool weighted() const { return rangeWeight != int64_t{rangeCount} * kFullWeight; }
 };
 
 // Cooks `range` (holdings as CollectRangeCombos gives them, an empty range is no error) on accepted card

@@ -61,10 +61,18 @@ Json TreeJson(const ResultsTree& tree) {
   return nodes;
 }
 
+// A sum of weights in thousandths as the combinations it makes ("12.5").
+Json WeightJson(int64_t weight) {
+  return JsonNumber(static_cast<double>(weight) / kFullWeight);
+}
+
 // With --category-equity each category carries "equity": My Hand's equity against the holdings under it,
-// null for a spacer, an empty category and one without a showdown.
+// null for a spacer, an empty category and one without a showdown. With a weight below 1 in the range,
+// each count has the combinations its holdings make beside it ("weightedCount" beside a category's
+// "count", "weightedRange" beside "range" ...); "combos" already names a category's holdings.
 void WriteJson(const CookResult& cooked, const ResultsBuild& built, const HandBoardRange& input,
                bool categoryEquity, std::ostream& out) {
+  const bool weighted = cooked.weighted();
   Json categories = Json::array();
   const auto& nodes = cooked.categories.nodes;
   for (std::size_t i = 0; i < nodes.size(); ++i) {
@@ -74,17 +82,22 @@ void WriteJson(const CookResult& cooked, const ResultsBuild& built, const HandBo
       const HandCombo& combo = node.combos[k];
       combos.push_back(ComboToText(combo) + (combo.flag ? "" : "*"));
     }
-    Json category{{"index", i}, {"label", node.label}, {"count", node.count}, {"combos", combos}};
+    Json category{{"index", i}, {"label", node.label}, {"count", node.count}};
+    if (weighted) category["weightedCount"] = WeightJson(node.weight);
+    category["combos"] = std::move(combos);
     if (categoryEquity) {
       const bool known = i < built.categoryEquities.size() && built.categoryEquities[i].has_value();
       category["equity"] = known ? Json(*built.categoryEquities[i]) : Json(nullptr);
     }
     categories.push_back(std::move(category));
   }
-  Json json{{"range", cooked.rangeCount},
-            {"possible", cooked.liveCount},
-            {"categorised", cooked.categories.categorisedCount},
-            {"categories", categories}};
+  Json json{{"range", cooked.rangeCount}};
+  if (weighted) json["weightedRange"] = WeightJson(cooked.rangeWeight);
+  json["possible"] = cooked.liveCount;
+  if (weighted) json["weightedPossible"] = WeightJson(cooked.liveWeight);
+  json["categorised"] = cooked.categories.categorisedCount;
+  if (weighted) json["weightedCategorised"] = WeightJson(cooked.categories.categorisedWeight);
+  json["categories"] = std::move(categories);
   if (input.top) json["rangeText"] = input.profile.rangeText;
   json["tree"] = TreeJson(built.tree);
   json["export"] = built.exportText;
@@ -151,8 +164,9 @@ int RunCook(const std::vector<std::string>& words, std::ostream& out, std::ostre
     for (const std::string& message : cards.messages) err << message << "\n";
     return kExitBadInput;
   }
-  const CookResult cooked =
-      Cook(cards, CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer));
+  const CookResult cooked = Cook(
+      cards,
+      CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer, &input->profile.onWeights));
 
   ResultsOptions resultsOptions;
   resultsOptions.simplifyOutput = !noSimplify;

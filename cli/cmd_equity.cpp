@@ -88,7 +88,8 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
 
   EquityRequest request;
   request.cards = CheckCardInputs(input->handText, input->boardText, CardsFor::Equity);
-  request.range = CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer);
+  request.range =
+      CollectRangeCombos(input->profile.rangeLayer, input->profile.seenLayer, &input->profile.onWeights);
   request.rules = standardRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
   request.perClass = perClass;
   const EquityOutcome outcome = CalcEquity(request);

@@ -16,6 +16,7 @@
 #include "storage/file_lock.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
+#include "storage/profile_weights_file.h"
 
 namespace quillet::cli {
 namespace {
@@ -52,11 +53,31 @@ std::filesystem::path DefaultProfileFile() {
   return ChooseDataFolder(WindowProgramFolder(RunningProgramFolder())) / kProfileFileName;
 }
 
+// A weights file that cannot be used: its fault on `err`, and the profiles go on without their weights.
+// Before a change is written back (`keepAside`) the file is kept as ".bad", as the window keeps it, since
+// the save replaces it.
+void ReportWeightsFault(const std::filesystem::path& file, const ProfileFileContents& contents,
+                        bool keepAside, std::ostream& err) {
+  err << contents.weightsError->message;
+  if (keepAside) {
+    const SetAside aside = KeepFileAside(ProfileWeightsPath(file),
+                                         contents.weightsBytes.empty() ? nullptr : &contents.weightsBytes);
+    if (aside.copy.empty()) {
+      err << " It could not be kept aside (" << aside.reason << ").";
+    } else {
+      err << " It was kept as \"" << aside.copy.string() << "\".";
+    }
+  }
+  err << " The profiles were read without their weights.\n";
+}
+
 // Loads the file into `profiles` (a missing file is an empty list). On a file that cannot be used, says why
-// on `err` in one line and returns false.
+// on `err` in one line and returns false. A weights file beside it that cannot be used is reported on `err`
+// (see ReportWeightsFault) and the profiles are loaded without their weights.
 bool LoadProfileList(const std::filesystem::path& file, std::vector<PlayerProfile>& profiles,
-                     std::ostream& err) {
+                     std::ostream& err, bool keepWeightsAside = false) {
   ProfileFileContents contents = ReadProfileFile(file);
+  if (contents.weightsError) ReportWeightsFault(file, contents, keepWeightsAside, err);
   switch (contents.status) {
     case ProfileFileContents::Status::Missing:
       profiles.clear();
@@ -80,29 +101,48 @@ struct LayerEntry {
   const HandClass* handClass;
   int32_t count;
   bool whole;
+  int64_t weight;  // the class's holdings' weights in thousandths, when one is below 1; else -1
 };
 
-std::vector<LayerEntry> ClassesHeld(const RangeLayer& layer) {
+// The classes the layer holds; with `weights` (the On layer's), the combinations of each class that has a
+// holding of weight below 1.
+std::vector<LayerEntry> ClassesHeld(const RangeLayer& layer, const WeightedHoldingSet* weights = nullptr) {
   std::vector<LayerEntry> held;
   for (int c = 0; c < kClassCount; ++c) {
-    if (layer[c].count > 0) held.push_back({&HandClasses()[c], layer[c].count, layer[c].whole != kFalse16});
+    if (layer[c].count <= 0) continue;
+    int64_t weight = -1;
+    if (weights != nullptr) {
+      const ClassHoldings& holdings = HoldingsOfClass(c);
+      int64_t sum = 0;
+      bool partial = false;
+      for (int k = 0; k < holdings.count; ++k) {
+        const int w = weights->Weight(holdings.holdings[k].number);
+        sum += w;
+        partial = partial || (w > 0 && w < kFullWeight);
+      }
+      if (partial) weight = sum;
+    }
+    held.push_back({&HandClasses()[c], layer[c].count, layer[c].whole != kFalse16, weight});
   }
   return held;
 }
 
-void PrintLayer(std::ostream& out, const char* title, const RangeLayer& layer) {
-  const auto held = ClassesHeld(layer);
+void PrintLayer(std::ostream& out, const char* title, const std::vector<LayerEntry>& held) {
   out << title << " layer (" << held.size() << (held.size() == 1 ? " class" : " classes") << ")\n";
   for (const LayerEntry& e : held) {
     out << "  " << e.handClass->caption << "  " << e.count << (e.count == 1 ? " holding" : " holdings")
-        << (e.whole ? ", whole" : "") << "\n";
+        << (e.whole ? ", whole" : "");
+    if (e.weight >= 0) out << ", " << CombosText(e.weight) << " combos";
+    out << "\n";
   }
 }
 
-Json LayerJson(const RangeLayer& layer) {
+Json LayerJson(const std::vector<LayerEntry>& held) {
   Json json = Json::array();
-  for (const LayerEntry& e : ClassesHeld(layer)) {
-    json.push_back(Json{{"class", e.handClass->caption}, {"count", e.count}, {"whole", e.whole}});
+  for (const LayerEntry& e : held) {
+    Json entry{{"class", e.handClass->caption}, {"count", e.count}, {"whole", e.whole}};
+    if (e.weight >= 0) entry["weightedCount"] = JsonNumber(static_cast<double>(e.weight) / kFullWeight);
+    json.push_back(std::move(entry));
   }
   return json;
 }
@@ -142,23 +182,37 @@ int Show(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitBadInput;
   }
   const PlayerProfile& p = profiles[index];
+  // A profile whose On layer has a weight below 1 says so: each class with such a holding gets its
+  // combinations, and the layer its weighted notation and its combinations. Without one the output is
+  // the unweighted one.
+  const bool weighted = HasPartialWeights(p);
+  const WeightedHoldingSet onWeights = OnLayerWeights(p);
+  const std::vector<LayerEntry> on = ClassesHeld(p.rangeLayer, weighted ? &onWeights : nullptr);
+  const std::vector<LayerEntry> seen = ClassesHeld(p.seenLayer);
+  // With whole weights the weighted notation is the plain one.
+  const std::string onNotation = PrintWeightedRangeNotation(onWeights);
   if (args.has("--json")) {
-    Json json{{"name", p.name},
-              {"rangeText", p.rangeText},
-              {"on", LayerJson(p.rangeLayer)},
-              {"seen", LayerJson(p.seenLayer)}};
+    Json json{{"name", p.name}, {"rangeText", p.rangeText}, {"on", LayerJson(on)}, {"seen", LayerJson(seen)}};
+    if (weighted) {
+      json["onWeights"] = onNotation;
+      json["onCombos"] = JsonNumber(static_cast<double>(onWeights.WeightSum()) / kFullWeight);
+    }
     if (args.notation) {
-      json["onNotation"] = LayerNotation(p.rangeLayer);
+      json["onNotation"] = onNotation;
       json["seenNotation"] = LayerNotation(p.seenLayer);
     }
     out << JsonText(json) << "\n";
     return kExitOk;
   }
   out << "Profile: " << Shown(p.name) << "\nRange text: " << Shown(p.rangeText) << "\n";
-  PrintLayer(out, "On", p.rangeLayer);
-  PrintLayer(out, "Seen", p.seenLayer);
+  PrintLayer(out, "On", on);
+  PrintLayer(out, "Seen", seen);
+  if (weighted) {
+    out << "On layer weights: " << onNotation << "\n";
+    out << "On layer combos: " << CombosText(onWeights.WeightSum()) << "\n";
+  }
   if (args.notation) {
-    out << "On layer notation: " << LayerNotation(p.rangeLayer) << "\n";
+    out << "On layer notation: " << onNotation << "\n";
     out << "Seen layer notation: " << LayerNotation(p.seenLayer) << "\n";
   }
   return kExitOk;
@@ -199,10 +253,10 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   // Both layers are read before the file is touched: a refused text changes nothing.
   PlayerProfile read;
   InitProfile(read);
-  for (const auto& [text, layer] :
-       {std::pair{&args.range, &read.rangeLayer}, {&args.seen, &read.seenLayer}}) {
-    const RangeReading reading = args.classes ? RangeReading::Classes : RangeReading::Notation;
-    if (const std::string error = PutRangeOption(*text, *layer, reading); !error.empty()) {
+  const RangeReading reading = args.classes ? RangeReading::Classes : RangeReading::Notation;
+  for (const std::string& error : {PutWeightedRangeOption(args.range, read, reading),
+                                   PutRangeOption(args.seen, read.seenLayer, reading)}) {
+    if (!error.empty()) {
       err << "quillet-cli profiles add: " << error << "\n";
       return kExitBadInput;
     }
@@ -223,7 +277,7 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
     return kExitFailure;
   }
   std::vector<PlayerProfile> profiles;
-  if (!LoadProfileList(file, profiles, err)) return kExitBadInput;
+  if (!LoadProfileList(file, profiles, err, true)) return kExitBadInput;
   if (FindProfileByName(profiles, name) >= 0) {
     err << "quillet-cli profiles add: a profile named \"" << Shown(name) << "\" already exists in \""
         << file.string() << "\"\n";
@@ -233,6 +287,7 @@ int Add(const Args& args, std::ostream& out, std::ostream& err) {
   PlayerProfile& profile = profiles[index];
   profile.rangeLayer = read.rangeLayer;
   profile.seenLayer = read.seenLayer;
+  profile.onWeights = read.onWeights;
   // Without --range-text the profile gets the text a click on the grid would leave ("~0.8"): an empty text
   // would make the window replace the range with AA when the profile is picked.
   profile.rangeText = args.has("--range-text")
@@ -253,8 +308,10 @@ int RunProfiles(const std::vector<std::string>& words, std::ostream& out, std::o
   Args args{app, {}, {}, {}, {}, {}, false, false};
   app.add_option("--file", args.file, "the profile file (by default the one the window uses)");
   app.add_option("--range", args.range,
-                 "add: the On layer's range in range notation (\"\" for none; \"AA,AK\": AK is both halves)");
-  app.add_option("--seen", args.seen, "add: the Seen layer's range, written as for --range");
+                 "add: the On layer's range in range notation (\"\" for none; \"AA,AK\": AK is both halves; "
+                 "weights \"AKs:0.5\")");
+  app.add_option("--seen", args.seen,
+                 "add: the Seen layer's range, written as for --range but without weights");
   app.add_flag("--classes", args.classes, std::string("add: ") + kClassesHelp);
   app.add_option("--range-text", args.rangeText,
                  "add: the range box's text (by default the share of the holdings, \"~0.8\")");

@@ -17,8 +17,8 @@ constexpr const char* kRangeSummary =
     "reads range notation (\"22+, A2s+, KTs+, QJs, ATo+, KQo\", \"A5s-A2s\", \"T9s-54s\", \"AhKh\", "
     "\"random\", \"15%\", weights \"AKs:0.5\", \"[50]AQs, AJs[/50]\") and prints it in its shortest form, "
     "the number of holdings, with weights the combos (the sum of the weights), and their share of all "
-    "1,326 (one decimal); cook, equity and profiles add take the same notation in --range and --seen, "
-    "without weights so far";
+    "1,326 (one decimal); cook, equity and profiles add take the same notation in --range, weights "
+    "included, and in --seen, without weights";
 
 int RunRange(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
   CLI::App app(kRangeSummary, "quillet-cli range");

@@ -14,9 +14,10 @@ void AddHandBoardRangeOptions(CLI::App& app, HandBoardRangeOptions& options) {
                  "the board: none, three, four or five cards (\"Tc8h3s\"; \"\" for none)");
   app.add_option("--range", options.range,
                  "the range in range notation (\"QQ+, AKs, AhKh\", \"AA,KK,AK\": AK is both halves, 16 "
-                 "holdings)");
+                 "holdings; weights \"AKs:0.5\", \"[50]AQs, AJs[/50]\")");
   app.add_option("--top", options.top, "the range as the top percent of the preflop order (10 gives 9.8)");
-  app.add_option("--seen", options.seen, "the Seen layer's range, written as for --range");
+  app.add_option("--seen", options.seen,
+                 "the Seen layer's range, written as for --range but without weights");
   app.add_flag("--classes", options.classes, kClassesHelp);
 }
 
@@ -47,7 +48,7 @@ std::optional<HandBoardRange> ReadHandBoardRange(const CLI::App& app, const Hand
   HandBoardRange read;
   InitProfile(read.profile);
   read.profile.name = "Generic";
-  if (const std::string error = PutRangeOption(options.range, read.profile.rangeLayer, reading);
+  if (const std::string error = PutWeightedRangeOption(options.range, read.profile, reading);
       !error.empty()) {
     err << command << ": --range: " << error << "\n";
     return std::nullopt;

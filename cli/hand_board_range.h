@@ -27,8 +27,8 @@ void AddHandBoardRangeOptions(CLI::App& app, HandBoardRangeOptions& options);
 
 // The two card texts and the range, as the window would stand before the command: one fresh "Generic"
 // profile holding the ranges of --range and --seen (notation, or with --classes class lists first) in its
-// On and Seen layers, or with --top the range the range box
-// gives for PCT (snapped to a step of the preflop order; at or above the last step the On layer stays
+// On and Seen layers, --range's weights below 1 in its On-layer weights, or with --top the range the range
+// box gives for PCT (snapped to a step of the preflop order; at or above the last step the On layer stays
 // empty, and a line on `err` says so). Its range text is the box's text after --top.
 struct HandBoardRange {
   std::string handText;

@@ -8,6 +8,7 @@
 #include "categorise/categories.h"
 #include "equity/standard_equity.h"
 #include "quillet/version.h"
+#include "range/range_notation.h"
 #include "results/category_equity.h"
 #include "results/combo_groups.h"
 
@@ -32,6 +33,11 @@ int32_t OwnCount(const CategoryNode& node) {
   return std::clamp<int32_t>(node.count, 0, static_cast<int32_t>(node.combos.size()));
 }
 
+// The combinations a category's own holdings make, in thousandths (a holding counts its weight).
+int64_t OwnWeight(const CategoryNode& node) {
+  return std::max<int64_t>(node.weight, 0);
+}
+
 // A label with a "*" and nothing after it: a spacer line of the table.
 bool IsBlankLabel(std::string_view label) {
   return label.find('*') != std::string_view::npos && CategoryText(label).empty();
@@ -41,10 +47,19 @@ std::string CategoryErrorText(int i, std::string_view label) {
   return "Category error: " + std::to_string(i) + " " + std::string(label);
 }
 
-// " (12) 4%": the total and its share of the categorised count, the share truncated to an integer.
-std::string CountText(int32_t total, int32_t totalCombos) {
-  const int64_t percent = totalCombos == 0 ? 0 : int64_t{total} * 100 / totalCombos;
-  return " (" + std::to_string(total) + ") " + std::to_string(percent) + "%";
+// " (12) 4%": the combinations (weights in thousandths: "12.5" where they make a fraction) and their share
+// of the categorised total, the share truncated to an integer. With whole weights the total is the number
+// of holdings and the share that of the categorised count.
+std::string CountText(int64_t total, int64_t totalCombos) {
+  const int64_t percent = totalCombos == 0 ? 0 : total * 100 / totalCombos;
+  return " (" + CombosText(total) + ") " + std::to_string(percent) + "%";
+}
+
+// The combinations a group's holdings make, in thousandths.
+int64_t GroupWeight(const ComboGroup& group) {
+  int64_t sum = 0;
+  for (const HandCombo& combo : group.combos) sum += combo.weight;
+  return sum;
 }
 
 std::string GroupNodeText(const ComboGroup& group) {
@@ -52,7 +67,7 @@ std::string GroupNodeText(const ComboGroup& group) {
   text += RankChar(group.rank1);
   text += RankChar(group.rank2);
   text += group.suited ? "s (" : (group.offsuit ? "o (" : "  (");
-  text += std::to_string(group.count()) + ")";
+  text += CombosText(GroupWeight(group)) + ")";
   const bool anyMarked =
       std::any_of(group.combos.begin(), group.combos.end(), [](const HandCombo& c) { return !c.flag; });
   if (anyMarked) text += " *";
@@ -74,6 +89,7 @@ class TreeBuilder {
     nonEmpty_.resize(n);
     for (std::size_t i = 0; i < n; ++i) nonEmpty_[i] = nodes_[i].nonEmpty;
     out_.descendantCounts.assign(n, 0);
+    out_.descendantWeights.assign(n, 0);
     depthStack_.assign(101, -1);
   }
 
@@ -146,7 +162,7 @@ class TreeBuilder {
     const std::string_view shown = CategoryText(node.label);
     std::string text(shown);
     if (!shown.empty()) {
-      text += CountText(OwnCount(node) + out_.descendantCounts[i], categories_.categorisedCount);
+      text += CountText(OwnWeight(node) + out_.descendantWeights[i], categories_.categorisedWeight);
       text += CategoryEquityText(i);
     }
     const std::string_view image =
@@ -168,7 +184,9 @@ class TreeBuilder {
   // The holdings of the deeper categories that follow i; i counts as non-empty once they or it hold any.
   void SumDescendants(int i, int depth) {
     int32_t& sum = out_.descendantCounts[i];
+    int64_t& weight = out_.descendantWeights[i];
     sum = 0;
+    weight = 0;
     const int n = static_cast<int>(nodes_.size());
     int lastDepth = depth;
     for (int j = i + 1; j < n; ++j) {
@@ -180,6 +198,7 @@ class TreeBuilder {
       if (d <= depth) break;
       lastDepth = d;
       sum += OwnCount(nodes_[j]);
+      weight += OwnWeight(nodes_[j]);
       if (OwnCount(nodes_[i]) + sum != 0) nonEmpty_[i] = true;
     }
   }

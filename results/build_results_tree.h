@@ -53,6 +53,8 @@ struct ResultsBuild {
   // Per category: the sum of the holdings of its deeper categories, worked out for the categories the
   // cook left empty (0 for the others, whose own holdings decide).
   std::vector<int32_t> descendantCounts;
+  // The same for the combinations those holdings make (their weights in thousandths).
+  std::vector<int64_t> descendantWeights;
   // With "Equity per Category" on, My Hand, and a board: per category, My Hand's equity against the
   // holdings under it (none for a spacer, an empty category or one without a showdown). Empty otherwise.
   std::vector<std::optional<double>> categoryEquities;
@@ -74,9 +76,11 @@ inline constexpr std::string_view kPartGroupMark = "~";
 // "Poker Quillet V1.0.0 Clipboard Export", CR LF, "My Hand: AhKd   Board: Tc8h3s", CR LF, CR LF.
 std::string ExportHeader(std::string_view myHandText, std::string_view boardText);
 
-// Builds tree and export text. The percentages are shares of the categorised count of the table (each
-// holding once, however many entries it stands in); a count of 0 (an empty range shown with "Hide Empty
-// Categories" off) shows "0%". A label without "*" is reported through `message` as "Category error: "
+// Builds tree and export text. A category's count and a group's count are the combinations their holdings
+// make, each holding counting its weight ("(12.5)" where weights make a fraction, "(12)" for twelve whole
+// holdings); the percentages are shares of the categorised weight of the table (each holding once, however
+// many entries it stands in). A total of 0 (an empty range shown with "Hide Empty Categories" off) shows
+// "0%". A label without "*" is reported through `message` as "Category error: "
 // with its index and label, and the build goes on.
 ResultsBuild BuildResultsTree(const Categories& categories, const ResultsOptions& options,
                               const ResultsCards& cards, const MessageSink& message);

@@ -8,6 +8,7 @@
 #include "storage/byte_io.h"
 #include "storage/code_page.h"
 #include "storage/file_io.h"
+#include "storage/profile_weights_file.h"
 
 namespace quillet {
 namespace {
@@ -317,6 +318,11 @@ ProfileFileContents ReadProfileFile(const std::filesystem::path& path) {
   }
   ProfileFileContents result = DecodeProfileFile(file.bytes, path.string());
   if (result.status == ProfileFileContents::Status::Faulty) result.bytes = std::move(file.bytes);
+  if (!result.profiles.empty()) {
+    ProfileWeightsRead weights = ReadProfileWeights(path, result.profiles);
+    result.weightsError = std::move(weights.error);
+    result.weightsBytes = std::move(weights.bytes);
+  }
   return result;
 }
 
@@ -355,7 +361,7 @@ std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
   }
   if (auto failure = WriteFileAtomically(path, bytes))
     return StorageError{ProfileSaveFault(path, *failure, fileWasThere)};
-  return std::nullopt;
+  return WriteProfileWeights(path, profiles);
 }
 
 }  // namespace quillet

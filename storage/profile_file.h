@@ -11,6 +11,9 @@
 // All 16 entries are written as they stand in memory, also those past the record's count: a cleared
 // record keeps its old entries and a removed entry leaves the shifted tail, and a profile read and written
 // again comes out byte for byte the same.
+//
+// The weights below 1 of the On layers have no place here; they are kept beside the file, in its weights
+// file (storage/profile_weights_file.h), which ReadProfileFile and WriteProfileFile read and write with it.
 #pragma once
 
 #include <cstddef>
@@ -61,6 +64,10 @@ struct ProfileFileContents {
   std::vector<PlayerProfile> profiles;
   std::optional<StorageError> error;
   std::string bytes;  // a faulty file as read, so that it can be set aside unchanged
+  // The weights file beside it could not be used: the profiles were read without their weights. The
+  // file's bytes as read (empty when it could not be read at all), so that it can be set aside unchanged.
+  std::optional<StorageError> weightsError;
+  std::string weightsBytes;
 };
 
 // Reads a profile file's bytes. `fileLabel` names the file in the error message. Never reads outside
@@ -74,11 +81,15 @@ ProfileFileContents DecodeProfileFile(std::string_view bytes, const std::string&
 // or longer than its profiles fill, costs only those few bytes (`bytes` is then empty, and no profile is
 // read). A file shorter than its lengths say, or with a length out of bounds, is read (it is no longer than
 // kLargestProfileFileBytes) so that the profiles before the fault are kept and the fault is named.
+// The profiles read get their On-layer weights from the weights file beside it (ReadProfileWeights); a
+// weights file that cannot be used leaves them unweighted and is reported in `weightsError`.
 ProfileFileContents ReadProfileFile(const std::filesystem::path& path);
 
 // Writes the file safely (see WriteFileAtomically); on failure the old file is unchanged and the error
 // says so. A list the file could not hold as the reader takes it (a name or range text longer than kept,
-// a file longer than kLargestProfileFileBytes) is not written.
+// a file longer than kLargestProfileFileBytes) is not written. Once the file is written, its weights file
+// is written the same way, or removed when no profile has a weight below 1 (WriteProfileWeights); a
+// failure there is returned too. A writer holds the folder's WriteLock around both.
 std::optional<StorageError> WriteProfileFile(const std::filesystem::path& path,
                                              const std::vector<PlayerProfile>& profiles);
 

@@ -71,9 +71,10 @@ void Form1Model::cmdCheckPossibleHands_Click() {
 
   cookRangeCount = cooked.rangeCount;
   cookLiveCount = cooked.liveCount;
-  lblCheckPossibleHands = std::to_string(cooked.rangeCount) + " Hands in Opponent's Range\r\n" +
-                          std::to_string(cooked.liveCount) + " Possible Hands\r\n" +
-                          std::to_string(categories.categorisedCount) + " Hands in categories";
+  // The combinations the holdings make: with whole weights the counts themselves, else "12.5".
+  lblCheckPossibleHands = CombosText(cooked.rangeWeight) + " Hands in Opponent's Range\r\n" +
+                          CombosText(cooked.liveWeight) + " Possible Hands\r\n" +
+                          CombosText(categories.categorisedWeight) + " Hands in categories";
 
   // "Auto Calc Equity on Cook": the equity command runs with all its own checks and messages.
   if (options.calcEquityOnCook) cmdCalcEquity_Click();

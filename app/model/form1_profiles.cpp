@@ -5,6 +5,7 @@
 #include "storage/preferences_file.h"
 #include "storage/profile_file.h"
 #include "storage/profile_list.h"
+#include "storage/profile_weights_file.h"
 
 namespace quillet {
 namespace {
@@ -41,8 +42,9 @@ bool Form1Model::LoadProfiles() {
       if (!services.AskYesNo(kVersionQuestionTitle, VersionQuestion(file.version), MessageIcon::Warning))
         return false;
       // Yes: nothing loaded; the file is rewritten when the session ends, so a copy of it is kept first
-      // (the question already says it is not loaded; the copy is the way back).
+      // (the question already says it is not loaded; the copy is the way back), and of its weights file.
       CopyFileAside(profilePath);
+      if (SomethingAt(ProfileWeightsPath(profilePath))) CopyFileAside(ProfileWeightsPath(profilePath));
       return true;
     case ProfileFileContents::Status::Faulty: {
       // Keep the unreadable file before anything can overwrite it, and carry on with what was read.
@@ -61,6 +63,15 @@ bool Form1Model::LoadProfiles() {
       profiles = std::move(file.profiles);
       profilesAsLoaded = profiles;
       break;
+  }
+  if (file.weightsError) {
+    // The weights file is kept before the session's save rewrites it; the profiles are there, unweighted.
+    const std::filesystem::path side = ProfileWeightsPath(profilePath);
+    services.MsgBox(
+        file.weightsError->message + "\r\n\r\n" +
+            KeepUnreadableFileAside(side, file.weightsBytes.empty() ? nullptr : &file.weightsBytes) +
+            " The profiles were loaded without their weights.",
+        MessageIcon::Warning);
   }
   RefillPlayerList("0");
   return true;
@@ -88,6 +99,10 @@ std::vector<PlayerProfile> Form1Model::ProfilesToSave() {
   // Nothing was loaded in this session: the list is the whole truth.
   if (!profilesAsLoaded) return profiles;
   ProfileFileContents now = ReadProfileFile(profilePath);
+  // A weights file that went bad since it was loaded is kept (none when an identical one is there) before
+  // the save replaces it.
+  if (now.weightsError)
+    KeepFileAside(ProfileWeightsPath(profilePath), now.weightsBytes.empty() ? nullptr : &now.weightsBytes);
   switch (now.status) {
     case ProfileFileContents::Status::Read:
       // Another program (quillet-cli, a second window) may have changed the file since it was loaded.
@@ -99,6 +114,7 @@ std::vector<PlayerProfile> Form1Model::ProfilesToSave() {
       return profiles;
     case ProfileFileContents::Status::OtherVersion:
       CopyFileAside(profilePath);
+      if (SomethingAt(ProfileWeightsPath(profilePath))) CopyFileAside(ProfileWeightsPath(profilePath));
       return profiles;
     case ProfileFileContents::Status::Missing:
       return profiles;  // removed meanwhile: nothing to keep, and no sign of what to delete

@@ -232,16 +232,20 @@ TEST(RangeOption, ClassesIsRefusedWhereThereIsNoClassListToRead) {
   EXPECT_NE(RunCommandLine({"range", "AK", "--classes"}).status, 0);
 }
 
-TEST(RangeOption, AWeightOfOneIsTakenAndAnyOtherRefusedWithTheOldMessage) {
+TEST(RangeOption, TheSeenLayerTakesAWeightOfOneAndRefusesAnyOther) {
   RangeLayer one = MakeEmptyLayer();
   ASSERT_EQ(PutRangeOption("QQ+, AKs:1, [100]AQs[/100]", one), "");
   RangeLayer plain = MakeEmptyLayer();
   ASSERT_EQ(PutRangeOption("QQ+, AKs, AQs", plain), "");
   EXPECT_EQ(one, plain);
-  const CliRun half =
-      RunCommandLine({"cook", "--hand", "", "--board", "", "--range", "QQ+, [50]AQs, AJs[/50]"});
-  EXPECT_EQ(half.status, 2);
-  EXPECT_EQ(half.err, "cook: --range: weights are not supported yet: '[50]AQs' at column 6\n");
+  RangeLayer half = MakeEmptyLayer();
+  EXPECT_EQ(PutRangeOption("QQ+, [50]AQs, AJs[/50]", half),
+            "the Seen layer takes no weights: '[50]AQs' at column 6");
+  EXPECT_EQ(half, MakeEmptyLayer());
+  const CliRun seen = RunCommandLine(
+      {"cook", "--hand", "", "--board", "", "--range", "AA", "--seen", "QQ+, [50]AQs, AJs[/50]"});
+  EXPECT_EQ(seen.status, 2);
+  EXPECT_EQ(seen.err, "cook: --seen: the Seen layer takes no weights: '[50]AQs' at column 6\n");
 }
 
 TEST(RangeOption, ABadListKeepsItsMessageWhenTheNotationStumblesOnTheSameItem) {
@@ -256,7 +260,7 @@ TEST(RangeOption, OtherwiseTheNotationSaysWhatIsWrong) {
       {"QQ+, AKx", "unknown token 'AKx' at column 6"},  // the list would name QQ+, which notation reads
       {"AA, A K", "unknown token 'A' at column 5"},
       {"AhAd,AKx", "unknown token 'AKx' at column 6"},  // the list would have named AhAd
-      {"AKs:0.5", "weights are not supported yet: 'AKs:0.5' at column 1"},
+      {"AKs:0.5", "the Seen layer takes no weights: 'AKs:0.5' at column 1"},
       {"AKs-QJo", "range 'AKs-QJo' at column 1 has ends of different kinds"},
       {"AhAh", "holding 'AhAh' at column 1 has the same card twice"},
   };
@@ -299,7 +303,7 @@ TEST(RangeNotationInCommands, CookNamesTheBadTokenAndExitsWithTwo) {
   EXPECT_EQ(run.err, "cook: --range: unknown token 'AKx' at column 5\n");
   const CliRun seen =
       RunCommandLine({"cook", "--hand", "AhKd", "--board", "Tc8h3s", "--range", "QQ+", "--seen", "[50]AK"});
-  EXPECT_EQ(seen.err, "cook: --seen: weights are not supported yet: '[50]AK' at column 1\n");
+  EXPECT_EQ(seen.err, "cook: --seen: the Seen layer takes no weights: '[50]AK' at column 1\n");
 }
 
 // ---- profiles ----

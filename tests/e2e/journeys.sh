@@ -1244,10 +1244,57 @@ copy_multiway_table() {
   clipboard_has "$2"
 }
 
+# A profile with weights, added by quillet-cli while the window is closed: picked in the window and cooked,
+# the tree's copy is what quillet-cli cook prints for the same weighted range, and closing keeps the weights.
+journey_weighted_profile() {
+  local weighted="KK:0.5, QQ, AKs:0.25"
+  first_start
+  close_quillet
+  "$CLI" profiles add Villain --range "$weighted" --file "$SCRATCH/Player_Profiles.ini" >/dev/null ||
+    fail "quillet-cli profiles add with weights failed"
+  restart
+  local before list
+  before=$(quillet_windows)
+  # shellcheck disable=SC2086
+  click $PLAYER_ARROW
+  wait_new_window "$before" "the player list to open"
+  list=$WIN
+  click_item "$list" 1 2
+  poll "the player list to close" quillet_windows_are "$before"
+  # shellcheck disable=SC2086
+  click_card_box $MY_HAND
+  type_text AhAd
+  # shellcheck disable=SC2086
+  click_card_box $BOARD
+  type_text Tc8h3s
+  xdotool key Return
+  close_picker
+  step_shot cooked
+  # shellcheck disable=SC2086
+  click $TREE_FIRST_NODE 3
+  local menu
+  wait_new_window "$before" "the results tree's pop-up menu"
+  menu=$WIN
+  click_item "$menu" 1 2
+  "$CLI" cook --hand AhAd --board Tc8h3s --range "$weighted" >"$SCRATCH/expected-export.txt" ||
+    fail "quillet-cli cook failed"
+  grep -qF "One pair (9) " "$SCRATCH/expected-export.txt" || fail "quillet-cli cook did not count the weights"
+  poll "the clipboard to hold the export" clipboard_has "One pair (9) "
+  clipboard >"$SCRATCH/export.txt"
+  cmp -s "$SCRATCH/export.txt" "$SCRATCH/expected-export.txt" ||
+    fail "the export differs from quillet-cli cook: $(diff "$SCRATCH/export.txt" "$SCRATCH/expected-export.txt" | head -20)"
+  log "ok: the weighted export equals quillet-cli cook"
+  close_quillet
+  expect_equal "Villain's weights after the window closed" \
+    "$("$CLI" profiles show Villain --file "$SCRATCH/Player_Profiles.ini" | sed -n 's/^On layer weights: //p')" \
+    "QQ, KK:0.5, AKs:0.25"
+  [ -f "$SCRATCH/Player_Profiles.ini.weights" ] || fail "no weights file beside the profile file"
+}
+
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
     notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals | heat_map | weights | \
-    multiway)
+    multiway | weighted_profile)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end

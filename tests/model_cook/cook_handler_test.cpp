@@ -7,6 +7,7 @@
 #include "cards/hand_class.h"
 #include "range/block_record.h"
 #include "range/player_profile.h"
+#include "range/range_notation.h"
 #include "tests/support/generic_profile_window.h"
 #include "tests/support/recording_services.h"
 
@@ -239,6 +240,25 @@ TEST(CookHandler, TheFullRangeAgainstAcesOnTenEightThreeMakesTheKnownCounts) {
   EXPECT_EQ(total, 1081 + draws);
   EXPECT_GT(w.Count(26), 0);
   EXPECT_GT(w.Count(33), 0);
+}
+
+// The current profile's On-layer weights count: KK at 0.5 (3 combinations), QQ whole (6), AKs at 0.25 with
+// two of its holdings dead beside AhAd. The caption and the export text say the weighted figures.
+TEST(CookHandler, AWeightedProfileGivesTheCaptionAndTheTreeItsCombinations) {
+  CookWindow w;
+  const ParsedWeightedRange parsed = ParseWeightedRangeNotation("KK:0.5, QQ, AKs:0.25");
+  ASSERT_TRUE(parsed.ok());
+  SetOnLayerWeights(w.profile(), parsed.weights);
+  w.Cook("AhAd", "");
+  EXPECT_TRUE(w.services.messages.empty());
+  EXPECT_EQ(w.model.lblCheckPossibleHands,
+            "10 Hands in Opponent's Range\r\n9.5 Possible Hands\r\n9.5 Hands in categories");
+  EXPECT_EQ(w.model.cookRangeCount, 16);
+  EXPECT_EQ(w.model.cookLiveCount, 14);
+  EXPECT_NE(w.model.exportText.find("\r\nHigh cards (0.5) 5%\r\n  A high (0.5) 5%\r\n    ~AKs (0.5)\r\n"),
+            std::string::npos)
+      << w.model.exportText;
+  EXPECT_NE(w.model.exportText.find("\r\nOne pair (9) 94%\r\n"), std::string::npos) << w.model.exportText;
 }
 
 }  // namespace

@@ -38,8 +38,11 @@ struct ResultsTable {
   }
 
   // What the end of a classification leaves: each entry's first flag tells whether it holds anything.
-  ResultsTable& Finish(int32_t categorised) {
+  // The categorised holdings are whole unless `categorisedWeight` (thousandths) says otherwise.
+  ResultsTable& Finish(int32_t categorised, int64_t categorisedWeight = -1) {
     categories.categorisedCount = categorised;
+    categories.categorisedWeight =
+        categorisedWeight >= 0 ? categorisedWeight : int64_t{categorised} * kFullWeight;
     for (CategoryNode& node : categories.nodes) node.nonEmpty = node.count != 0;
     return *this;
   }
