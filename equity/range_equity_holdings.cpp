@@ -3,6 +3,7 @@
 
 #include "equity/range_equity.h"
 #include "range/holding_set.h"
+#include "range/weighted_holding_set.h"
 
 namespace quillet {
 namespace {
@@ -20,11 +21,30 @@ std::vector<HandCombo> CombosOf(const HoldingSet& holdings) {
 
 }  // namespace
 
+std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights) {
+  std::vector<HandCombo> combos;
+  for (int number = 0; number < kHoldingCount; ++number) {
+    const int weight = weights.Weight(number);
+    if (weight <= 0) continue;
+    const auto cards = CardsOfHolding(number);
+    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit, weight});
+  }
+  return combos;
+}
+
 RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSet& oppRange,
                                       const BoardCards& board, int32_t street,
                                       const RangeEquityProgress& progress) {
   const std::vector<HandCombo> mine = CombosOf(myRange);
   const std::vector<HandCombo> theirs = CombosOf(oppRange);
+  return StandardRangeEquity(mine, theirs, board, street, progress);
+}
+
+RangeEquityResult StandardRangeEquity(const WeightedHoldingSet& myRange, const WeightedHoldingSet& oppRange,
+                                      const BoardCards& board, int32_t street,
+                                      const RangeEquityProgress& progress) {
+  const std::vector<HandCombo> mine = WeightedCombos(myRange);
+  const std::vector<HandCombo> theirs = WeightedCombos(oppRange);
   return StandardRangeEquity(mine, theirs, board, street, progress);
 }
 
