@@ -1,4 +1,5 @@
-// Range against range for holding sets: each set becomes its list of holdings, which the list form reads.
+// Range against range for holding sets: each set becomes its list of holdings with their weights (a plain
+// set's all whole), which the list form reads.
 #include <vector>
 
 #include "equity/range_equity.h"
@@ -6,20 +7,6 @@
 #include "range/weighted_holding_set.h"
 
 namespace quillet {
-namespace {
-
-std::vector<HandCombo> CombosOf(const HoldingSet& holdings) {
-  std::vector<HandCombo> combos;
-  combos.reserve(static_cast<std::size_t>(holdings.size()));
-  for (int number = 0; number < kHoldingCount; ++number) {
-    if (!holdings.contains(number)) continue;
-    const auto cards = CardsOfHolding(number);
-    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
-  }
-  return combos;
-}
-
-}  // namespace
 
 std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights) {
   std::vector<HandCombo> combos;
@@ -35,9 +22,8 @@ std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights) {
 RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSet& oppRange,
                                       const BoardCards& board, int32_t street,
                                       const RangeEquityProgress& progress) {
-  const std::vector<HandCombo> mine = CombosOf(myRange);
-  const std::vector<HandCombo> theirs = CombosOf(oppRange);
-  return StandardRangeEquity(mine, theirs, board, street, progress);
+  return StandardRangeEquity(WeightedHoldingSet::FromHoldings(myRange),
+                             WeightedHoldingSet::FromHoldings(oppRange), board, street, progress);
 }
 
 RangeEquityResult StandardRangeEquity(const WeightedHoldingSet& myRange, const WeightedHoldingSet& oppRange,
