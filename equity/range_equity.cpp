@@ -32,7 +32,7 @@ using HoldingWeights = std::array<int32_t, kHoldingCount>;
 // copy, any other its weights in thousandths: `unit` units make one whole holding.
 struct LiveRange {
   HoldingWeights weights{};
-  HoldingWeights copies{};  // live copies, whatever their weight
+  HoldingWeights copies{};  // live copies, whatever their weight (only when weighted: else `weights`)
   int32_t holdings = 0;
   int64_t weightSum = 0;  // thousandths
   int32_t unit = 1;       // 1 or kFullWeight
@@ -48,8 +48,12 @@ LiveRange ReadLiveRange(std::span<const HandCombo> range, uint64_t boardCards) {
   for (const HandCombo& combo : range) {
     if (combo.weight <= 0 || !IsLiveHolding(combo, boardCards)) continue;
     const int32_t h = HoldingNumber(combo.card1(), combo.card2());
-    live.weights[h] += whole ? 1 : combo.weight;
-    ++live.copies[h];
+    if (whole) {
+      ++live.weights[h];
+    } else {
+      live.weights[h] += combo.weight;
+      ++live.copies[h];
+    }
     ++live.holdings;
     live.weightSum += combo.weight;
   }

@@ -7,11 +7,15 @@
 #include "range/weighted_holding_set.h"
 
 namespace quillet {
+namespace {
 
-std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights) {
+// The holdings of weight above 0, in holding-number order, flags set; `weightOf(number)` in thousandths.
+template <class WeightOf>
+std::vector<HandCombo> HoldingList(int count, WeightOf weightOf) {
   std::vector<HandCombo> combos;
+  combos.reserve(static_cast<std::size_t>(count));
   for (int number = 0; number < kHoldingCount; ++number) {
-    const int weight = weights.Weight(number);
+    const int weight = weightOf(number);
     if (weight <= 0) continue;
     const auto cards = CardsOfHolding(number);
     combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit, weight});
@@ -19,11 +23,19 @@ std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights) {
   return combos;
 }
 
+}  // namespace
+
+std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights) {
+  return HoldingList(weights.Count(), [&](int number) { return weights.Weight(number); });
+}
+
 RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSet& oppRange,
                                       const BoardCards& board, int32_t street,
                                       const RangeEquityProgress& progress) {
-  return StandardRangeEquity(WeightedHoldingSet::FromHoldings(myRange),
-                             WeightedHoldingSet::FromHoldings(oppRange), board, street, progress);
+  const auto whole = [](const HoldingSet& set) {
+    return HoldingList(set.size(), [&](int number) { return set.contains(number) ? kFullWeight : 0; });
+  };
+  return StandardRangeEquity(whole(myRange), whole(oppRange), board, street, progress);
 }
 
 RangeEquityResult StandardRangeEquity(const WeightedHoldingSet& myRange, const WeightedHoldingSet& oppRange,
