@@ -7,12 +7,15 @@
 #include <string>
 #include <vector>
 
+#include "bench/mixed_weights.h"
 #include "equity/range_equity.h"
 #include "range/range_notation.h"
 #include "range/weighted_holding_set.h"
 
 namespace quillet {
 namespace {
+
+using bench::MixedWeights;
 
 constexpr const char* kWide = "22+,A2s+,K9s+,QTs+,JTs,ATo+,KJo+";  // about 23 % of the holdings
 constexpr const char* kTight = "22+,A7s+,KTs+,QJs,AJo+,KQo";       // about 10 %
@@ -85,17 +88,8 @@ void BM_QueensPlusAceKingVsRandomPreflop(benchmark::State& state) {
   RunRangeEquity(state, "QQ+,AKs,AKo", "random", kNoBoard);
 }
 
-// Every holding at a weight from 0.001 to 1 spread over the holdings (a fifth of them whole), both ranges:
-// the tally counts in millionths. The weighted cases must cost at most 1.5 times the whole ones.
-WeightedHoldingSet MixedWeights(int salt) {
-  WeightedHoldingSet weights;
-  for (int h = 0; h < kHoldingCount; ++h) {
-    const int spread = (h * 7919 + salt * 104729) % 1000 + 1;
-    weights.SetWeight(h, spread % 5 == 0 ? kFullWeight : spread);
-  }
-  return weights;
-}
-
+// Both ranges full at mixed weights (bench/mixed_weights.h): the tally counts in millionths. The weighted
+// cases must cost at most 1.5 times the whole ones.
 void RunWeightedRangeEquity(benchmark::State& state, int32_t street, bool flushy = false) {
   const WeightedHoldingSet myRange = MixedWeights(1);
   const WeightedHoldingSet oppRange = MixedWeights(2);
