@@ -32,10 +32,13 @@ using HoldingWeights = std::array<int32_t, kHoldingCount>;
 // copy, any other its weights in thousandths: `unit` units make one whole holding.
 struct LiveRange {
   HoldingWeights weights{};
-  HoldingWeights copies{};  // live copies, whatever their weight (only when weighted: else `weights`)
+  HoldingWeights copies{};  // live copies, whatever their weight, when weighted (see Copies)
   int32_t holdings = 0;
   int64_t weightSum = 0;  // thousandths
   int32_t unit = 1;       // 1 or kFullWeight
+
+  // Live copies per holding number: `weights` themselves for a whole range.
+  const HoldingWeights& Copies() const { return unit == 1 ? weights : copies; }
 };
 
 // A holding of weight 0 (or below) is not in its range.
@@ -609,7 +612,7 @@ RangeEquityResult Calculate(std::span<const HandCombo> myRange, std::span<const 
   for (ShowdownTally& t : against) t.scale = scale;
   // The pairs weighted by the product of their weights, in the tally's units.
   const uint64_t weightedMatchups = CountMatchups(mine, theirs);
-  result.matchups = scale == 1 ? weightedMatchups : CountMatchups(myLive.copies, theirLive.copies);
+  result.matchups = scale == 1 ? weightedMatchups : CountMatchups(myLive.Copies(), theirLive.Copies());
   if (weightedMatchups == 0) return result;
 
   bool finished = false;

@@ -442,6 +442,10 @@ TEST(WeightedRangeEquity, OneWeightedRangeCountsInThousandthsFromEitherSide) {
     EXPECT_EQ(backward.tally.scale, 1000u);
     EXPECT_EQ(InMillionths(forward.tally), WeightedReferenceTally(whole, weighted, board));
     EXPECT_EQ(backward.tally, forward.tally.Reversed());
+    // The pairs are counted once each, whatever their weights.
+    const RangeEquityResult unweighted = Equity(whole, AtWeight(weighted, kFullWeight), board);
+    EXPECT_EQ(forward.matchups, unweighted.matchups);
+    EXPECT_EQ(backward.matchups, unweighted.matchups);
   }
 }
 
