@@ -131,6 +131,17 @@ MultiwayResult MultiwayExact(const std::vector<WeightedHoldingSet>& ranges, cons
   return MultiwayEquity(ranges, board, dead, options);
 }
 
+// Monte Carlo on two threads until the largest standard error is at most `targetError` points.
+MultiwayResult MultiwaySampled(const std::vector<WeightedHoldingSet>& ranges, const std::string& board,
+                               double targetError, uint64_t seed) {
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = targetError;
+  options.seed = seed;
+  options.threads = 2;
+  return MultiwayEquity(ranges, Cards(board), {}, options);
+}
+
 void ExpectMatchesBruteForce(const std::vector<std::string>& texts, const std::string& board,
                              const std::string& dead) {
   // The flop and preflop cases walk thousands of boards step by step: too slow under the sanitizer, which
@@ -225,12 +236,7 @@ TEST(MultiwayEquity, MonteCarloDrawsWeightedHoldingsInProportionToTheirWeights) 
   // A player at mixed weights beside a player who may hold anything at one weight.
   const auto ranges = MultiwayRanges({"AA:0.2,KK,72o:0.05", "random:0.5", "QJs:0.9,T9s:0.1,55"});
   const MultiwayResult exact = MultiwayExact(ranges, Cards("Tc8h3s2d"));
-  MultiwayOptions options;
-  options.method = MultiwayMethod::MonteCarlo;
-  options.targetError = 0.25;
-  options.seed = 5;
-  options.threads = 2;
-  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Tc8h3s2d"), {}, options);
+  const MultiwayResult sampled = MultiwaySampled(ranges, "Tc8h3s2d", 0.25, 5);
   ASSERT_TRUE(exact.ok() && sampled.ok()) << exact.error << sampled.error;
   // Drawn as if whole, AA and 72o would be far more common and player 1's equity far from the exact one.
   const MultiwayResult unweighted =
@@ -311,12 +317,7 @@ TEST(MultiwayEquity, ExactResultsDoNotDependOnTheThreadCount) {
 TEST(MultiwayEquity, MonteCarloLiesWithinFourStandardErrorsOfTheExactValue) {
   const auto ranges = MultiwayRanges({"TT+,AQ+", "KhQh,JJ", "99-66,A5s"});
   const MultiwayResult exact = MultiwayExact(ranges, Cards("Ts8h3s"));
-  MultiwayOptions options;
-  options.method = MultiwayMethod::MonteCarlo;
-  options.targetError = 0.3;
-  options.seed = 7;
-  options.threads = 2;
-  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Ts8h3s"), {}, options);
+  const MultiwayResult sampled = MultiwaySampled(ranges, "Ts8h3s", 0.3, 7);
   ASSERT_TRUE(exact.ok() && sampled.ok());
   EXPECT_FALSE(sampled.exact);
   EXPECT_GT(sampled.standardError, 0.0);
@@ -325,7 +326,7 @@ TEST(MultiwayEquity, MonteCarloLiesWithinFourStandardErrorsOfTheExactValue) {
     EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;
   }
   // The same seed and thread count repeat the same run.
-  const MultiwayResult again = MultiwayEquity(ranges, Cards("Ts8h3s"), {}, options);
+  const MultiwayResult again = MultiwaySampled(ranges, "Ts8h3s", 0.3, 7);
   EXPECT_EQ(again.players[0].equity, sampled.players[0].equity);
   EXPECT_EQ(again.deals, sampled.deals);
 }
@@ -334,12 +335,7 @@ TEST(MultiwayEquity, MonteCarloWithPlayersWhoMayHoldAnythingLiesWithinFourStanda
   // "random" players are dealt straight from the cards left; the deal must stay fair beside a range.
   const auto ranges = MultiwayRanges({"AhAd", "random", "KK,QJs", "random"});
   const MultiwayResult exact = MultiwayExact(ranges, Cards("Tc8h3s2d"));
-  MultiwayOptions options;
-  options.method = MultiwayMethod::MonteCarlo;
-  options.targetError = 0.25;
-  options.seed = 11;
-  options.threads = 2;
-  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Tc8h3s2d"), {}, options);
+  const MultiwayResult sampled = MultiwaySampled(ranges, "Tc8h3s2d", 0.25, 11);
   ASSERT_TRUE(exact.ok() && sampled.ok()) << exact.error << sampled.error;
   for (std::size_t p = 0; p < 4; ++p) {
     EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;
