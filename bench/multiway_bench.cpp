@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/mixed_weights.h"
 #include "equity/multiway_equity.h"
 #include "range/range_notation.h"
 
@@ -30,9 +31,8 @@ std::vector<Card> BenchCards(const std::string& text) {
   return cards;
 }
 
-void RunCase(benchmark::State& state, const std::vector<std::string>& players, const std::string& board,
-             MultiwayMethod method, int threads, double error = 0.1) {
-  const auto ranges = BenchPlayers(players);
+void RunRanges(benchmark::State& state, const std::vector<WeightedHoldingSet>& ranges,
+               const std::string& board, MultiwayMethod method, int threads, double error = 0.1) {
   const auto cards = BenchCards(board);
   MultiwayOptions options;
   options.method = method;
@@ -47,6 +47,11 @@ void RunCase(benchmark::State& state, const std::vector<std::string>& players, c
   state.counters["deals"] = static_cast<double>(result.deals);
   state.counters["p1_equity"] = result.players.empty() ? 0 : result.players[0].equity;
   state.counters["std_error"] = result.standardError;
+}
+
+void RunCase(benchmark::State& state, const std::vector<std::string>& players, const std::string& board,
+             MultiwayMethod method, int threads, double error = 0.1) {
+  RunRanges(state, BenchPlayers(players), board, method, threads, error);
 }
 
 // Six hands preflop, exact (1.7 million boards).
@@ -88,6 +93,27 @@ void BM_SixRandomMonteCarlo(benchmark::State& state) {
           1, 0.01);
 }
 BENCHMARK(BM_SixRandomMonteCarlo)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+// The weighted cases: each "random" above at mixed weights (bench/mixed_weights.h), to set beside the whole
+// ones; a weighted full range must cost at most 1.5 times a whole one.
+void BM_WeightedAcesTwoRandomFlopExact(benchmark::State& state) {
+  RunRanges(state, {BenchPlayers({"AhAd"})[0], bench::MixedWeights(1), bench::MixedWeights(2)}, "Tc8h3s",
+            MultiwayMethod::Exact, 1);
+}
+BENCHMARK(BM_WeightedAcesTwoRandomFlopExact)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+void BM_WeightedThreeRandomTurnExact(benchmark::State& state) {
+  RunRanges(state, {bench::MixedWeights(1), bench::MixedWeights(2), bench::MixedWeights(3)}, "Tc8h3s2d",
+            MultiwayMethod::Exact, 1);
+}
+BENCHMARK(BM_WeightedThreeRandomTurnExact)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+void BM_WeightedSixRandomMonteCarlo(benchmark::State& state) {
+  std::vector<WeightedHoldingSet> players;
+  for (int p = 1; p <= 6; ++p) players.push_back(bench::MixedWeights(p));
+  RunRanges(state, players, "", MultiwayMethod::MonteCarlo, 1, 0.01);
+}
+BENCHMARK(BM_WeightedSixRandomMonteCarlo)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
 }  // namespace
 }  // namespace quillet

@@ -5,12 +5,17 @@
 #include <benchmark/benchmark.h>
 
 #include <string>
+#include <vector>
 
+#include "bench/mixed_weights.h"
 #include "equity/range_equity.h"
 #include "range/range_notation.h"
+#include "range/weighted_holding_set.h"
 
 namespace quillet {
 namespace {
+
+using bench::MixedWeights;
 
 constexpr const char* kWide = "22+,A2s+,K9s+,QTs+,JTs,ATo+,KJo+";  // about 23 % of the holdings
 constexpr const char* kTight = "22+,A7s+,KTs+,QJs,AJo+,KQo";       // about 10 %
@@ -83,6 +88,64 @@ void BM_QueensPlusAceKingVsRandomPreflop(benchmark::State& state) {
   RunRangeEquity(state, "QQ+,AKs,AKo", "random", kNoBoard);
 }
 
+// Both ranges full at mixed weights (bench/mixed_weights.h): the tally counts in millionths. The weighted
+// cases must cost at most 1.5 times the whole ones.
+void RunWeightedRangeEquity(benchmark::State& state, int32_t street, bool flushy = false) {
+  const WeightedHoldingSet myRange = MixedWeights(1);
+  const WeightedHoldingSet oppRange = MixedWeights(2);
+  const BoardCards board = flushy ? MonotonePaired(street) : TenEightThreeRainbow(street);
+  StandardRangeEquity(myRange, oppRange, board, street);
+  for (auto _ : state) {
+    RangeEquityResult result = StandardRangeEquity(myRange, oppRange, board, street);
+    benchmark::DoNotOptimize(result);
+  }
+}
+
+void BM_WeightedRandomVsWeightedRandomPreflop(benchmark::State& state) {
+  RunWeightedRangeEquity(state, kNoBoard);
+}
+void BM_WeightedRandomVsWeightedRandomFlop(benchmark::State& state) {
+  RunWeightedRangeEquity(state, kFlop);
+}
+void BM_WeightedRandomVsWeightedRandomTurn(benchmark::State& state) {
+  RunWeightedRangeEquity(state, kTurn);
+}
+void BM_WeightedRandomVsWeightedRandomRiver(benchmark::State& state) {
+  RunWeightedRangeEquity(state, kRiver);
+}
+void BM_WeightedRandomVsWeightedRandomSpadesFlop(benchmark::State& state) {
+  RunWeightedRangeEquity(state, kFlop, true);
+}
+void BM_WeightedRandomVsWeightedRandomSpadesTurn(benchmark::State& state) {
+  RunWeightedRangeEquity(state, kTurn, true);
+}
+void BM_WeightedRandomVsWeightedRandomSpadesRiver(benchmark::State& state) {
+  RunWeightedRangeEquity(state, kRiver, true);
+}
+
+// The heat map's walk, per holding of the opponent's range: the full range against the full range, whole
+// (argument 0) or weighted (1), on the flop (1), the turn (2) or preflop (0).
+void BM_ByHoldingRandomVsRandom(benchmark::State& state) {
+  const bool weighted = state.range(0) != 0;
+  const auto street = static_cast<int32_t>(state.range(1));
+  const std::vector<HandCombo> mine =
+      WeightedCombos(weighted ? MixedWeights(1) : WeightedHoldingSet::FromHoldings(Range("random")));
+  const std::vector<HandCombo> theirs =
+      WeightedCombos(weighted ? MixedWeights(2) : WeightedHoldingSet::FromHoldings(Range("random")));
+  const BoardCards board = TenEightThreeRainbow(street);
+  std::vector<ShowdownTally> against(kHoldingCount);
+  StandardRangeEquityByHolding(mine, theirs, board, street, against);
+  for (auto _ : state) {
+    RangeEquityResult result = StandardRangeEquityByHolding(mine, theirs, board, street, against);
+    benchmark::DoNotOptimize(result);
+    benchmark::DoNotOptimize(against.data());
+  }
+  state.SetLabel(std::string(weighted ? "weighted" : "whole") + ", " +
+                 (street == kNoBoard ? "preflop"
+                  : street == kFlop  ? "flop"
+                                     : "turn"));
+}
+
 BENCHMARK(BM_RandomVsRandomPreflop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomVsRandomFlop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomVsRandomTurn)->Unit(benchmark::kMillisecond);
@@ -93,6 +156,14 @@ BENCHMARK(BM_RandomVsRandomSpadesRiver)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_WideVsTightPreflop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_WideVsTightFlop)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_QueensPlusAceKingVsRandomPreflop)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WeightedRandomVsWeightedRandomPreflop)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WeightedRandomVsWeightedRandomFlop)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WeightedRandomVsWeightedRandomTurn)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WeightedRandomVsWeightedRandomRiver)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_WeightedRandomVsWeightedRandomSpadesFlop)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WeightedRandomVsWeightedRandomSpadesTurn)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_WeightedRandomVsWeightedRandomSpadesRiver)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_ByHoldingRandomVsRandom)->ArgsProduct({{0, 1}, {0, 1, 2}})->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillet

@@ -1,5 +1,6 @@
-// quillet-cli multiway: the equity of 2 to 10 players, each a hand or a range in notation, under the
-// standard rules: exact when it fits the budget, else Monte Carlo to a standard error.
+// quillet-cli multiway: the equity of 2 to 10 players, each a hand or a range in notation (weights taken:
+// "AA:0.5, KK"), under the standard rules: exact when it fits the budget, else Monte Carlo to a standard
+// error.
 #include <CLI/CLI.hpp>
 #include <cctype>
 #include <iomanip>
@@ -97,10 +98,6 @@ int RunMultiway(const std::vector<std::string>& words, std::ostream& out, std::o
     if (!parsed.ok()) {
       err << "multiway: --player " << p + 1 << " \"" << playerTexts[p] << "\": " << parsed.error->message
           << "\n";
-      return kExitBadInput;
-    }
-    if (!parsed.weights.IsUnweighted()) {
-      err << "multiway: --player " << p + 1 << ": weights are not taken here yet\n";
       return kExitBadInput;
     }
     if (parsed.weights.Empty()) {

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "cards/card_input.h"
 #include "cli/commands.h"
@@ -25,6 +26,20 @@ std::string ShortestNumberText(double value) {
   return std::string(buffer, result.ptr);
 }
 
+// A tally's showdowns as a number: a count of whole ranges as it is, a weighted one (in units of which the
+// tally's scale, a power of ten, make one showdown) to its last nonzero decimal ("1732.5", "0.32967").
+std::string ShowdownsText(const ShowdownTally& tally) {
+  const uint64_t scale = tally.scale == 0 ? 1 : tally.scale;
+  std::string text = std::to_string(tally.Showdowns() / scale);
+  uint64_t rest = tally.Showdowns() % scale;
+  if (rest != 0) text += '.';
+  for (uint64_t unit = scale / 10; unit > 0 && rest != 0; unit /= 10) {
+    text += static_cast<char>('0' + rest / unit);
+    rest %= unit;
+  }
+  return text;
+}
+
 // The board as the Board box reads it, with the window's messages when it is refused.
 bool ReadBoard(const std::string& text, BoardCards& board, int32_t& street, std::ostream& err) {
   std::string handText;
@@ -45,12 +60,12 @@ bool ReadBoard(const std::string& text, BoardCards& board, int32_t& street, std:
 }  // namespace
 
 int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::ostream& err) {
-  const ParsedRange mine = ParseRangeNotation(request.handRange);
+  const ParsedWeightedRange mine = ParseWeightedRangeNotation(request.handRange);
   if (!mine.ok()) {
     err << "equity: --hand-range: " << mine.error->message << "\n";
     return kExitBadInput;
   }
-  const ParsedRange theirs = ParseRangeNotation(request.range);
+  const ParsedWeightedRange theirs = ParseWeightedRangeNotation(request.range);
   if (!theirs.ok()) {
     err << "equity: --range: " << theirs.error->message << "\n";
     return kExitBadInput;
@@ -60,9 +75,11 @@ int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::
   if (!ReadBoard(request.board, board, street, err)) return kExitBadInput;
 
   std::optional<ClassEquities> classes;
-  const RangeEquityResult result =
-      request.perClass ? RangeEquityWithClasses(mine.holdings, theirs.holdings, board, street, classes)
-                       : StandardRangeEquity(mine.holdings, theirs.holdings, board, street);
+  const std::vector<HandCombo> myCombos = WeightedCombos(mine.weights);
+  const std::vector<HandCombo> theirCombos = WeightedCombos(theirs.weights);
+  const RangeEquityResult result = request.perClass
+                                       ? RangeEquityWithClasses(myCombos, theirCombos, board, street, classes)
+                                       : StandardRangeEquity(myCombos, theirCombos, board, street);
   if (!result.ok()) {
     err << "equity: " << result.error << "\n";
     return kExitFailure;
@@ -75,8 +92,9 @@ int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::
     out << "{\"my\":" << ShortestNumberText(my) << ",\"opp\":" << ShortestNumberText(opp)
         << ",\"win\":" << ShortestNumberText(tally.WinPercent())
         << ",\"tie\":" << ShortestNumberText(tally.TiePercent())
-        << ",\"lose\":" << ShortestNumberText(tally.LossPercent()) << ",\"showdowns\":" << tally.Showdowns()
-        << ",\"street\":" << street << ",\"rules\":\"" << ShowdownRulesName(ShowdownRules::Standard) << "\"";
+        << ",\"lose\":" << ShortestNumberText(tally.LossPercent())
+        << ",\"showdowns\":" << ShowdownsText(tally) << ",\"street\":" << street << ",\"rules\":\""
+        << ShowdownRulesName(ShowdownRules::Standard) << "\"";
     if (request.perClass)
       out << ",\"classes\":" << (classes ? ClassEquitiesJson(*classes).dump() : std::string("null"));
     out << "}\n";

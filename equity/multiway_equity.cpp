@@ -33,11 +33,19 @@ struct Holding {
 };
 
 struct Player {
-  std::vector<Holding> holdings;    // live: no card on the board or among the dead cards
-  uint64_t needed = 0;              // cards every live holding holds
-  std::vector<int64_t> cumulative;  // running weight sums, for drawing by weight
-  bool uniform = false;             // every live holding has the same weight: drawn by its place
-  bool full = false;  // uniform and every holding the deck still allows: dealt two cards from the deck
+  std::vector<Holding> holdings;  // live: no card on the board or among the dead cards
+  uint64_t needed = 0;            // cards every live holding holds
+  // Drawing by weight (Walker's alias method): a place drawn evenly is kept with the chance keep / 2^64,
+  // else its alias is taken; each place holds what a draw reads, so that a draw reads one of them.
+  struct AliasPlace {
+    uint64_t keep = 0;
+    uint64_t bits = 0;       // the place's own holding's cards
+    uint64_t otherBits = 0;  // its alias's
+    uint32_t other = 0;
+  };
+  std::vector<AliasPlace> alias;
+  bool uniform = false;  // every live holding has the same weight: drawn by its place
+  bool full = false;     // uniform and every holding the deck still allows: dealt two cards from the deck
 };
 
 // The value of a holding on a complete board whose rank state, suit counts and flush suit are given.
@@ -379,6 +387,63 @@ uint64_t Below(uint64_t& state, uint64_t bound) {
   return static_cast<uint64_t>((static_cast<unsigned __int128>(SplitMix(state)) * bound) >> 64);
 }
 
+// The alias table of a player's live holdings, whose weights sum to `weightSum` (Vose's construction, in
+// whole numbers): each place is a column of height weightSum shared by its own holding and one other, so
+// that a place drawn evenly and a height drawn evenly pick each holding in proportion to its weight. The
+// heights kept are then put on the scale of 2^64.
+void BuildAliasTable(Player& player, int64_t weightSum) {
+  const std::size_t n = player.holdings.size();
+  std::vector<int64_t> scaled(n);
+  std::vector<uint32_t> small;
+  std::vector<uint32_t> large;
+  for (std::size_t i = 0; i < n; ++i) {
+    scaled[i] = int64_t{player.holdings[i].weight} * static_cast<int64_t>(n);
+    (scaled[i] < weightSum ? small : large).push_back(static_cast<uint32_t>(i));
+  }
+  std::vector<int64_t> keep(n, weightSum);
+  std::vector<uint32_t> other(n);
+  for (std::size_t i = 0; i < n; ++i) other[i] = static_cast<uint32_t>(i);
+  while (!small.empty() && !large.empty()) {
+    const uint32_t low = small.back();
+    small.pop_back();
+    const uint32_t high = large.back();
+    keep[low] = scaled[low];
+    other[low] = high;
+    scaled[high] -= weightSum - scaled[low];
+    if (scaled[high] < weightSum) {
+      large.pop_back();
+      small.push_back(high);
+    }
+  }
+  player.alias.resize(n);
+  for (std::size_t i = 0; i < n; ++i) {
+    Player::AliasPlace& place = player.alias[i];
+    // A whole column is kept always; else keep / weightSum of 2^64, rounded down.
+    place.keep = keep[i] >= weightSum
+                     ? UINT64_MAX
+                     : static_cast<uint64_t>((static_cast<unsigned __int128>(keep[i]) << 64) /
+                                             static_cast<unsigned __int128>(weightSum));
+    place.bits = player.holdings[i].bits;
+    place.otherBits = player.holdings[other[i]].bits;
+    place.other = other[i];
+  }
+}
+
+// A player's holding drawn in proportion to its weight (one number gives both the place, from the high
+// half of its product with the places, and the chance of keeping it, from the low half): its cards.
+inline uint64_t DrawByWeight(const Player& player, uint64_t& rng, const Holding*& chosen) {
+  if (player.uniform) {
+    chosen = &player.holdings[static_cast<std::size_t>(Below(rng, player.holdings.size()))];
+    return chosen->bits;
+  }
+  const auto product = static_cast<unsigned __int128>(SplitMix(rng)) * player.holdings.size();
+  const auto place = static_cast<std::size_t>(product >> 64);
+  const Player::AliasPlace& slot = player.alias[place];
+  const bool own = static_cast<uint64_t>(product) < slot.keep;
+  chosen = &player.holdings[own ? place : slot.other];
+  return own ? slot.bits : slot.otherBits;
+}
+
 // One thread's round of Monte Carlo samples.
 void SampleRound(const std::vector<Player>& players, uint64_t knownBoard, uint64_t deadAll, int coming,
                  int samples, uint64_t& rng, Sums& sums) {
@@ -409,19 +474,9 @@ void SampleRound(const std::vector<Player>& players, uint64_t knownBoard, uint64
     for (int p = 0; p < count && !collided; ++p) {
       const Player& player = players[p];
       if (player.full) continue;
-      std::size_t place = 0;
-      if (player.uniform) {
-        place = static_cast<std::size_t>(Below(rng, player.holdings.size()));
-      } else {
-        const uint64_t pick = Below(rng, static_cast<uint64_t>(player.cumulative.back()));
-        place = static_cast<std::size_t>(
-            std::upper_bound(player.cumulative.begin(), player.cumulative.end(), static_cast<int64_t>(pick)) -
-            player.cumulative.begin());
-      }
-      const Holding& h = player.holdings[place];
-      collided = (h.bits & used) != 0;
-      used |= h.bits;
-      chosen[p] = &h;
+      const uint64_t bits = DrawByWeight(player, rng, chosen[p]);
+      collided = (bits & used) != 0;
+      used |= bits;
     }
     if (collided) continue;
     for (int p = 0; p < count; ++p) {
@@ -511,7 +566,6 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
       player.holdings.push_back({bits, cards[0], cards[1], weight, number});
       player.needed &= bits;
       sum += weight;
-      player.cumulative.push_back(sum);
     }
     if (player.holdings.empty()) {
       result.error = "player " + std::to_string(p + 1) + " has no live holding";
@@ -520,6 +574,7 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
     player.uniform = std::all_of(player.holdings.begin(), player.holdings.end(), [&](const Holding& h) {
       return h.weight == player.holdings.front().weight;
     });
+    if (!player.uniform) BuildAliasTable(player, sum);
     const int64_t left = kDeckSize - std::popcount(knownBits);
     player.full = player.uniform && static_cast<int64_t>(player.holdings.size()) == left * (left - 1) / 2;
     needed |= player.needed;

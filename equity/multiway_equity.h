@@ -2,7 +2,8 @@
 // holdings of its range (a single hand is a range of one holding), the board is completed to five cards,
 // and each showdown is decided by the best five of the seven cards. A deal where two players' holdings, a
 // holding and the board or a holding and a dead card share a card is not dealt; every other deal counts
-// with the product of the players' weights (1 for every holding today). A k-way tie gives each of the k
+// with the product of the players' weights (a holding's weight in its range, 0.001 to 1; a whole range has
+// every weight 1, and a player at one weight throughout counts as if whole). A k-way tie gives each of the k
 // players 1/k of the pot.
 //
 // How it counts:

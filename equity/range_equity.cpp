@@ -25,22 +25,47 @@ const std::array<std::array<Card, 2>, kHoldingCount>& CardsOfHoldings() {
   return cards;
 }
 
-// Per holding number, how many times a range lists it live.
+// Per holding number, the weight of a range's live copies in the units its tally counts (see LiveRange).
 using HoldingWeights = std::array<int32_t, kHoldingCount>;
 
-HoldingWeights LiveWeights(std::span<const HandCombo> range, uint64_t boardCards, int32_t& count) {
+// A range's live holdings by holding number. A range whose listed holdings are all whole counts one unit a
+// copy, any other its weights in thousandths: `unit` units make one whole holding.
+struct LiveRange {
   HoldingWeights weights{};
-  count = 0;
+  HoldingWeights copies{};  // live copies, whatever their weight, when weighted (see Copies)
+  int32_t holdings = 0;
+  int64_t weightSum = 0;  // thousandths
+  int32_t unit = 1;       // 1 or kFullWeight
+
+  // Live copies per holding number: `weights` themselves for a whole range.
+  const HoldingWeights& Copies() const { return unit == 1 ? weights : copies; }
+};
+
+// A holding of weight 0 (or below) is not in its range.
+LiveRange ReadLiveRange(std::span<const HandCombo> range, uint64_t boardCards) {
+  LiveRange live;
+  const bool whole = std::all_of(range.begin(), range.end(), [](const HandCombo& combo) {
+    return combo.weight <= 0 || combo.weight == kFullWeight;
+  });
+  live.unit = whole ? 1 : kFullWeight;
   for (const HandCombo& combo : range) {
-    if (!IsLiveHolding(combo, boardCards)) continue;
-    ++weights[HoldingNumber(combo.card1(), combo.card2())];
-    ++count;
+    if (combo.weight <= 0 || !IsLiveHolding(combo, boardCards)) continue;
+    const int32_t h = HoldingNumber(combo.card1(), combo.card2());
+    if (whole) {
+      ++live.weights[h];
+    } else {
+      live.weights[h] += combo.weight;
+      ++live.copies[h];
+    }
+    ++live.holdings;
+    live.weightSum += combo.weight;
   }
-  return weights;
+  return live;
 }
 
 // Pairs of live holdings without a common card, by inclusion and exclusion over the cards: all pairs,
 // less those that share a card, plus those that share both (a holding met by itself, counted twice above).
+// Given weights, the pairs' products of weights summed.
 uint64_t CountMatchups(const HoldingWeights& mine, const HoldingWeights& theirs) {
   int64_t myTotal = 0;
   int64_t theirTotal = 0;
@@ -138,8 +163,8 @@ bool CountPreflop(const PreflopClassTable& table, const HoldingWeights& mine, co
 // One live holding in the list of its rank pair, for one range.
 struct RankPairEntry {
   uint64_t cards = 0;       // deck bits of its two cards
-  int32_t weight = 0;       // how often this range lists it
-  int32_t otherWeight = 0;  // how often the other range lists it
+  int32_t weight = 0;       // its weight in this range (all its live copies, in the range's units)
+  int32_t otherWeight = 0;  // its weight in the other range
   uint16_t number = 0;      // holding number
   uint8_t card1 = 0;        // deck places of its cards
   uint8_t card2 = 0;
@@ -206,10 +231,11 @@ class CompletionCounter {
     const bool allFlushes = flushSuit >= 0 && suitCounts[flushSuit] == 5;
     if (candidates != nullptr)
       CollectFlushes(pattern, suitRanks[flushSuit], *candidates, comingCards, allFlushes);
+    const Walk walk{pattern, allFlushes ? 0 : pattern.order.size(), candidates, comingCards};
     if constexpr (kByOpponent) {
-      SweepByOpponent(pattern, allFlushes ? 0 : pattern.order.size(), candidates, comingCards);
+      SweepByOpponent(walk);
     } else {
-      Sweep(pattern, allFlushes ? 0 : pattern.order.size(), candidates, comingCards, wins, ties);
+      Sweep(walk, wins, ties);
     }
     for (const uint64_t item : flush_) moved_[(*candidates)[item & 0xFFFF].number] = false;
   }
@@ -296,162 +322,150 @@ class CompletionCounter {
     std::sort(flush_.begin(), flush_.end());
   }
 
-  // Walks the values upwards in groups of equal value.
-  void Sweep(const Pattern& pattern, std::size_t pairCount,
-             const std::vector<WeightedFlushCandidate>* candidates, uint64_t comingCards, int64_t& wins,
-             int64_t& ties) {
-    int64_t passed = 0;                           // opponent's holdings of a lower value
-    std::array<int64_t, kDeckSize> passedWith{};  // the same, holding the card
-    int64_t less = 0;
-    int64_t lessOrEqual = 0;
-    const auto beaten = [&](uint8_t card1, uint8_t card2) {
-      return passed - passedWith[card1] - passedWith[card2];
-    };
-    const auto pass = [&](uint8_t card1, uint8_t card2, int32_t weight) {
-      passed += weight;
-      passedWith[card1] += weight;
-      passedWith[card2] += weight;
-    };
-    const auto live = [&](const RankPairEntry& e) {
-      return (e.cards & comingCards) == 0 && !moved_[e.number];
-    };
+  // One board's walk: the rank pairs' order, how many of them are walked (none when every holding makes a
+  // flush), the flush candidates and the coming cards.
+  struct Walk {
+    const Pattern& pattern;
+    std::size_t pairCount;
+    const std::vector<WeightedFlushCandidate>* candidates;
+    uint64_t comingCards;
+  };
+  // The holdings of one value: the rank pairs pattern.order[pairBegin, pairEnd) and the flush holdings
+  // flush_[flushBegin, flushEnd).
+  struct ValueGroup {
+    std::size_t pairBegin;
+    std::size_t pairEnd;
+    std::size_t flushBegin;
+    std::size_t flushEnd;
+  };
 
+  // Calls `visit` with each group of equal value, the lowest value first.
+  template <class Visit>
+  void ForEachValueGroup(const Walk& walk, Visit&& visit) const {
+    const Pattern& pattern = walk.pattern;
     std::size_t p = 0;
     std::size_t f = 0;
     const std::size_t flushCount = flush_.size();
-    while (p < pairCount || f < flushCount) {
+    while (p < walk.pairCount || f < flushCount) {
       HandValue value = UINT32_MAX;
-      if (p < pairCount) value = pattern.values[pattern.order[p]];
+      if (p < walk.pairCount) value = pattern.values[pattern.order[p]];
       if (f < flushCount) value = std::min(value, static_cast<HandValue>(flush_[f] >> 32));
       std::size_t pairEnd = p;
-      while (pairEnd < pairCount && pattern.values[pattern.order[pairEnd]] == value) ++pairEnd;
+      while (pairEnd < walk.pairCount && pattern.values[pattern.order[pairEnd]] == value) ++pairEnd;
       std::size_t flushEnd = f;
       while (flushEnd < flushCount && static_cast<HandValue>(flush_[flushEnd] >> 32) == value) ++flushEnd;
-
-      // My holdings of this value beat the opponent's passed so far.
-      for (std::size_t i = p; i < pairEnd; ++i) {
-        const uint16_t pair = pattern.order[i];
-        for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) {
-          const RankPairEntry& e = mine_[k];
-          if (live(e)) less += e.weight * beaten(e.card1, e.card2);
-        }
-      }
-      for (std::size_t i = f; i < flushEnd; ++i) {
-        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
-        less += c.myWeight * beaten(c.card1, c.card2);
-      }
-      // The opponent's holdings of this value are passed.
-      for (std::size_t i = p; i < pairEnd; ++i) {
-        const uint16_t pair = pattern.order[i];
-        for (uint32_t k = theirStart_[pair]; k < theirStart_[pair + 1]; ++k) {
-          const RankPairEntry& e = theirs_[k];
-          if (live(e)) pass(e.card1, e.card2, e.weight);
-        }
-      }
-      for (std::size_t i = f; i < flushEnd; ++i) {
-        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
-        pass(c.card1, c.card2, c.theirWeight);
-      }
-      // My holdings of this value meet those passed now at a tie or better; the opponent's copy of the
-      // holding itself was taken off twice, once per card.
-      for (std::size_t i = p; i < pairEnd; ++i) {
-        const uint16_t pair = pattern.order[i];
-        for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) {
-          const RankPairEntry& e = mine_[k];
-          if (live(e)) lessOrEqual += e.weight * (beaten(e.card1, e.card2) + e.otherWeight);
-        }
-      }
-      for (std::size_t i = f; i < flushEnd; ++i) {
-        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
-        lessOrEqual += c.myWeight * (beaten(c.card1, c.card2) + c.theirWeight);
-      }
+      visit(ValueGroup{p, pairEnd, f, flushEnd});
       p = pairEnd;
       f = flushEnd;
     }
+  }
+
+  // Calls fn(number, card1, card2, weight, otherWeight) for each live holding of one range (kMine: my range,
+  // else the opponent's) in the group: its weight in that range and in the other one.
+  template <bool kMine, class Fn>
+  void ForEachHolding(const Walk& walk, const ValueGroup& group, Fn&& fn) const {
+    const std::vector<RankPairEntry>& entries = kMine ? mine_ : theirs_;
+    const std::array<uint32_t, kRankPairCount + 1>& start = kMine ? myStart_ : theirStart_;
+    for (std::size_t i = group.pairBegin; i < group.pairEnd; ++i) {
+      const uint16_t pair = walk.pattern.order[i];
+      for (uint32_t k = start[pair]; k < start[pair + 1]; ++k) {
+        const RankPairEntry& e = entries[k];
+        if ((e.cards & walk.comingCards) == 0 && !moved_[e.number])
+          fn(e.number, e.card1, e.card2, e.weight, e.otherWeight);
+      }
+    }
+    for (std::size_t i = group.flushBegin; i < group.flushEnd; ++i) {
+      const WeightedFlushCandidate& c = (*walk.candidates)[flush_[i] & 0xFFFF];
+      const int32_t weight = kMine ? c.myWeight : c.theirWeight;
+      if (weight != 0) fn(c.number, c.card1, c.card2, weight, kMine ? c.theirWeight : c.myWeight);
+    }
+  }
+
+  // Whether my range has a live holding in the group.
+  bool MineInGroup(const Walk& walk, const ValueGroup& group) const {
+    for (std::size_t i = group.pairBegin; i < group.pairEnd; ++i) {
+      const uint16_t pair = walk.pattern.order[i];
+      for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) {
+        const RankPairEntry& e = mine_[k];
+        if ((e.cards & walk.comingCards) == 0 && !moved_[e.number]) return true;
+      }
+    }
+    for (std::size_t i = group.flushBegin; i < group.flushEnd; ++i) {
+      if ((*walk.candidates)[flush_[i] & 0xFFFF].myWeight != 0) return true;
+    }
+    return false;
+  }
+
+  // The weights of the holdings passed so far, in total and per card.
+  struct Passed {
+    int64_t total = 0;
+    std::array<int64_t, kDeckSize> with{};
+
+    void Add(uint8_t card1, uint8_t card2, int32_t weight) {
+      total += weight;
+      with[card1] += weight;
+      with[card2] += weight;
+    }
+    // Those sharing no card with a holding of these two cards.
+    int64_t Apart(uint8_t card1, uint8_t card2) const { return total - with[card1] - with[card2]; }
+  };
+
+  // My wins and ties on one board: walking up the values, my holdings of a value beat the opponent's
+  // passed before it and tie those of the same value.
+  void Sweep(const Walk& walk, int64_t& wins, int64_t& ties) {
+    Passed passed;
+    int64_t less = 0;
+    int64_t lessOrEqual = 0;
+    ForEachValueGroup(walk, [&](const ValueGroup& group) {
+      // My holdings of this value beat the opponent's passed so far.
+      ForEachHolding<true>(walk, group, [&](uint16_t, uint8_t card1, uint8_t card2, int32_t weight, int32_t) {
+        less += weight * passed.Apart(card1, card2);
+      });
+      // The opponent's holdings of this value are passed.
+      ForEachHolding<false>(walk, group,
+                            [&](uint16_t, uint8_t card1, uint8_t card2, int32_t weight, int32_t) {
+                              passed.Add(card1, card2, weight);
+                            });
+      // My holdings of this value meet those passed now at a tie or better; the opponent's copy of the
+      // holding itself was taken off twice, once per card.
+      ForEachHolding<true>(walk, group,
+                           [&](uint16_t, uint8_t card1, uint8_t card2, int32_t weight, int32_t theirWeight) {
+                             lessOrEqual += weight * (passed.Apart(card1, card2) + theirWeight);
+                           });
+    });
     wins += less;
     ties += lessOrEqual - less;
   }
 
   // The same walk from the opponent's side: per holding of the opponent's range (by holding number, one
-  // copy), my holdings of a lower value (Above) and of an equal one (Level) that share no
-  // card with it, weighted by how often my range lists them.
-  void SweepByOpponent(const Pattern& pattern, std::size_t pairCount,
-                       const std::vector<WeightedFlushCandidate>* candidates, uint64_t comingCards) {
-    int64_t passed = 0;                           // my holdings of a lower value
-    std::array<int64_t, kDeckSize> passedWith{};  // the same, holding the card
-    const auto beaten = [&](uint8_t card1, uint8_t card2) {
-      return passed - passedWith[card1] - passedWith[card2];
-    };
-    const auto pass = [&](uint8_t card1, uint8_t card2, int32_t weight) {
-      passed += weight;
-      passedWith[card1] += weight;
-      passedWith[card2] += weight;
-    };
-    const auto live = [&](const RankPairEntry& e) {
-      return (e.cards & comingCards) == 0 && !moved_[e.number];
-    };
-
-    std::array<int64_t, kDeckSize> withBefore{};  // passedWith before this value's holdings
-    std::size_t p = 0;
-    std::size_t f = 0;
-    const std::size_t flushCount = flush_.size();
-    while (p < pairCount || f < flushCount) {
-      HandValue value = UINT32_MAX;
-      if (p < pairCount) value = pattern.values[pattern.order[p]];
-      if (f < flushCount) value = std::min(value, static_cast<HandValue>(flush_[f] >> 32));
-      std::size_t pairEnd = p;
-      while (pairEnd < pairCount && pattern.values[pattern.order[pairEnd]] == value) ++pairEnd;
-      std::size_t flushEnd = f;
-      while (flushEnd < flushCount && static_cast<HandValue>(flush_[flushEnd] >> 32) == value) ++flushEnd;
-
+  // copy), the weights of my holdings of a lower value (Above) and of an equal one (Level) that share no
+  // card with it.
+  void SweepByOpponent(const Walk& walk) {
+    Passed passed;  // my holdings of a lower value
+    Passed before;  // the same before this value's holdings
+    ForEachValueGroup(walk, [&](const ValueGroup& group) {
       // My holdings of this value, passed now; without any, the opponent's of this value tie none.
-      const int64_t passedBefore = passed;
-      bool mineHere = false;
-      for (std::size_t i = p; i < pairEnd && !mineHere; ++i) {
-        const uint16_t pair = pattern.order[i];
-        for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) mineHere = mineHere || live(mine_[k]);
-      }
-      for (std::size_t i = f; i < flushEnd && !mineHere; ++i)
-        mineHere = (*candidates)[flush_[i] & 0xFFFF].myWeight != 0;
+      const bool mineHere = MineInGroup(walk, group);
       if (mineHere) {
-        withBefore = passedWith;
-        for (std::size_t i = p; i < pairEnd; ++i) {
-          const uint16_t pair = pattern.order[i];
-          for (uint32_t k = myStart_[pair]; k < myStart_[pair + 1]; ++k) {
-            const RankPairEntry& e = mine_[k];
-            if (live(e)) pass(e.card1, e.card2, e.weight);
-          }
-        }
-        for (std::size_t i = f; i < flushEnd; ++i) {
-          const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
-          pass(c.card1, c.card2, c.myWeight);
-        }
+        before = passed;
+        ForEachHolding<true>(walk, group,
+                             [&](uint16_t, uint8_t card1, uint8_t card2, int32_t weight, int32_t) {
+                               passed.Add(card1, card2, weight);
+                             });
       }
       // The opponent's holdings of this value beat my holdings passed before it and tie those passed now;
       // my copy of the holding itself was taken off twice, once per card.
-      const auto meet = [&](uint16_t number, uint8_t card1, uint8_t card2, int32_t myWeight) {
-        if (!mineHere) {
-          above_[number] += beaten(card1, card2);
-          return;
-        }
-        const int64_t below = passedBefore - withBefore[card1] - withBefore[card2];
-        above_[number] += below;
-        level_[number] += beaten(card1, card2) + myWeight - below;
-      };
-      for (std::size_t i = p; i < pairEnd; ++i) {
-        const uint16_t pair = pattern.order[i];
-        for (uint32_t k = theirStart_[pair]; k < theirStart_[pair + 1]; ++k) {
-          const RankPairEntry& e = theirs_[k];
-          if (live(e)) meet(e.number, e.card1, e.card2, e.otherWeight);
-        }
-      }
-      for (std::size_t i = f; i < flushEnd; ++i) {
-        const WeightedFlushCandidate& c = (*candidates)[flush_[i] & 0xFFFF];
-        if (c.theirWeight != 0) meet(c.number, c.card1, c.card2, c.myWeight);
-      }
-      p = pairEnd;
-      f = flushEnd;
-    }
+      ForEachHolding<false>(walk, group,
+                            [&](uint16_t number, uint8_t card1, uint8_t card2, int32_t, int32_t myWeight) {
+                              if (!mineHere) {
+                                above_[number] += passed.Apart(card1, card2);
+                                return;
+                              }
+                              const int64_t below = before.Apart(card1, card2);
+                              above_[number] += below;
+                              level_[number] += passed.Apart(card1, card2) + myWeight - below;
+                            });
+    });
   }
 
  public:
@@ -529,11 +543,11 @@ bool CountOnBoardByOpponent(const BoardCards& board, int32_t known, uint64_t boa
     const auto& cards = CardsOfHoldings()[h];
     const int64_t met = (myTotal - myWith[DeckIndex(cards[0])] - myWith[DeckIndex(cards[1])] + mine[h]) *
                         static_cast<int64_t>(boardsPerMatchup);
-    const auto copies = static_cast<uint64_t>(theirs[h]);
+    const auto weight = static_cast<uint64_t>(theirs[h]);
     ShowdownTally& t = against[h];
-    t.losses = copies * static_cast<uint64_t>(counter.Above(h));
-    t.ties = copies * static_cast<uint64_t>(counter.Level(h));
-    t.wins = copies * static_cast<uint64_t>(met - counter.Above(h) - counter.Level(h));
+    t.losses = weight * static_cast<uint64_t>(counter.Above(h));
+    t.ties = weight * static_cast<uint64_t>(counter.Level(h));
+    t.wins = weight * static_cast<uint64_t>(met - counter.Above(h) - counter.Level(h));
     tally += t;
   }
   return true;
@@ -585,10 +599,21 @@ RangeEquityResult Calculate(std::span<const HandCombo> myRange, std::span<const 
     result.error = "the board holds a card twice";
     return result;
   }
-  const HoldingWeights mine = LiveWeights(myRange, boardCards, result.myHoldings);
-  const HoldingWeights theirs = LiveWeights(oppRange, boardCards, result.oppHoldings);
-  result.matchups = CountMatchups(mine, theirs);
-  if (result.matchups == 0) return result;
+  const LiveRange myLive = ReadLiveRange(myRange, boardCards);
+  const LiveRange theirLive = ReadLiveRange(oppRange, boardCards);
+  const HoldingWeights& mine = myLive.weights;
+  const HoldingWeights& theirs = theirLive.weights;
+  result.myHoldings = myLive.holdings;
+  result.oppHoldings = theirLive.holdings;
+  result.myWeightSum = myLive.weightSum;
+  result.oppWeightSum = theirLive.weightSum;
+  const uint64_t scale = static_cast<uint64_t>(myLive.unit) * static_cast<uint64_t>(theirLive.unit);
+  result.tally.scale = scale;
+  for (ShowdownTally& t : against) t.scale = scale;
+  // The pairs weighted by the product of their weights, in the tally's units.
+  const uint64_t weightedMatchups = CountMatchups(mine, theirs);
+  result.matchups = scale == 1 ? weightedMatchups : CountMatchups(myLive.Copies(), theirLive.Copies());
+  if (weightedMatchups == 0) return result;
 
   bool finished = false;
   if (street == kNoBoard) {
@@ -601,12 +626,13 @@ RangeEquityResult Calculate(std::span<const HandCombo> myRange, std::span<const 
                    ? CountPreflop(*loaded.table, mine, theirs, progress, result.tally)
                    : CountPreflopByOpponent(*loaded.table, mine, theirs, progress, against, result.tally);
   } else if (against.empty()) {
-    const uint64_t showdowns = result.matchups * Choose(kDeckSize - known - 4, 5 - known);
+    const uint64_t showdowns = weightedMatchups * Choose(kDeckSize - known - 4, 5 - known);
     finished = CountOnBoard(board, known, boardCards, mine, theirs, progress, result.tally, showdowns);
   } else {
     finished = CountOnBoardByOpponent(board, known, boardCards, mine, theirs, progress,
                                       Choose(kDeckSize - known - 4, 5 - known), against, result.tally);
   }
+  result.tally.scale = scale;
   if (!finished) {
     result.tally = {};
     std::fill(against.begin(), against.end(), ShowdownTally{});

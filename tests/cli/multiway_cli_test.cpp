@@ -32,6 +32,33 @@ TEST(MultiwayCli, JsonGivesEachPlayerAndHowTheCountWasMade) {
   EXPECT_EQ(json["deals"], 3 * 903);
 }
 
+TEST(MultiwayCli, PlayersTakeWeights) {
+  const auto equities = [](const std::vector<std::string>& players) {
+    std::vector<std::string> words = {"multiway", "--board", "Kd8s2c", "--threads", "2", "--json"};
+    for (const std::string& player : players) {
+      words.push_back("--player");
+      words.push_back(player);
+    }
+    const CliRun run = RunCommandLine(words);
+    EXPECT_EQ(run.status, 0) << run.err;
+    std::vector<double> out;
+    if (run.status != 0) return out;
+    const nlohmann::json json = nlohmann::json::parse(run.out);
+    for (const auto& player : json["players"]) out.push_back(player["equity"]);
+    return out;
+  };
+  // One weight for every holding of a player is no weight at all; weights that differ change the shares.
+  const std::vector<double> whole = equities({"AhAd", "KK,QQ", "7c6c"});
+  const std::vector<double> even = equities({"AhAd", "KK:0.5,QQ:0.5", "7c6c"});
+  const std::vector<double> uneven = equities({"AhAd", "KK:0.1,QQ", "7c6c"});
+  ASSERT_EQ(whole.size(), 3u);
+  ASSERT_EQ(even.size(), 3u);
+  ASSERT_EQ(uneven.size(), 3u);
+  for (std::size_t p = 0; p < 3; ++p) EXPECT_NEAR(even[p], whole[p], 1e-9);
+  // With fewer of its holdings kings, the second player beats the aces' pairs less often.
+  EXPECT_LT(uneven[1], whole[1]);
+}
+
 TEST(MultiwayCli, MonteCarloReportsTheStandardErrorItReached) {
   const CliRun run = RunCommandLine({"multiway", "--player", "AhAd", "--player", "random", "--player",
                                      "random", "--monte-carlo", "--error", "0.5", "--seed", "4", "--json"});

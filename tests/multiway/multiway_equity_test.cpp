@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -41,16 +42,18 @@ struct BruteShares {
   std::vector<double> equity, win, tie;
 };
 
-// Every board completion, every deal of holdings sharing no card, each settled by EvaluateCards.
+// Every board completion, every deal of holdings sharing no card, each settled by EvaluateCards and
+// counted with the product of the players' weights.
 BruteShares MultiwayBruteForce(const std::vector<WeightedHoldingSet>& ranges, const std::vector<Card>& board,
                                const std::vector<Card>& dead) {
   const std::size_t n = ranges.size();
   std::vector<double> equity(n), win(n), tie(n);
   double deals = 0;
-  std::vector<std::vector<std::array<Card, 2>>> holdings(n);
+  std::vector<std::vector<std::pair<std::array<Card, 2>, double>>> holdings(n);
   for (std::size_t p = 0; p < n; ++p) {
     for (int number = 0; number < kHoldingCount; ++number) {
-      if (ranges[p].Weight(number) > 0) holdings[p].push_back(CardsOfHolding(number));
+      const int weight = ranges[p].Weight(number);
+      if (weight > 0) holdings[p].push_back({CardsOfHolding(number), weight / 1000.0});
     }
   }
   std::vector<Card> known = board;
@@ -61,6 +64,7 @@ BruteShares MultiwayBruteForce(const std::vector<WeightedHoldingSet>& ranges, co
   };
   std::vector<Card> chosen;  // the players' cards, two each
   std::vector<Card> full = board;
+  double weight = 1;  // the product of the chosen holdings' weights
   const auto settle = [&] {
     std::vector<HandValue> values(n);
     for (std::size_t p = 0; p < n; ++p) {
@@ -73,24 +77,27 @@ BruteShares MultiwayBruteForce(const std::vector<WeightedHoldingSet>& ranges, co
     const auto winners = static_cast<double>(std::count(values.begin(), values.end(), best));
     for (std::size_t p = 0; p < n; ++p) {
       if (values[p] != best) continue;
-      equity[p] += 1.0 / winners;
-      (winners == 1 ? win[p] : tie[p]) += 1;
+      equity[p] += weight / winners;
+      (winners == 1 ? win[p] : tie[p]) += weight;
     }
-    deals += 1;
+    deals += weight;
   };
   std::function<void(std::size_t)> deal = [&](std::size_t p) {
     if (p == n) {
       settle();
       return;
     }
-    for (const auto& h : holdings[p]) {
+    for (const auto& [h, w] : holdings[p]) {
       const auto taken = [&](Card c) {
         return isKnown(c, chosen) || std::find(full.begin(), full.end(), c) != full.end();
       };
       if (taken(h[0]) || taken(h[1])) continue;
       chosen.push_back(h[0]);
       chosen.push_back(h[1]);
+      const double before = weight;
+      weight *= w;
       deal(p + 1);
+      weight = before;
       chosen.resize(chosen.size() - 2);
     }
   };
@@ -122,6 +129,17 @@ MultiwayResult MultiwayExact(const std::vector<WeightedHoldingSet>& ranges, cons
   options.method = MultiwayMethod::Exact;
   options.threads = threads;
   return MultiwayEquity(ranges, board, dead, options);
+}
+
+// Monte Carlo on two threads until the largest standard error is at most `targetError` points.
+MultiwayResult MultiwaySampled(const std::vector<WeightedHoldingSet>& ranges, const std::string& board,
+                               double targetError, uint64_t seed) {
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = targetError;
+  options.seed = seed;
+  options.threads = 2;
+  return MultiwayEquity(ranges, Cards(board), {}, options);
 }
 
 void ExpectMatchesBruteForce(const std::vector<std::string>& texts, const std::string& board,
@@ -168,6 +186,65 @@ TEST(MultiwayEquity, AWideRangeAnywhereAmongThePlayersMatchesTheBruteForce) {
   ExpectMatchesBruteForce({"AhKh,QQ", "JTs,9c9d", "AcQd,KdQs,8s8h", "22+,AK"}, "Th9h2c4h8c", "");
   ExpectMatchesBruteForce({"Js9s", "22+,KQs,JTs", "AsKd"}, "",
                           "2c2d2h2s3c3d3h3s4c4d4h4s5c5d5h5s6c6d6h6s7c7d");
+}
+
+TEST(MultiwayEquity, WeightedPlayersMatchTheBruteForceOnEveryStreet) {
+  // Each deal counts the product of its holdings' weights; a player at one weight throughout, players with
+  // mixed weights, and a wide player counted from running totals.
+  const std::vector<std::string> players = {"AhKh:0.5,QQ", "JTs:0.25,9c9d:0.8", "AcQd,KdQs:0.125,8s8h:0.6"};
+  ExpectMatchesBruteForce(players, "Th9h2c", "");
+  ExpectMatchesBruteForce(players, "Th9h2c4h", "");
+  ExpectMatchesBruteForce(players, "Th9h2c4h8c", "");
+  ExpectMatchesBruteForce(players, "", kManyDead);
+  ExpectMatchesBruteForce({"22+:0.3,AA,KK:0.9", "AhKh,QQ:0.4", "AcQd,KdQs:0.75,8s8h"}, "Th9h2c4h", "");
+  ExpectMatchesBruteForce({"AhKh:0.2,QQ", "[40]22+[/40],AK:0.65,KQs", "AcQd,KdQs,8s8h:0.1"}, "Th9h2c4h8c",
+                          "");
+  ExpectMatchesBruteForce({"Js9s:0.5", "22+:0.7,KQs:0.2,JTs", "AsKd"}, "", kManyDead);
+}
+
+TEST(MultiwayEquity, OneWeightForEveryHoldingOfAPlayerChangesNothing) {
+  const MultiwayResult whole =
+      MultiwayExact(MultiwayRanges({"QQ+,AK", "random", "JJ-99,AQs"}), Cards("9h7c2s"));
+  const MultiwayResult scaled =
+      MultiwayExact(MultiwayRanges({"[25]QQ+,AK[/25]", "random:0.5", "JJ-99,AQs"}), Cards("9h7c2s"));
+  ASSERT_TRUE(whole.ok() && scaled.ok()) << whole.error << scaled.error;
+  for (std::size_t p = 0; p < 3; ++p) {
+    EXPECT_NEAR(scaled.players[p].equity, whole.players[p].equity, 1e-9);
+    EXPECT_NEAR(scaled.players[p].win, whole.players[p].win, 1e-9);
+  }
+  EXPECT_EQ(scaled.deals, whole.deals);
+}
+
+TEST(MultiwayEquity, HeadsUpWithWeightsEqualsTheWeightedRangeEquity) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"AA:0.5,KQs,T9s:0.25", "JJ+:0.75,AK,76s:0.1"}, {"random:0.3,AA", "QQ:0.5"}};
+  for (const std::string board : {"Ts8h3s", "Ts8h3s4c", "Ts8h3s4cKd"}) {
+    for (const auto& [mine, theirs] : cases) {
+      const MultiwayResult multi = MultiwayExact(MultiwayRanges({mine, theirs}), Cards(board));
+      const RangeEquityResult heads =
+          StandardRangeEquity(MultiwayRange(mine), MultiwayRange(theirs), quillet::testing::Board(board),
+                              static_cast<int32_t>(board.size() / 2 - 2));
+      ASSERT_TRUE(multi.ok() && heads.ok()) << multi.error << heads.error;
+      EXPECT_NEAR(multi.players[0].equity, heads.MyEquity(), 1e-9) << mine << " v " << theirs << " " << board;
+      EXPECT_NEAR(multi.players[0].win, heads.tally.WinPercent(), 1e-9);
+      EXPECT_NEAR(multi.players[0].tie, heads.tally.TiePercent(), 1e-9);
+    }
+  }
+}
+
+TEST(MultiwayEquity, MonteCarloDrawsWeightedHoldingsInProportionToTheirWeights) {
+  // A player at mixed weights beside a player who may hold anything at one weight.
+  const auto ranges = MultiwayRanges({"AA:0.2,KK,72o:0.05", "random:0.5", "QJs:0.9,T9s:0.1,55"});
+  const MultiwayResult exact = MultiwayExact(ranges, Cards("Tc8h3s2d"));
+  const MultiwayResult sampled = MultiwaySampled(ranges, "Tc8h3s2d", 0.25, 5);
+  ASSERT_TRUE(exact.ok() && sampled.ok()) << exact.error << sampled.error;
+  // Drawn as if whole, AA and 72o would be far more common and player 1's equity far from the exact one.
+  const MultiwayResult unweighted =
+      MultiwayExact(MultiwayRanges({"AA,KK,72o", "random", "QJs,T9s,55"}), Cards("Tc8h3s2d"));
+  EXPECT_GT(std::abs(unweighted.players[0].equity - exact.players[0].equity), 8 * sampled.standardError);
+  for (std::size_t p = 0; p < 3; ++p) {
+    EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;
+  }
 }
 
 TEST(MultiwayEquity, EqualRangesGetEqualEquity) {
@@ -240,12 +317,7 @@ TEST(MultiwayEquity, ExactResultsDoNotDependOnTheThreadCount) {
 TEST(MultiwayEquity, MonteCarloLiesWithinFourStandardErrorsOfTheExactValue) {
   const auto ranges = MultiwayRanges({"TT+,AQ+", "KhQh,JJ", "99-66,A5s"});
   const MultiwayResult exact = MultiwayExact(ranges, Cards("Ts8h3s"));
-  MultiwayOptions options;
-  options.method = MultiwayMethod::MonteCarlo;
-  options.targetError = 0.3;
-  options.seed = 7;
-  options.threads = 2;
-  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Ts8h3s"), {}, options);
+  const MultiwayResult sampled = MultiwaySampled(ranges, "Ts8h3s", 0.3, 7);
   ASSERT_TRUE(exact.ok() && sampled.ok());
   EXPECT_FALSE(sampled.exact);
   EXPECT_GT(sampled.standardError, 0.0);
@@ -254,7 +326,7 @@ TEST(MultiwayEquity, MonteCarloLiesWithinFourStandardErrorsOfTheExactValue) {
     EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;
   }
   // The same seed and thread count repeat the same run.
-  const MultiwayResult again = MultiwayEquity(ranges, Cards("Ts8h3s"), {}, options);
+  const MultiwayResult again = MultiwaySampled(ranges, "Ts8h3s", 0.3, 7);
   EXPECT_EQ(again.players[0].equity, sampled.players[0].equity);
   EXPECT_EQ(again.deals, sampled.deals);
 }
@@ -263,12 +335,7 @@ TEST(MultiwayEquity, MonteCarloWithPlayersWhoMayHoldAnythingLiesWithinFourStanda
   // "random" players are dealt straight from the cards left; the deal must stay fair beside a range.
   const auto ranges = MultiwayRanges({"AhAd", "random", "KK,QJs", "random"});
   const MultiwayResult exact = MultiwayExact(ranges, Cards("Tc8h3s2d"));
-  MultiwayOptions options;
-  options.method = MultiwayMethod::MonteCarlo;
-  options.targetError = 0.25;
-  options.seed = 11;
-  options.threads = 2;
-  const MultiwayResult sampled = MultiwayEquity(ranges, Cards("Tc8h3s2d"), {}, options);
+  const MultiwayResult sampled = MultiwaySampled(ranges, "Tc8h3s2d", 0.25, 11);
   ASSERT_TRUE(exact.ok() && sampled.ok()) << exact.error << sampled.error;
   for (std::size_t p = 0; p < 4; ++p) {
     EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError) << p;

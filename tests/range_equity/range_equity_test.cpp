@@ -15,6 +15,7 @@
 #include "equity/preflop_classes.h"
 #include "equity/standard_equity.h"
 #include "equity/standard_evaluator.h"
+#include "range/weighted_holding_set.h"
 #include "tests/support/card_text.h"
 
 namespace quillet {
@@ -367,6 +368,179 @@ TEST(RangeEquity, ByHoldingStoppedOrRefusedLeavesEveryHoldingEmpty) {
   EXPECT_EQ(refused.error, "the board holds a card twice");
   EXPECT_TRUE(
       std::all_of(against.begin(), against.end(), [](const ShowdownTally& t) { return t.Showdowns() == 0; }));
+}
+
+// Weighted ranges. The long way again: every pair of listed holdings, each pair's showdowns counted as
+// ReferenceTally counts them and weighted by the product of the two holdings' weights (thousandths each), so
+// the sums are in millionths of a showdown.
+ShowdownTally WeightedReferenceTally(const std::vector<HandCombo>& mine, const std::vector<HandCombo>& theirs,
+                                     const std::string& board) {
+  ShowdownTally sum{0, 0, 0, 1'000'000};
+  for (const HandCombo& a : mine) {
+    for (const HandCombo& b : theirs) {
+      const ShowdownTally pair = ReferenceTally({a}, {b}, board);
+      const auto weight = static_cast<uint64_t>(a.weight) * static_cast<uint64_t>(b.weight);
+      sum.wins += weight * pair.wins;
+      sum.ties += weight * pair.ties;
+      sum.losses += weight * pair.losses;
+    }
+  }
+  return sum;
+}
+
+// A tally in millionths of a showdown, whatever its scale.
+ShowdownTally InMillionths(const ShowdownTally& tally) {
+  const uint64_t factor = 1'000'000 / tally.scale;
+  return {tally.wins * factor, tally.ties * factor, tally.losses * factor, 1'000'000};
+}
+
+// Every holding of the list at a random weight from 0.001 to 1, a few of them whole.
+std::vector<HandCombo> Weighed(std::vector<HandCombo> range, std::mt19937_64& rng) {
+  std::uniform_int_distribution<int32_t> weight(1, kFullWeight);
+  for (HandCombo& combo : range) combo.weight = rng() % 5 == 0 ? kFullWeight : weight(rng);
+  return range;
+}
+
+std::vector<HandCombo> AtWeight(std::vector<HandCombo> range, int32_t weight) {
+  for (HandCombo& combo : range) combo.weight = weight;
+  return range;
+}
+
+TEST(WeightedRangeEquity, EachPairCountsTheProductOfItsWeightsOnEveryStreet) {
+  std::mt19937_64 rng(TestSeed() + 11);
+  for (const std::string board : {"", "Tc8h3s", "Qs7s2s", "9h9d4h", "AsKsQs", "Tc8h3s2d", "Qs7s2s5s",
+                                  "KdKhKs2c", "Tc8h3s2d7c", "Qs7s2s5s9s", "Ah5h3h2h9c", "6c7c8c9cTc"}) {
+    SCOPED_TRACE(board);
+    // Preflop every pair meets 1,712,304 boards: a few holdings a side.
+    const int32_t count = board.empty() ? 2 : board.size() == 6 ? 14 : 36;
+    std::vector<HandCombo> mine = Weighed(RandomRange(rng, count), rng);
+    const std::vector<HandCombo> theirs = Weighed(RandomRange(rng, count), rng);
+    mine.push_back(theirs.front());  // a holding in both ranges, at another weight
+    mine.back().weight = 333;
+    const RangeEquityResult result = Equity(mine, theirs, board);
+    ASSERT_TRUE(result.ok()) << result.error;
+    EXPECT_EQ(result.tally.scale, 1'000'000u);
+    const ShowdownTally expected = WeightedReferenceTally(mine, theirs, board);
+    EXPECT_EQ(result.tally, expected);
+    const double brute = 100.0 *
+                         (static_cast<double>(expected.wins) + 0.5 * static_cast<double>(expected.ties)) /
+                         static_cast<double>(expected.Showdowns());
+    EXPECT_NEAR(result.MyEquity(), brute, 1e-9);
+  }
+}
+
+TEST(WeightedRangeEquity, OneWeightedRangeCountsInThousandthsFromEitherSide) {
+  std::mt19937_64 rng(TestSeed() + 12);
+  for (const std::string board : {"", "Jd9d2c", "Jd9d2c2s", "Jd9d2c2s8d"}) {
+    SCOPED_TRACE(board);
+    const int32_t count = board.empty() ? 2 : 24;
+    const std::vector<HandCombo> whole = RandomRange(rng, count);
+    const std::vector<HandCombo> weighted = Weighed(RandomRange(rng, count), rng);
+    const RangeEquityResult forward = Equity(whole, weighted, board);
+    const RangeEquityResult backward = Equity(weighted, whole, board);
+    EXPECT_EQ(forward.tally.scale, 1000u);
+    EXPECT_EQ(backward.tally.scale, 1000u);
+    EXPECT_EQ(InMillionths(forward.tally), WeightedReferenceTally(whole, weighted, board));
+    EXPECT_EQ(backward.tally, forward.tally.Reversed());
+    // The pairs are counted once each, whatever their weights.
+    const RangeEquityResult unweighted = Equity(whole, AtWeight(weighted, kFullWeight), board);
+    EXPECT_EQ(forward.matchups, unweighted.matchups);
+    EXPECT_EQ(backward.matchups, unweighted.matchups);
+  }
+}
+
+TEST(WeightedRangeEquity, WholeWeightsCountWhatTheyCountedBeforeWeightsAtScaleOne) {
+  std::mt19937_64 rng(TestSeed() + 13);
+  for (const std::string board : {"", "Tc8h3s", "Tc8h3s2d", "Tc8h3s2d7c"}) {
+    SCOPED_TRACE(board);
+    const int32_t count = board.empty() ? 2 : 20;
+    const std::vector<HandCombo> mine = AtWeight(RandomRange(rng, count), kFullWeight);
+    const std::vector<HandCombo> theirs = AtWeight(RandomRange(rng, count), kFullWeight);
+    const RangeEquityResult result = Equity(mine, theirs, board);
+    EXPECT_EQ(result.tally.scale, 1u);
+    EXPECT_EQ(result.tally, ReferenceTally(mine, theirs, board));
+    EXPECT_EQ(result.myWeightSum, int64_t{kFullWeight} * result.myHoldings);
+  }
+}
+
+TEST(WeightedRangeEquity, EveryWeightHalvedLeavesTheEquityAndCountsAQuarterOfEachShowdown) {
+  std::mt19937_64 rng(TestSeed() + 14);
+  for (const std::string board : {"", "Qs7s2s", "Qs7s2s5s", "Qs7s2s5s9h"}) {
+    SCOPED_TRACE(board);
+    const std::vector<HandCombo> mine = RandomRange(rng, board.empty() ? 200 : 500);
+    const std::vector<HandCombo> theirs = RandomRange(rng, board.empty() ? 200 : 500);
+    const RangeEquityResult whole = Equity(mine, theirs, board);
+    const RangeEquityResult halved = Equity(AtWeight(mine, 500), AtWeight(theirs, 500), board);
+    EXPECT_EQ(halved.tally.scale, 1'000'000u);
+    EXPECT_EQ(halved.tally.wins, whole.tally.wins * 250'000);
+    EXPECT_EQ(halved.tally.ties, whole.tally.ties * 250'000);
+    EXPECT_EQ(halved.tally.losses, whole.tally.losses * 250'000);
+    EXPECT_EQ(halved.MyEquity(), whole.MyEquity());
+    EXPECT_EQ(halved.matchups, whole.matchups);
+    EXPECT_EQ(halved.myHoldings, whole.myHoldings);
+    EXPECT_EQ(halved.myWeightSum, 500 * int64_t{whole.myHoldings});
+  }
+}
+
+TEST(WeightedRangeEquity, AcesAgainstKingsAtAHalfQueensAndJackTenAtAQuarterOnTenEightThree) {
+  std::vector<HandCombo> theirs = Combos({"KsKc", "QsQc", "JhTh"});
+  theirs[0].weight = 500;
+  theirs[2].weight = 250;
+  const RangeEquityResult result = Equity(Combos({"AhAd"}), theirs, "Tc8h3s");
+  ASSERT_TRUE(result.ok());
+  EXPECT_NEAR(result.MyEquity(), 88.311688, 1e-6);
+  EXPECT_EQ(result.tally.scale, 1000u);
+  EXPECT_EQ(result.tally.Showdowns(), 1750u * 990);  // 1.75 pairs, 990 boards each
+  EXPECT_EQ(result.oppWeightSum, 1750);
+}
+
+TEST(WeightedRangeEquity, WeightedSetsCountWhatTheirListsCount) {
+  std::mt19937_64 rng(TestSeed() + 15);
+  WeightedHoldingSet mine;
+  WeightedHoldingSet theirs;
+  for (const HandCombo& combo : Weighed(RandomRange(rng, 300), rng))
+    mine.SetWeight(combo.card1(), combo.card2(), combo.weight);
+  for (const HandCombo& combo : Weighed(RandomRange(rng, 300), rng))
+    theirs.SetWeight(combo.card1(), combo.card2(), combo.weight);
+  for (const std::string board : {"", "Tc8h3s", "Tc8h3s2d"}) {
+    SCOPED_TRACE(board);
+    const RangeEquityResult fromSets = StandardRangeEquity(mine, theirs, Board(board), StreetOf(board));
+    const RangeEquityResult fromLists = Equity(WeightedCombos(mine), WeightedCombos(theirs), board);
+    EXPECT_EQ(fromSets.tally, fromLists.tally);
+    EXPECT_EQ(fromSets.tally.scale, 1'000'000u);
+    EXPECT_EQ(fromSets.myWeightSum, fromLists.myWeightSum);
+    if (board.empty()) {
+      EXPECT_EQ(fromSets.myWeightSum, mine.WeightSum());
+    }
+  }
+  EXPECT_EQ(WeightedCombos(mine).size(), 300u);
+}
+
+// Per holding of the opponent's range on weighted ranges: each holding's tally is my range against it
+// alone, weighted, and the holdings' tallies add up to the whole.
+TEST(WeightedRangeEquity, ByHoldingEachOpponentHoldingGetsItsWeightedShowdowns) {
+  std::mt19937_64 rng(TestSeed() + 16);
+  for (const std::string board :
+       {"", "Tc8h3s", "Qs7s2s", "AsKsQs", "Tc8h3s2d", "Qs7s2s5s", "Tc8h3s2d7c", "6c7c8c9cTc"}) {
+    SCOPED_TRACE(board);
+    const int32_t count = board.empty() ? 2 : board.size() == 6 ? 12 : 30;
+    std::vector<HandCombo> mine = Weighed(RandomRange(rng, count), rng);
+    std::vector<HandCombo> theirs = Weighed(RandomRange(rng, count), rng);
+    theirs.push_back(mine.front());
+    theirs.back().weight = 700;
+    std::vector<ShowdownTally> against(kHoldingCount);
+    const RangeEquityResult result =
+        StandardRangeEquityByHolding(mine, theirs, Board(board), StreetOf(board), against);
+    ASSERT_TRUE(result.ok()) << result.error;
+    EXPECT_EQ(result.tally, WeightedReferenceTally(mine, theirs, board));
+    ShowdownTally sum{0, 0, 0, result.tally.scale};
+    for (const HandCombo& combo : theirs) {
+      const ShowdownTally& mineAgainst = against[HoldingNumber(combo.card1(), combo.card2())];
+      EXPECT_EQ(mineAgainst, WeightedReferenceTally(mine, {combo}, board)) << ComboToText(combo);
+      sum += mineAgainst;
+    }
+    EXPECT_EQ(sum, result.tally);
+  }
 }
 
 }  // namespace
