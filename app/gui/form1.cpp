@@ -7,8 +7,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <cmath>
 #include <QShortcut>
+#include <cmath>
 
 #include "app/gui/form1_layout.h"
 #include "app/gui/grid_clipboard_keys.h"

@@ -1,6 +1,7 @@
 // The Calc Equity command, its read-outs and the two options that run it automatically.
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/model/form1_model.h"
 #include "cards/card_input.h"
@@ -12,6 +13,7 @@
 #include "equity/standard_equity.h"
 #include "equity/tally_text.h"
 #include "range/holding_set.h"
+#include "range/weighted_holding_set.h"
 
 namespace quillet {
 namespace {
@@ -95,13 +97,17 @@ void Form1Model::CalcMyRangeEquity() {
   if (enumerates) command.caption = kCalculatingCaption;
   services.RepaintNow();
 
+  // The opponent's holdings keep their weights: each pair counts the product of its holdings' weights.
+  const std::vector<HandCombo> theirCombos = CurrentRangeCombos();
+  const std::vector<HandCombo> myCombos = WeightedCombos(WeightedHoldingSet::FromHoldings(mine));
   HoldingSet theirs;
-  for (const HandCombo& holding : CurrentRangeCombos()) theirs.insert(holding.card1(), holding.card2());
+  for (const HandCombo& holding : theirCombos) theirs.insert(holding.card1(), holding.card2());
   // With the heat map the classes come from the same enumeration as the whole tally.
   std::optional<ClassEquities> classes;
   const RangeEquityResult result =
-      options.equityHeatMap ? RangeEquityWithClasses(mine, theirs, cards.board, cards.street, classes)
-                            : StandardRangeEquity(mine, theirs, cards.board, cards.street);
+      options.equityHeatMap
+          ? RangeEquityWithClasses(myCombos, theirCombos, cards.board, cards.street, classes)
+          : StandardRangeEquity(myCombos, theirCombos, cards.board, cards.street);
 
   if (enumerates) command.caption = kCalcEquityCaption;
   command.backColour = label(CommandLabel::lblOptions).backColour;

@@ -3,6 +3,7 @@
 // cards nor a range is refused with the notation's error. Unticked, My Hand reads as it always has.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@
 #include "range/colour.h"
 #include "range/player_profile.h"
 #include "range/range_notation.h"
+#include "tests/support/card_text.h"
 #include "tests/support/recording_services.h"
 #include "tests/support/tree_nodes.h"
 
@@ -65,6 +67,26 @@ struct RangeWindow {
     return texts;
   }
 };
+
+TEST(MyHandRange, TheOpponentsWeightsCountInTheRangeAgainstRange) {
+  // The opponent's holdings keep their weights: each pair counts the product of the two weights.
+  const char* weighted = "KsKc:0.5, QsQc, JhTh:0.25";
+  RangeWindow w;
+  w.Opponent(weighted);
+  w.Calc("AhAd, AsAc", "Tc8h3s");
+  EXPECT_TRUE(w.services.messages.empty());
+  const ParsedWeightedRange mine = ParseWeightedRangeNotation("AhAd, AsAc");
+  const ParsedWeightedRange theirs = ParseWeightedRangeNotation(weighted);
+  const BoardCards board = testing::Board("Tc8h3s");
+  const RangeEquityResult direct = StandardRangeEquity(mine.weights, theirs.weights, board, kFlop);
+  ASSERT_TRUE(direct.ok());
+  EXPECT_EQ(direct.tally.scale, 1000u);
+  EXPECT_DOUBLE_EQ(w.model.myEquity, direct.MyEquity());
+  // Read without the weights the opponent's range gives another equity.
+  const RangeEquityResult whole = StandardRangeEquity(
+      mine.weights, WeightedHoldingSet::FromHoldings(theirs.weights.Holdings()), board, kFlop);
+  EXPECT_GT(std::abs(w.model.myEquity - whole.MyEquity()), 0.1);
+}
 
 TEST(MyHandRange, TheWideRangeAgainstTheTightOneOnTheFlopIsExact) {
   RangeWindow w;
