@@ -49,10 +49,13 @@ ClassEquities FromClassTallies(const std::array<int32_t, kClassCount>& holdings,
   return classes;
 }
 
-// Per class the sum of its holdings' tallies.
+// Per class the sum of its holdings' tallies (all at one scale).
 ClassEquities FromTallies(const LiveHoldings& live, std::span<const ShowdownTally> tallies) {
   std::array<ShowdownTally, kClassCount> sums{};
   std::array<int32_t, kClassCount> holdings{};
+  if (!tallies.empty()) {
+    for (ShowdownTally& sum : sums) sum.scale = tallies.front().scale;
+  }
   for (std::size_t k = 0; k < live.combos.size(); ++k) {
     sums[live.classes[k]] += tallies[k];
     ++holdings[live.classes[k]];
@@ -101,7 +104,7 @@ ClassEquities QuilletOnBoard(const CardInputs& cards, std::span<const HandCombo>
   for (int i = 0; i < kClassCount; ++i) {
     if (holdings[i] == 0 || sums[i].total == 0) continue;
     const ShowdownTally tally{static_cast<uint64_t>(sums[i].myWins), static_cast<uint64_t>(sums[i].ties),
-                              static_cast<uint64_t>(sums[i].oppWins)};
+                              static_cast<uint64_t>(sums[i].oppWins), static_cast<uint64_t>(sums[i].scale)};
     classes[i] = ClassEquity{EquityFromCounts(sums[i]).my, holdings[i], tally};
   }
   return classes;
@@ -136,9 +139,21 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
   if (rules == ShowdownRules::Standard) {
     if (cards.street == kNoBoard) {
       if (!ProgramPreflopClassTable().ok()) return QuilletPreflop(cards.hand, live);
+      // Each holding's tally at the scale of the whole range: its weight in thousandths when any live
+      // holding has a weight below whole.
+      const uint64_t scale =
+          CountedScale(AnyPartialWeight(live.combos, [](const HandCombo&) { return true; }));
       std::vector<ShowdownTally> tallies(live.combos.size());
-      for (std::size_t k = 0; k < live.combos.size(); ++k)
-        tallies[k] = StandardPreflopTally(cards.hand, std::span<const HandCombo>(&live.combos[k], 1));
+      for (std::size_t k = 0; k < live.combos.size(); ++k) {
+        ShowdownTally& tally = tallies[k];
+        tally = StandardPreflopTally(cards.hand, std::span<const HandCombo>(&live.combos[k], 1));
+        if (tally.scale != scale) {
+          tally.wins *= scale;
+          tally.ties *= scale;
+          tally.losses *= scale;
+          tally.scale = scale;
+        }
+      }
       return FromTallies(live, tallies);
     }
     std::vector<ShowdownTally> tallies(live.combos.size());

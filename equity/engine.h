@@ -15,11 +15,15 @@
 
 namespace quillet {
 
+// Showdowns counted from My Hand's side. In a range with a weight below whole each showdown counts its
+// holding's weight in thousandths (scale kFullWeight units make one showdown); else they are plain
+// counts (scale 1). The shares do not depend on the scale.
 struct ShowdownCounts {
   int64_t total = 0;
   int64_t myWins = 0;
   int64_t oppWins = 0;
   int64_t ties = 0;
+  int64_t scale = 1;
   friend constexpr bool operator==(const ShowdownCounts&, const ShowdownCounts&) = default;
 };
 

@@ -46,6 +46,26 @@ struct KnownCards {
   }
 };
 
+// Weighted ranges. A holding counts with its weight in thousandths when some holding that takes part has
+// a weight below whole, and with 1 when none has: a range without weights keeps its plain counts (a tally at
+// scale 1), a weighted one counts thousandths of a showdown (scale kFullWeight).
+template <class Take>
+bool AnyPartialWeight(std::span<const HandCombo> combos, Take&& take) {
+  for (const HandCombo& combo : combos) {
+    if (combo.weight != kFullWeight && take(combo)) return true;
+  }
+  return false;
+}
+// What one holding counts with (its weight kept within 0..kFullWeight).
+constexpr int32_t CountedWeight(const HandCombo& combo, bool weighted) {
+  if (!weighted) return 1;
+  return combo.weight < 0 ? 0 : combo.weight > kFullWeight ? kFullWeight : combo.weight;
+}
+// How many of those units make one showdown.
+constexpr uint64_t CountedScale(bool weighted) {
+  return weighted ? uint64_t{kFullWeight} : 1;
+}
+
 // The board cards that exist on `street`.
 constexpr KnownCards KnownBoardCards(const BoardCards& board, int32_t street) {
   KnownCards known;

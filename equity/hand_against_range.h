@@ -10,6 +10,10 @@
 // of are read one by one, and their rank-pair answer replaced by the one their flush gives. Everything
 // is allocated before the first board.
 //
+// Weighted ranges: "the number of holdings" is the sum of their weights (enumeration.h, CountedWeight)
+// everywhere above, per rank pair, per card and per pair of cards, so a weighted range costs what a plain
+// one does; with every weight whole each holding counts 1, as before weights existed.
+//
 // Rules has:
 //   using Value = uint32_t-like;  a higher value is a better hand
 //   void Fill(std::span<const Card> coming, Value* table) const;  the values without a flush of every
@@ -48,9 +52,11 @@ struct FlushCandidate {
   uint64_t cards = 0;
   uint16_t rankPair = 0;   // canonical index
   uint16_t suitRanks = 0;  // the hole cards' ranks in the suit
+  uint16_t weight = 1;     // what the holding counts with
 };
 
-// The live holdings of a range, counted every way the boards need them.
+// The live holdings of a range, counted every way the boards need them: each counts with its
+// CountedWeight, so every count below is a sum of weights.
 struct LiveRange {
   int64_t total = 0;
   // Holdings per canonical rank pair, listed compactly for the loop over pairs.
@@ -66,9 +72,11 @@ struct LiveRange {
   std::array<std::vector<FlushCandidate>, 4> touching;
 
   // The holdings of `combos` that pass `take` (live ones), before the boards of `street`; the flush
-  // candidates are listed for the suits the known board leaves open to three or more cards only.
+  // candidates are listed for the suits the known board leaves open to three or more cards only. With
+  // `weighted` each holding counts its weight in thousandths, else 1.
   template <class Take>
-  LiveRange(std::span<const HandCombo> combos, const BoardCards& board, int32_t street, Take&& take) {
+  LiveRange(std::span<const HandCombo> combos, const BoardCards& board, int32_t street, Take&& take,
+            bool weighted) {
     const int known = BoardCardCount(street);
     const int comingCount = ComingCardCount(street);
     std::array<bool, 4> flushSuits{};
@@ -90,27 +98,29 @@ struct LiveRange {
       const int ia = DeckIndex(a);
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
-      ++total;
-      ++perPair[pair];
-      ++withCard[ia][b.rank - 2];
-      ++withCard[ib][a.rank - 2];
-      ++cardCount[ia];
-      ++cardCount[ib];
+      const int32_t w = CountedWeight(combo, weighted);
+      const auto w16 = static_cast<uint16_t>(w);
+      total += w;
+      perPair[pair] += w;
+      withCard[ia][b.rank - 2] += w;
+      withCard[ib][a.rank - 2] += w;
+      cardCount[ia] += w;
+      cardCount[ib] += w;
       if (!exactCount.empty()) {
-        ++exactCount[ia * 52 + ib];
-        ++exactCount[ib * 52 + ia];
+        exactCount[ia * 52 + ib] += w;
+        exactCount[ib * 52 + ia] += w;
       }
       if (a.suit == b.suit) {
         if (flushSuits[a.suit]) {
           const auto suitRanks = static_cast<uint16_t>(RankMaskBit(a.rank) | RankMaskBit(b.rank));
-          touching[a.suit].push_back({cards, pair, suitRanks});
-          suited[a.suit].push_back({cards, pair, suitRanks});
+          touching[a.suit].push_back({cards, pair, suitRanks, w16});
+          suited[a.suit].push_back({cards, pair, suitRanks, w16});
         }
       } else {
         if (flushSuits[a.suit])
-          touching[a.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(a.rank))});
+          touching[a.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(a.rank)), w16});
         if (flushSuits[b.suit])
-          touching[b.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(b.rank))});
+          touching[b.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(b.rank)), w16});
       }
     }
     for (int pair = 0; pair < kRankPairCount; ++pair) {
@@ -242,8 +252,8 @@ class RangeBoardCounter {
       const uint32_t best = std::max<uint32_t>(
           ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
       if (best == counted) continue;
-      count.Add(b.mine, best, 1);
-      count.Add(b.mine, counted, -1);
+      count.Add(b.mine, best, candidate.weight);
+      count.Add(b.mine, counted, -int64_t{candidate.weight});
     }
   }
 
@@ -252,11 +262,11 @@ class RangeBoardCounter {
 };
 
 // The river: one board, so each holding that passes `take` is valued and compared as it stands. Adds My
-// Hand's wins and ties and the holdings that met it.
+// Hand's wins and ties and the holdings that met it, each counted with its CountedWeight.
 template <class Rules, class Take>
 void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
-                   std::span<const HandCombo> combos, Take&& take, int64_t& wins, int64_t& ties,
-                   int64_t& met) {
+                   std::span<const HandCombo> combos, Take&& take, bool weighted, int64_t& wins,
+                   int64_t& ties, int64_t& met) {
   ComingBoards<Rules> boards(rules, myHand, board, kRiver);
   const typename ComingBoards<Rules>::Board b = boards.Read({});
   const uint32_t boardSuitRanks = b.flushSuit >= 0 ? b.suits.ranks[b.flushSuit] : 0;
@@ -269,14 +279,16 @@ void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards
       const uint32_t hole = SuitRanksOf(x, y, b.flushSuit);
       theirs = std::max<uint32_t>(theirs, rules.FlushValue(boardSuitRanks | hole, hole));
     }
-    ++met;
-    wins += b.mine > theirs;
-    ties += b.mine == theirs;
+    const int64_t w = CountedWeight(combo, weighted);
+    met += w;
+    wins += w * static_cast<int64_t>(b.mine > theirs);
+    ties += w * static_cast<int64_t>(b.mine == theirs);
   }
 }
 
 // My Hand against each holding apart, board by board: per holding its wins (first) and ties (second) in
-// a packed tally. The holdings are kept as parallel arrays for the loop over them.
+// a packed tally, boards counted one each (the caller weighs a holding's boards by its weight). The
+// holdings are kept as parallel arrays for the loop over them.
 template <class Rules>
 class HoldingBoardCounter {
  public:

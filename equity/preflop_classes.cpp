@@ -4,6 +4,7 @@
 
 #include "equity/deck.h"
 #include "equity/embedded_tables.h"
+#include "equity/enumeration.h"
 #include "equity/preflop_class_file.h"
 
 namespace quillet {
@@ -163,19 +164,23 @@ ShowdownTally PreflopClassTable::Matchup(Card h1, Card h2, Card o1, Card o2) con
 
 ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const {
   if (!IsHolding(h1, h2)) return {};
-  // My Hand's row of the matchup table; a holding that shares a card with My Hand reads the all-zero entry.
+  // My Hand's row of the matchup table (a holding that shares a card with My Hand takes no part).
   const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
+  const uint64_t mine = DeckBits(h1, h2);
+  const auto takes = [mine](const HandCombo& h) { return IsLiveHolding(h, mine); };
+  const bool weighted = AnyPartialWeight(holdings, takes);
   uint64_t wins = 0;
   uint64_t ties = 0;
   uint64_t losses = 0;
   for (const HandCombo& h : holdings) {
-    if (!h.flag || !IsHolding(h.card1(), h.card2())) continue;
+    if (!takes(h)) continue;
     const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
-    wins += c[0];
-    ties += c[1];
-    losses += c[2];
+    const auto w = static_cast<uint64_t>(CountedWeight(h, weighted));
+    wins += w * c[0];
+    ties += w * c[1];
+    losses += w * c[2];
   }
-  return {wins, ties, losses};
+  return {wins, ties, losses, CountedScale(weighted)};
 }
 
 PreflopClassTableOrError LoadPreflopClassTable() {
