@@ -3,7 +3,7 @@
 // (hand_against_range.h), by rank pair with card removal by inclusion and exclusion and the flush holdings
 // read one by one, but keeps the wins and ties of each class apart (a rank pair's holdings are one class, or
 // two: suited and offsuit). So one enumeration gives all 169 classes at about the cost of the whole range's
-// count. In a weighted range every count of holdings is a sum of their weights (CountedWeight), as there.
+// count. Every count of holdings is a sum of their weights in thousandths, as there.
 #pragma once
 
 #include <array>
@@ -44,13 +44,12 @@ template <class Rules>
 class ClassBoardCounter {
  public:
   // The holdings of `combos` that pass `take` (live ones: two different cards of the deck, none among the
-  // known cards) before the boards of `street` (the flop or the turn), each counted with its weight when
-  // `weighted`, else 1.
+  // known cards) before the boards of `street` (the flop or the turn), each counting its weight in
+  // thousandths.
   template <class Take>
   ClassBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, int32_t street,
-                    std::span<const HandCombo> combos, Take&& take, bool weighted)
+                    std::span<const HandCombo> combos, Take&& take)
       : boards_(rules, myHand, board, street) {
-    count_.scale = CountedScale(weighted);
     const int known = BoardCardCount(street);
     const int comingCount = ComingCardCount(street);
     std::array<int, 4> knownSuitCounts{};
@@ -69,7 +68,7 @@ class ClassBoardCounter {
       const int ia = DeckIndex(a);
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
-      const int32_t w = CountedWeight(combo, weighted);
+      const int32_t w = units_.Take(combo);
       perClass[cls] += w;
       withCard_[ia][suited][b.rank - 2] += w;
       withCard_[ib][suited][a.rank - 2] += w;
@@ -124,7 +123,8 @@ class ClassBoardCounter {
     }
   }
 
-  // The wins and ties of every class, once every board has been counted.
+  // The wins and ties of every class, once every board has been counted: plain counts when every weight is
+  // whole, else thousandths (WeightUnits).
   const ClassWinsAndTies& Finish() {
     for (const Slot& slot : slots_) {
       count_.wins[slot.cls] += int64_t{slot.count} * pairWins_[slot.pair];
@@ -142,6 +142,12 @@ class ClassBoardCounter {
         }
       }
     }
+    for (int cls = 0; cls < kClassCount; ++cls) {
+      count_.wins[cls] = units_.Out(count_.wins[cls]);
+      count_.ties[cls] = units_.Out(count_.ties[cls]);
+      count_.holdings[cls] = units_.Out(count_.holdings[cls]);
+    }
+    count_.scale = units_.Scale();
     return count_;
   }
 
@@ -223,13 +229,14 @@ class ClassBoardCounter {
   std::vector<int32_t> exactCount_;
   std::array<std::vector<Candidate>, 4> suited_;
   std::array<std::vector<Candidate>, 4> touching_;
+  WeightUnits units_;
   ClassWinsAndTies count_;
 };
 
 // My Hand against each class of `combos` on every board still to come, under `Rules` (made from the board
 // and the street): each class's wins and ties into `out`, and the showdowns each live holding meets into
 // `meets`. False where nothing is counted: not the flop or the turn, a card given twice, no live holding.
-// When a live holding has a weight below whole, every holding counts with its weight (out.scale
+// When a live holding has a weight below whole, every holding counts its weight in thousandths (out.scale
 // kFullWeight).
 template <class Rules>
 bool CountByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
@@ -239,8 +246,7 @@ bool CountByClass(const HandCards& myHand, const BoardCards& board, int32_t stre
   if (!known.valid()) return false;
   const Rules rules(board, street);
   const auto take = [&](const HandCombo& combo) { return IsLiveHolding(combo, known.bits); };
-  ClassBoardCounter<Rules> counter(rules, myHand, board, street, combos, take,
-                                   AnyPartialWeight(combos, take));
+  ClassBoardCounter<Rules> counter(rules, myHand, board, street, combos, take);
   if (counter.empty()) return false;
   const int remaining =
       ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });

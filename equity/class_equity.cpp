@@ -141,8 +141,9 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
       if (!ProgramPreflopClassTable().ok()) return QuilletPreflop(cards.hand, live);
       // Each holding's tally at the scale of the whole range: its weight in thousandths when any live
       // holding has a weight below whole.
-      const uint64_t scale =
-          CountedScale(AnyPartialWeight(live.combos, [](const HandCombo&) { return true; }));
+      WeightUnits units;
+      for (const HandCombo& combo : live.combos) units.Take(combo);
+      const uint64_t scale = units.Scale();
       std::vector<ShowdownTally> tallies(live.combos.size());
       for (std::size_t k = 0; k < live.combos.size(); ++k) {
         ShowdownTally& tally = tallies[k];

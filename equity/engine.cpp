@@ -104,13 +104,14 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   const auto byKey = [&](const HandCombo& combo) {
     return known.distinct && IsLiveHolding(combo, known.bits);
   };
-  const bool weighted = AnyPartialWeight(combos, TakesPart);
+  // Every showdown counts its holding's weight in thousandths until the end (WeightUnits).
+  WeightUnits units;
   ReaderHoldings reader(myHand, board, street);
   for (std::size_t k = 0; k < combos.size(); ++k) {
     if (TakesPart(combos[k]) && !byKey(combos[k]))
-      reader.Add(combos[k], static_cast<uint32_t>(k), CountedWeight(combos[k], weighted));
+      reader.Add(combos[k], static_cast<uint32_t>(k), units.Take(combos[k]));
   }
-  const LiveRange live(combos, board, street, byKey, weighted);
+  const LiveRange live(combos, board, street, byKey, units);
   const ProgramRules rules(board, street);
   RangeBoardCounter<ProgramRules> counter(rules, myHand, board, street, live);
   int64_t wins = 0;
@@ -124,11 +125,11 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
       ties += myKey == key ? weight : 0;
     });
   });
-  counts.scale = static_cast<int64_t>(CountedScale(weighted));
-  counts.total = met;
-  counts.myWins = wins;
-  counts.ties = ties;
-  counts.oppWins = met - wins - ties;
+  counts.scale = static_cast<int64_t>(units.Scale());
+  counts.total = units.Out(met);
+  counts.myWins = units.Out(wins);
+  counts.ties = units.Out(ties);
+  counts.oppWins = counts.total - counts.myWins - counts.ties;
   return counts;
 }
 
@@ -144,20 +145,18 @@ void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, i
   std::vector<uint32_t> keyOrigin;
   std::vector<int32_t> keyWeight;
   ReaderHoldings reader(myHand, board, street);
-  const bool weighted = AnyPartialWeight(combos, TakesPart);
+  // Every showdown counts its holding's weight in thousandths until the end (WeightUnits).
+  WeightUnits units;
   for (std::size_t k = 0; k < combos.size(); ++k) {
     const HandCombo& combo = combos[k];
     if (!TakesPart(combo)) continue;
     if (known.distinct && IsLiveHolding(combo, known.bits)) {
       byKey.Add(combo);
       keyOrigin.push_back(static_cast<uint32_t>(k));
-      keyWeight.push_back(CountedWeight(combo, weighted));
+      keyWeight.push_back(units.Take(combo));
     } else {
-      reader.Add(combo, static_cast<uint32_t>(k), CountedWeight(combo, weighted));
+      reader.Add(combo, static_cast<uint32_t>(k), units.Take(combo));
     }
-  }
-  if (weighted) {
-    for (ShowdownCounts& c : counts) c.scale = static_cast<int64_t>(CountedScale(weighted));
   }
   byKey.Start();
   const int remaining = ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) {
@@ -171,7 +170,7 @@ void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, i
     });
   });
   // A key-path holding meets every board that leaves out its two cards (both among the remaining ones),
-  // each counted with its weight.
+  // each counting its weight.
   const int64_t meets = BoardsMet(street, remaining);
   for (std::size_t i = 0; i < keyOrigin.size(); ++i) {
     ShowdownCounts& c = counts[keyOrigin[i]];
@@ -180,6 +179,13 @@ void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, i
     c.myWins = byKey.tally().First(i) * w;
     c.ties = byKey.tally().Second(i) * w;
     c.oppWins = c.total - c.myWins - c.ties;
+  }
+  for (ShowdownCounts& c : counts) {
+    c.total = units.Out(c.total);
+    c.myWins = units.Out(c.myWins);
+    c.ties = units.Out(c.ties);
+    c.oppWins = units.Out(c.oppWins);
+    c.scale = static_cast<int64_t>(units.Scale());
   }
 }
 

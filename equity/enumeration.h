@@ -46,25 +46,28 @@ struct KnownCards {
   }
 };
 
-// Weighted ranges. A holding counts with its weight in thousandths when some holding that takes part has
-// a weight below whole, and with 1 when none has: a range without weights keeps its plain counts (a tally at
-// scale 1), a weighted one counts thousandths of a showdown (scale kFullWeight).
-template <class Take>
-bool AnyPartialWeight(std::span<const HandCombo> combos, Take&& take) {
-  for (const HandCombo& combo : combos) {
-    if (combo.weight != kFullWeight && take(combo)) return true;
+// The units of a count of showdowns against a weighted range. While the boards are walked every showdown
+// counts its holding's weight in thousandths (a whole holding 1000), so one pass over the holdings both
+// counts them and finds out whether any is below whole. At the end a range whose counted holdings are all
+// whole gives plain counts, each divided by kFullWeight (exactly, every count being a multiple of it): the
+// tallies of a range without weights are at scale 1, as before weights existed. A weighted range keeps
+// its thousandths (scale kFullWeight).
+struct WeightUnits {
+  bool partial = false;  // a holding counted has a weight below whole
+
+  // The weight a holding counts with (kept within 0..kFullWeight), noting one below whole.
+  constexpr int32_t Take(const HandCombo& combo) {
+    const int32_t weight = combo.weight < 0 ? 0 : combo.weight > kFullWeight ? kFullWeight : combo.weight;
+    partial = partial || weight != kFullWeight;
+    return weight;
   }
-  return false;
-}
-// What one holding counts with (its weight kept within 0..kFullWeight).
-constexpr int32_t CountedWeight(const HandCombo& combo, bool weighted) {
-  if (!weighted) return 1;
-  return combo.weight < 0 ? 0 : combo.weight > kFullWeight ? kFullWeight : combo.weight;
-}
-// How many of those units make one showdown.
-constexpr uint64_t CountedScale(bool weighted) {
-  return weighted ? uint64_t{kFullWeight} : 1;
-}
+  // How many of the counts' units make one showdown.
+  constexpr uint64_t Scale() const { return partial ? uint64_t{kFullWeight} : 1; }
+  // A count in thousandths, in those units.
+  constexpr int64_t Out(int64_t thousandths) const {
+    return partial ? thousandths : thousandths / kFullWeight;
+  }
+};
 
 // The board cards that exist on `street`.
 constexpr KnownCards KnownBoardCards(const BoardCards& board, int32_t street) {

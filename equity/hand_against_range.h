@@ -10,9 +10,10 @@
 // of are read one by one, and their rank-pair answer replaced by the one their flush gives. Everything
 // is allocated before the first board.
 //
-// Weighted ranges: "the number of holdings" is the sum of their weights (enumeration.h, CountedWeight)
-// everywhere above, per rank pair, per card and per pair of cards, so a weighted range costs what a plain
-// one does; with every weight whole each holding counts 1, as before weights existed.
+// Weighted ranges: "the number of holdings" is the sum of their weights in thousandths everywhere above,
+// per rank pair, per card and per pair of cards, so a weighted range costs what a plain one does; the
+// counts come out in thousandths of a showdown, which WeightUnits (enumeration.h) turns back into plain
+// counts when every weight is whole.
 //
 // Rules has:
 //   using Value = uint32_t-like;  a higher value is a better hand
@@ -55,8 +56,8 @@ struct FlushCandidate {
   uint16_t weight = 1;     // what the holding counts with
 };
 
-// The live holdings of a range, counted every way the boards need them: each counts with its
-// CountedWeight, so every count below is a sum of weights.
+// The live holdings of a range, counted every way the boards need them: each counts its weight in
+// thousandths, so every count below is a sum of weights.
 struct LiveRange {
   int64_t total = 0;
   // Holdings per canonical rank pair, listed compactly for the loop over pairs.
@@ -72,11 +73,11 @@ struct LiveRange {
   std::array<std::vector<FlushCandidate>, 4> touching;
 
   // The holdings of `combos` that pass `take` (live ones), before the boards of `street`; the flush
-  // candidates are listed for the suits the known board leaves open to three or more cards only. With
-  // `weighted` each holding counts its weight in thousandths, else 1.
+  // candidates are listed for the suits the known board leaves open to three or more cards only. Each
+  // holding's weight is taken through `units`.
   template <class Take>
   LiveRange(std::span<const HandCombo> combos, const BoardCards& board, int32_t street, Take&& take,
-            bool weighted) {
+            WeightUnits& units) {
     const int known = BoardCardCount(street);
     const int comingCount = ComingCardCount(street);
     std::array<bool, 4> flushSuits{};
@@ -98,7 +99,7 @@ struct LiveRange {
       const int ia = DeckIndex(a);
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
-      const int32_t w = CountedWeight(combo, weighted);
+      const int32_t w = units.Take(combo);
       const auto w16 = static_cast<uint16_t>(w);
       total += w;
       perPair[pair] += w;
@@ -262,10 +263,11 @@ class RangeBoardCounter {
 };
 
 // The river: one board, so each holding that passes `take` is valued and compared as it stands. Adds My
-// Hand's wins and ties and the holdings that met it, each counted with its CountedWeight.
+// Hand's wins and ties and the holdings that met it, each counting its weight in thousandths (taken
+// through `units`).
 template <class Rules, class Take>
 void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
-                   std::span<const HandCombo> combos, Take&& take, bool weighted, int64_t& wins,
+                   std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
                    int64_t& ties, int64_t& met) {
   ComingBoards<Rules> boards(rules, myHand, board, kRiver);
   const typename ComingBoards<Rules>::Board b = boards.Read({});
@@ -279,7 +281,7 @@ void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards
       const uint32_t hole = SuitRanksOf(x, y, b.flushSuit);
       theirs = std::max<uint32_t>(theirs, rules.FlushValue(boardSuitRanks | hole, hole));
     }
-    const int64_t w = CountedWeight(combo, weighted);
+    const int64_t w = units.Take(combo);
     met += w;
     wins += w * static_cast<int64_t>(b.mine > theirs);
     ties += w * static_cast<int64_t>(b.mine == theirs);

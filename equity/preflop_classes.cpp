@@ -167,20 +167,21 @@ ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const 
   // My Hand's row of the matchup table (a holding that shares a card with My Hand takes no part).
   const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
   const uint64_t mine = DeckBits(h1, h2);
-  const auto takes = [mine](const HandCombo& h) { return IsLiveHolding(h, mine); };
-  const bool weighted = AnyPartialWeight(holdings, takes);
-  uint64_t wins = 0;
-  uint64_t ties = 0;
-  uint64_t losses = 0;
+  // Each matchup counts its holding's weight in thousandths until the end (WeightUnits).
+  WeightUnits units;
+  int64_t wins = 0;
+  int64_t ties = 0;
+  int64_t losses = 0;
   for (const HandCombo& h : holdings) {
-    if (!takes(h)) continue;
+    if (!IsLiveHolding(h, mine)) continue;
     const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
-    const auto w = static_cast<uint64_t>(CountedWeight(h, weighted));
+    const int64_t w = units.Take(h);
     wins += w * c[0];
     ties += w * c[1];
     losses += w * c[2];
   }
-  return {wins, ties, losses, CountedScale(weighted)};
+  return {static_cast<uint64_t>(units.Out(wins)), static_cast<uint64_t>(units.Out(ties)),
+          static_cast<uint64_t>(units.Out(losses)), units.Scale()};
 }
 
 PreflopClassTableOrError LoadPreflopClassTable() {

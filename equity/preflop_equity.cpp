@@ -1,52 +1,47 @@
 #include "equity/preflop_equity.h"
 
-#include <numeric>
-
 #include "equity/enumeration.h"
 #include "equity/matchup_key.h"
 
 namespace quillet {
-namespace {
-
-// What each holding's value counts with in the mean: its weight divided by the greatest common divisor of
-// the weights of the holdings taking part, so that equal weights (every holding whole among them) give
-// each value 1 and the plain mean, to the last bit.
-int64_t CommonWeightDivisor(const std::vector<HandCombo>& combos, int count) {
-  int32_t divisor = 0;
-  for (int i = 0; i < count; ++i) {
-    if (combos[i].flag) divisor = std::gcd(divisor, CountedWeight(combos[i], true));
-  }
-  return divisor == 0 ? 1 : divisor;
-}
-
-}  // namespace
 
 EquityResult PreflopEquity(const LookupTables& tables, const HandCards& hand,
                            const std::vector<HandCombo>& combos, int count, const MessageSink& message) {
   const Card my1 = hand.card1();
   const Card my2 = hand.card2();
-  const int64_t divisor = CommonWeightDivisor(combos, count);
+  // The plain sum and the weighted one side by side: while every weight found is the same the mean is the
+  // plain one (to the last bit), else the weighted one.
   double sum = 0.0;
-  int64_t found = 0;
+  int found = 0;
+  double weightedSum = 0.0;
+  int64_t weights = 0;
+  int32_t firstWeight = -1;
+  bool equalWeights = true;
   for (int i = 0; i < count; ++i) {
     const HandCombo& c = combos[i];
     if (!c.flag) continue;
-    const int64_t weight = CountedWeight(c, true) / divisor;
+    double value = 0.0;
     const KeySearch direct = FindKey(tables, BuildMatchupKey(my1, my2, c.card1(), c.card2()));
     if (direct.found) {
-      sum += static_cast<double>(weight) * tables.values[direct.index];
+      value = tables.values[direct.index];
     } else {
       const KeySearch swapped = FindKey(tables, BuildMatchupKey(c.card1(), c.card2(), my1, my2));
       if (!swapped.found) {
         if (message) message(kPreflopLookupError);
         continue;
       }
-      sum += static_cast<double>(weight) * (100.0 - tables.values[swapped.index]);
+      value = 100.0 - tables.values[swapped.index];
     }
-    found += weight;
+    const int32_t weight = WeightUnits{}.Take(c);
+    if (firstWeight < 0) firstWeight = weight;
+    equalWeights = equalWeights && weight == firstWeight;
+    sum += value;
+    ++found;
+    weightedSum += weight * value;
+    weights += weight;
   }
-  if (found == 0) return {};
-  const double my = sum / static_cast<double>(found);
+  if (found == 0 || weights == 0) return {};
+  const double my = equalWeights ? sum / found : weightedSum / static_cast<double>(weights);
   return {my, 100.0 - my};
 }
 
