@@ -119,13 +119,23 @@ class ClassBoardCounter {
     if (b.flushSuit >= 0) {
       const auto& candidates =
           b.suits.counts[b.flushSuit] == 3 ? suited_[b.flushSuit] : touching_[b.flushSuit];
-      CorrectForFlushes(b, candidates);
+      if (units_.partial) {
+        CorrectForFlushes<true>(b, candidates);
+      } else {
+        CorrectForFlushes<false>(b, candidates);
+      }
     }
   }
 
   // The wins and ties of every class, once every board has been counted: plain counts when every weight is
   // whole, else thousandths (WeightUnits).
   const ClassWinsAndTies& Finish() {
+    // The flush corrections of a range without weights were counted one each.
+    const int64_t correctionUnit = units_.partial ? 1 : kFullWeight;
+    for (int cls = 0; cls < kClassCount; ++cls) {
+      count_.wins[cls] += corrections_.wins[cls] * correctionUnit;
+      count_.ties[cls] += corrections_.ties[cls] * correctionUnit;
+    }
     for (const Slot& slot : slots_) {
       count_.wins[slot.cls] += int64_t{slot.count} * pairWins_[slot.pair];
       count_.ties[slot.cls] += int64_t{slot.count} * pairTies_[slot.pair];
@@ -199,7 +209,9 @@ class ClassBoardCounter {
     }
   }
 
-  // The live holdings with a card of the flush suit: their rank-pair answer is replaced by their own.
+  // The live holdings with a card of the flush suit: their rank-pair answer is replaced by their own. Each
+  // counts its weight, or one when no weight in the range is below whole.
+  template <bool kAnyPartial>
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<Candidate>& candidates) {
     const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
@@ -210,8 +222,9 @@ class ClassBoardCounter {
       const uint32_t best = std::max<uint32_t>(
           ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
       if (best == counted) continue;
-      count_.Add(candidate.cls, b.mine, best, candidate.weight);
-      count_.Add(candidate.cls, b.mine, counted, -int64_t{candidate.weight});
+      const int64_t weight = kAnyPartial ? candidate.weight : 1;
+      corrections_.Add(candidate.cls, b.mine, best, weight);
+      corrections_.Add(candidate.cls, b.mine, counted, -weight);
     }
   }
 
@@ -230,6 +243,7 @@ class ClassBoardCounter {
   std::array<std::vector<Candidate>, 4> suited_;
   std::array<std::vector<Candidate>, 4> touching_;
   WeightUnits units_;
+  ClassWinsAndTies corrections_;  // the flush holdings' corrections
   ClassWinsAndTies count_;
 };
 

@@ -55,11 +55,10 @@ struct KnownCards {
 struct WeightUnits {
   bool partial = false;  // a holding counted has a weight below whole
 
-  // The weight a holding counts with (kept within 0..kFullWeight), noting one below whole.
+  // The weight a holding counts with, noting one below whole (a list's weights are 0..kFullWeight).
   constexpr int32_t Take(const HandCombo& combo) {
-    const int32_t weight = combo.weight < 0 ? 0 : combo.weight > kFullWeight ? kFullWeight : combo.weight;
-    partial = partial || weight != kFullWeight;
-    return weight;
+    partial |= combo.weight != kFullWeight;
+    return combo.weight;
   }
   // How many of the counts' units make one showdown.
   constexpr uint64_t Scale() const { return partial ? uint64_t{kFullWeight} : 1; }

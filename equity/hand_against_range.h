@@ -60,6 +60,7 @@ struct FlushCandidate {
 // thousandths, so every count below is a sum of weights.
 struct LiveRange {
   int64_t total = 0;
+  bool anyPartial = false;  // a holding below whole
   // Holdings per canonical rank pair, listed compactly for the loop over pairs.
   std::vector<uint16_t> pairs;
   std::vector<int32_t> pairCounts;
@@ -100,6 +101,7 @@ struct LiveRange {
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
       const int32_t w = units.Take(combo);
+      anyPartial |= w != kFullWeight;
       const auto w16 = static_cast<uint16_t>(w);
       total += w;
       perPair[pair] += w;
@@ -214,7 +216,11 @@ class RangeBoardCounter {
     if (b.flushSuit >= 0) {
       const auto& candidates =
           b.suits.counts[b.flushSuit] == 3 ? live_.suited[b.flushSuit] : live_.touching[b.flushSuit];
-      CorrectForFlushes(b, candidates, count);
+      if (live_.anyPartial) {
+        CorrectForFlushes<true>(b, candidates, count);
+      } else {
+        CorrectForFlushes<false>(b, candidates, count);
+      }
     }
     wins += count.wins;
     ties += count.ties;
@@ -243,9 +249,12 @@ class RangeBoardCounter {
 
   // The live holdings with a card of the flush suit: their rank-pair answer is replaced by the one their
   // own flush part gives.
+  // Without a weight below whole in the range every candidate counts one here and kFullWeight in the end.
+  template <bool kAnyPartial>
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<FlushCandidate>& candidates, WinsAndTies& count) const {
     const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
+    WinsAndTies corrections;
     for (const FlushCandidate& candidate : candidates) {
       if ((candidate.cards & b.comingCards) != 0) continue;
       const uint32_t ranksOnly = b.values[candidate.rankPair];
@@ -253,9 +262,13 @@ class RangeBoardCounter {
       const uint32_t best = std::max<uint32_t>(
           ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
       if (best == counted) continue;
-      count.Add(b.mine, best, candidate.weight);
-      count.Add(b.mine, counted, -int64_t{candidate.weight});
+      const int64_t weight = kAnyPartial ? candidate.weight : 1;
+      corrections.Add(b.mine, best, weight);
+      corrections.Add(b.mine, counted, -weight);
     }
+    const int64_t unit = kAnyPartial ? 1 : kFullWeight;
+    count.wins += corrections.wins * unit;
+    count.ties += corrections.ties * unit;
   }
 
   ComingBoards<Rules> boards_;
@@ -263,15 +276,19 @@ class RangeBoardCounter {
 };
 
 // The river: one board, so each holding that passes `take` is valued and compared as it stands. Adds My
-// Hand's wins and ties and the holdings that met it, each counting its weight in thousandths (taken
-// through `units`).
-template <class Rules, class Take>
-void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
-                   std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
-                   int64_t& ties, int64_t& met) {
+// Hand's wins and ties and the holdings that met it, each counting its weight in thousandths (noted in
+// `units`). Whole holdings are counted one each and weighed once at the end; a list without a weight
+// below whole (the first loop finds out) is counted without looking at the weights at all.
+template <bool kAnyPartial, class Rules, class Take>
+void CountOneBoardOf(const Rules& rules, const HandCards& myHand, const BoardCards& board,
+                     std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
+                     int64_t& ties, int64_t& met) {
   ComingBoards<Rules> boards(rules, myHand, board, kRiver);
   const typename ComingBoards<Rules>::Board b = boards.Read({});
   const uint32_t boardSuitRanks = b.flushSuit >= 0 ? b.suits.ranks[b.flushSuit] : 0;
+  int64_t wholeMet = 0;
+  int64_t wholeWins = 0;
+  int64_t wholeTies = 0;
   for (const HandCombo& combo : combos) {
     if (!take(combo)) continue;
     const Card x = combo.card1();
@@ -281,10 +298,37 @@ void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards
       const uint32_t hole = SuitRanksOf(x, y, b.flushSuit);
       theirs = std::max<uint32_t>(theirs, rules.FlushValue(boardSuitRanks | hole, hole));
     }
-    const int64_t w = units.Take(combo);
-    met += w;
-    wins += w * static_cast<int64_t>(b.mine > theirs);
-    ties += w * static_cast<int64_t>(b.mine == theirs);
+    if (kAnyPartial && combo.weight != kFullWeight) {
+      const int64_t w = units.Take(combo);
+      met += w;
+      wins += w * static_cast<int64_t>(b.mine > theirs);
+      ties += w * static_cast<int64_t>(b.mine == theirs);
+      continue;
+    }
+    ++wholeMet;
+    wholeWins += b.mine > theirs;
+    wholeTies += b.mine == theirs;
+  }
+  met += wholeMet * kFullWeight;
+  wins += wholeWins * kFullWeight;
+  ties += wholeTies * kFullWeight;
+}
+
+template <class Rules, class Take>
+void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
+                   std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
+                   int64_t& ties, int64_t& met) {
+  bool anyPartial = false;
+  for (const HandCombo& combo : combos) {
+    if (combo.weight != kFullWeight) {
+      anyPartial = true;
+      break;
+    }
+  }
+  if (anyPartial) {
+    CountOneBoardOf<true>(rules, myHand, board, combos, take, units, wins, ties, met);
+  } else {
+    CountOneBoardOf<false>(rules, myHand, board, combos, take, units, wins, ties, met);
   }
 }
 
