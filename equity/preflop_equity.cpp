@@ -1,6 +1,7 @@
 #include "equity/preflop_equity.h"
 
-#include "equity/enumeration.h"
+#include <type_traits>
+
 #include "equity/matchup_key.h"
 
 namespace quillet {
@@ -9,40 +10,48 @@ EquityResult PreflopEquity(const LookupTables& tables, const HandCards& hand,
                            const std::vector<HandCombo>& combos, int count, const MessageSink& message) {
   const Card my1 = hand.card1();
   const Card my2 = hand.card2();
-  // The plain sum and the weighted one side by side: while every weight found is the same the mean is the
-  // plain one (to the last bit), else the weighted one.
-  double sum = 0.0;
-  int found = 0;
-  double weightedSum = 0.0;
-  int64_t weights = 0;
-  int32_t firstWeight = -1;
-  bool equalWeights = true;
-  for (int i = 0; i < count; ++i) {
-    const HandCombo& c = combos[i];
-    if (!c.flag) continue;
-    double value = 0.0;
-    const KeySearch direct = FindKey(tables, BuildMatchupKey(my1, my2, c.card1(), c.card2()));
-    if (direct.found) {
-      value = tables.values[direct.index];
-    } else {
-      const KeySearch swapped = FindKey(tables, BuildMatchupKey(c.card1(), c.card2(), my1, my2));
-      if (!swapped.found) {
-        if (message) message(kPreflopLookupError);
-        continue;
+  // A list with a weight below whole keeps the plain sum and the weighted one side by side: while every
+  // weight found is the same the mean is the plain one (to the last bit), else the weighted one.
+  const auto mean = [&](auto anyPartial) -> EquityResult {
+    constexpr bool kAnyPartial = decltype(anyPartial)::value;
+    double sum = 0.0;
+    int found = 0;
+    double weightedSum = 0.0;
+    int64_t weights = 0;
+    int32_t firstWeight = -1;
+    bool equalWeights = true;
+    for (int i = 0; i < count; ++i) {
+      const HandCombo& c = combos[i];
+      if (!c.flag) continue;
+      double value = 0.0;
+      const KeySearch direct = FindKey(tables, BuildMatchupKey(my1, my2, c.card1(), c.card2()));
+      if (direct.found) {
+        value = tables.values[direct.index];
+      } else {
+        const KeySearch swapped = FindKey(tables, BuildMatchupKey(c.card1(), c.card2(), my1, my2));
+        if (!swapped.found) {
+          if (message) message(kPreflopLookupError);
+          continue;
+        }
+        value = 100.0 - tables.values[swapped.index];
       }
-      value = 100.0 - tables.values[swapped.index];
+      sum += value;
+      ++found;
+      if constexpr (kAnyPartial) {
+        if (firstWeight < 0) firstWeight = c.weight;
+        equalWeights = equalWeights && c.weight == firstWeight;
+        weightedSum += c.weight * value;
+        weights += c.weight;
+      }
     }
-    const int32_t weight = WeightUnits{}.Take(c);
-    if (firstWeight < 0) firstWeight = weight;
-    equalWeights = equalWeights && weight == firstWeight;
-    sum += value;
-    ++found;
-    weightedSum += weight * value;
-    weights += weight;
+    if (found == 0 || (kAnyPartial && weights == 0)) return {};
+    const double my = !kAnyPartial || equalWeights ? sum / found : weightedSum / static_cast<double>(weights);
+    return {my, 100.0 - my};
+  };
+  for (int i = 0; i < count; ++i) {
+    if (combos[i].weight != kFullWeight) return mean(std::true_type{});
   }
-  if (found == 0 || weights == 0) return {};
-  const double my = equalWeights ? sum / found : weightedSum / static_cast<double>(weights);
-  return {my, 100.0 - my};
+  return mean(std::false_type{});
 }
 
 EquityResult PreflopEquity(const TablesOrError& loaded, const HandCards& hand,
