@@ -139,21 +139,18 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
   if (rules == ShowdownRules::Standard) {
     if (cards.street == kNoBoard) {
       if (!ProgramPreflopClassTable().ok()) return QuilletPreflop(cards.hand, live);
-      // Each holding's tally at the scale of the whole range: its weight in thousandths when any live
-      // holding has a weight below whole.
+      // Each holding's matchup read from the class table, weighed by its weight in thousandths when any
+      // live holding has a weight below whole (the whole range's scale).
+      const PreflopClassTable& table = *ProgramPreflopClassTable().table;
+      const int32_t mine = HoldingNumber(cards.hand.card1(), cards.hand.card2());
       WeightUnits units;
       for (const HandCombo& combo : live.combos) units.Take(combo);
-      const uint64_t scale = units.Scale();
       std::vector<ShowdownTally> tallies(live.combos.size());
       for (std::size_t k = 0; k < live.combos.size(); ++k) {
-        ShowdownTally& tally = tallies[k];
-        tally = StandardPreflopTally(cards.hand, std::span<const HandCombo>(&live.combos[k], 1));
-        if (tally.scale != scale) {
-          tally.wins *= scale;
-          tally.ties *= scale;
-          tally.losses *= scale;
-          tally.scale = scale;
-        }
+        const HandCombo& combo = live.combos[k];
+        const ShowdownTally one = table.Matchup(mine, HoldingNumber(combo.card1(), combo.card2()));
+        const auto w = static_cast<uint64_t>(units.partial ? combo.weight : 1);
+        tallies[k] = {one.wins * w, one.ties * w, one.losses * w, units.Scale()};
       }
       return FromTallies(live, tallies);
     }
