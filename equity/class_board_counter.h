@@ -119,11 +119,7 @@ class ClassBoardCounter {
     if (b.flushSuit >= 0) {
       const auto& candidates =
           b.suits.counts[b.flushSuit] == 3 ? suited_[b.flushSuit] : touching_[b.flushSuit];
-      if (units_.partial) {
-        CorrectForFlushes<true>(b, candidates);
-      } else {
-        CorrectForFlushes<false>(b, candidates);
-      }
+      CorrectForFlushes(b, candidates);
     }
   }
 
@@ -211,9 +207,9 @@ class ClassBoardCounter {
 
   // The live holdings with a card of the flush suit: their rank-pair answer is replaced by their own. Each
   // counts its weight, or one when no weight in the range is below whole.
-  template <bool kAnyPartial>
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<Candidate>& candidates) {
+    const bool anyPartial = units_.partial;
     const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
     for (const Candidate& candidate : candidates) {
       if ((candidate.cards & b.comingCards) != 0) continue;
@@ -222,7 +218,7 @@ class ClassBoardCounter {
       const uint32_t best = std::max<uint32_t>(
           ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
       if (best == counted) continue;
-      const int64_t weight = kAnyPartial ? candidate.weight : 1;
+      const int64_t weight = anyPartial ? candidate.weight : 1;
       corrections_.Add(candidate.cls, b.mine, best, weight);
       corrections_.Add(candidate.cls, b.mine, counted, -weight);
     }
