@@ -92,6 +92,7 @@ struct LiveRange {
       touching[suit].reserve(combos.size() / 2);
     }
     std::array<int32_t, kRankPairCount> perPair{};
+    int64_t holdings = 0;
     for (const HandCombo& combo : combos) {
       if (!take(combo)) continue;
       const Card a = combo.card1();
@@ -100,9 +101,9 @@ struct LiveRange {
       const int ia = DeckIndex(a);
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
-      const int32_t w = units.Take(combo);
-      anyPartial |= w != kFullWeight;
+      const int32_t w = combo.weight;
       const auto w16 = static_cast<uint16_t>(w);
+      ++holdings;
       total += w;
       perPair[pair] += w;
       withCard[ia][b.rank - 2] += w;
@@ -126,6 +127,9 @@ struct LiveRange {
           touching[b.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(b.rank)), w16});
       }
     }
+    // Weights run 0..kFullWeight: they add up to kFullWeight a holding only when every one is whole.
+    anyPartial = total != holdings * kFullWeight;
+    units.partial |= anyPartial;
     for (int pair = 0; pair < kRankPairCount; ++pair) {
       if (perPair[pair] == 0) continue;
       pairs.push_back(static_cast<uint16_t>(pair));
