@@ -1,13 +1,15 @@
 // bench-libs: quillet_model
 // The cook of the full range with My Hand AhKd on the flop Tc8h3s, with and without "Equity per Category":
 // the core's cook and tree build (the one enumeration by holding is the difference), under the program's
-// rules and the standard ones, and the window's whole command.
+// rules and the standard ones (the range plain, and at mixed weights: Weighted), and the window's whole
+// command.
 #include <benchmark/benchmark.h>
 
 #include <string>
 
 #include "app/model/form1_model.h"
 #include "bench/bench_support.h"
+#include "bench/mixed_weights.h"
 #include "cards/card_input.h"
 #include "cards/hand_class.h"
 #include "categorise/cook.h"
@@ -20,7 +22,7 @@ namespace {
 using bench::FillWholeGrid;
 
 // Argument 0: the option off (0) or on (1); argument 1: the program's rules (0) or the standard ones (1).
-void BM_CookAndTree(benchmark::State& state) {
+void CookAndTree(benchmark::State& state, bool weighted) {
   RangeLayer on = MakeEmptyLayer();
   FillWholeGrid(on);
   const RangeLayer seen = MakeEmptyLayer();
@@ -37,7 +39,9 @@ void BM_CookAndTree(benchmark::State& state) {
   resultsCards.street = cards.street;
   std::size_t exportSize = 0;
   for (auto _ : state) {
-    const CookResult cooked = Cook(cards, CollectRangeCombos(on, seen));
+    std::vector<HandCombo> range = CollectRangeCombos(on, seen);
+    if (weighted) bench::GiveMixedWeights(range);
+    const CookResult cooked = Cook(cards, std::move(range));
     const ResultsBuild built = BuildResultsTree(cooked.categories, options, resultsCards, nullptr);
     exportSize = built.exportText.size();
     benchmark::DoNotOptimize(exportSize);
@@ -46,7 +50,15 @@ void BM_CookAndTree(benchmark::State& state) {
                  std::string(ShowdownRulesName(options.showdownRules)) + " rules, " +
                  std::to_string(exportSize) + " bytes exported");
 }
+void BM_CookAndTree(benchmark::State& state) {
+  CookAndTree(state, false);
+}
 BENCHMARK(BM_CookAndTree)->ArgsProduct({{0, 1}, {0, 1}})->Unit(benchmark::kMillisecond);
+
+void BM_CookAndTreeWeighted(benchmark::State& state) {
+  CookAndTree(state, true);
+}
+BENCHMARK(BM_CookAndTreeWeighted)->ArgsProduct({{0, 1}, {0, 1}})->Unit(benchmark::kMillisecond);
 
 // The window's cook command with the option off (0) or on (1).
 void BM_CookHandlerEquityPerCategory(benchmark::State& state) {

@@ -1,13 +1,19 @@
-// A full range at weights spread over 0.001 to 1, the same on every run: what the benchmarks of weighted
-// ranges count. `salt` gives another spread of the same kind.
+// The weighted cases of the benchmarks, the same on every run: a full range at weights spread over 0.001 to
+// 1, or a list of holdings given mixed weights (a quarter of them whole, the rest spread over 0.001 to
+// 0.999).
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
 #include "cards/card.h"
+#include "cards/holding.h"
 #include "range/weighted_holding_set.h"
 
 namespace quillet::bench {
 
-// Every holding at a weight from 0.001 to 1, a fifth of them whole.
+// Every holding at a weight from 0.001 to 1, a fifth of them whole. `salt` gives another spread of the same
+// kind.
 inline WeightedHoldingSet MixedWeights(int salt) {
   WeightedHoldingSet weights;
   for (int h = 0; h < kHoldingCount; ++h) {
@@ -15,6 +21,16 @@ inline WeightedHoldingSet MixedWeights(int salt) {
     weights.SetWeight(h, spread % 5 == 0 ? kFullWeight : spread);
   }
   return weights;
+}
+
+inline void GiveMixedWeights(std::vector<HandCombo>& range) {
+  for (std::size_t k = 0; k < range.size(); ++k)
+    range[k].weight = k % 4 == 0 ? kFullWeight : 1 + static_cast<int32_t>(k * 7919 % 999);
+}
+
+inline std::vector<HandCombo> WithMixedWeights(std::vector<HandCombo> range) {
+  GiveMixedWeights(range);
+  return range;
 }
 
 }  // namespace quillet::bench

@@ -1,10 +1,12 @@
 // bench-libs: quillet_equity quillet_cards
 // Exact preflop tallies under standard rules through the matchup class table: My Hand AhAd against every
-// holding (1,225 live), one table read each; a single matchup; and loading the table.
+// holding (1,225 live), one table read each, plain and at mixed weights; a single matchup; and loading the
+// table.
 #include <benchmark/benchmark.h>
 
 #include <vector>
 
+#include "bench/mixed_weights.h"
 #include "cards/card.h"
 #include "cards/hand_class.h"
 #include "equity/embedded_tables.h"
@@ -41,6 +43,14 @@ void BM_StandardPreflopTallyFullRange(benchmark::State& state) {
   state.counters["holdings"] = static_cast<double>(range.size());
 }
 BENCHMARK(BM_StandardPreflopTallyFullRange)->Unit(benchmark::kMicrosecond);
+
+void BM_StandardPreflopTallyWeightedRange(benchmark::State& state) {
+  const PreflopClassTable* table = TableOrSkip(state);
+  if (table == nullptr) return;
+  const std::vector<HandCombo> range = bench::WithMixedWeights(AllHoldings());
+  for (auto _ : state) benchmark::DoNotOptimize(table->TallyAgainst(Card{14, 2}, Card{14, 1}, range));
+}
+BENCHMARK(BM_StandardPreflopTallyWeightedRange)->Unit(benchmark::kMicrosecond);
 
 void BM_StandardPreflopMatchup(benchmark::State& state) {
   const PreflopClassTable* table = TableOrSkip(state);

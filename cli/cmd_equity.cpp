@@ -120,7 +120,9 @@ int RunEquity(const std::vector<std::string>& words, std::ostream& out, std::ost
         result["win"] = JsonNumber(tally->WinPercent());
         result["tie"] = JsonNumber(tally->TiePercent());
         result["lose"] = JsonNumber(tally->LossPercent());
-        result["showdowns"] = tally->Showdowns();
+        // A weighted range's showdowns are their weighted sum, fractions as they fall ("12345.5").
+        result["showdowns"] = JsonNumber(static_cast<double>(tally->Showdowns()) /
+                                         static_cast<double>(tally->scale == 0 ? 1 : tally->scale));
       }
       result["rules"] = std::string(ShowdownRulesName(request.rules));
     }

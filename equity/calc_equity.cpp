@@ -51,7 +51,9 @@ EquityOutcome CalcEquity(const EquityRequest& request) {
     if (enumerates && outcome.classes) {
       classSum.emplace();
       for (const std::optional<ClassEquity>& c : *outcome.classes) {
-        if (c && c->tally) *classSum += *c->tally;
+        if (!c || !c->tally) continue;
+        classSum->scale = c->tally->scale;  // every class counts at the whole range's scale
+        *classSum += *c->tally;
       }
     }
   }
@@ -60,6 +62,7 @@ EquityOutcome CalcEquity(const EquityRequest& request) {
     case ShowdownRules::Quillet:
       if (classSum) {
         ShowdownCounts counts;
+        counts.scale = static_cast<int64_t>(classSum->scale);
         counts.total = static_cast<int64_t>(classSum->Showdowns());
         counts.myWins = static_cast<int64_t>(classSum->wins);
         counts.ties = static_cast<int64_t>(classSum->ties);

@@ -3,7 +3,7 @@
 // (hand_against_range.h), by rank pair with card removal by inclusion and exclusion and the flush holdings
 // read one by one, but keeps the wins and ties of each class apart (a rank pair's holdings are one class, or
 // two: suited and offsuit). So one enumeration gives all 169 classes at about the cost of the whole range's
-// count.
+// count. Every count of holdings is a sum of their weights in thousandths, as there.
 #pragma once
 
 #include <array>
@@ -27,11 +27,12 @@ constexpr int ClassOfRanks(int32_t rank1, int32_t rank2, bool suited) {
   return suited ? ClassIndex(high, low) : ClassIndex(low, high);
 }
 
-// Wins and ties per class, My Hand's side.
+// Wins and ties per class, My Hand's side, in units of which `scale` make one showdown.
 struct ClassWinsAndTies {
   std::array<int64_t, kClassCount> wins{};
   std::array<int64_t, kClassCount> ties{};
-  std::array<int64_t, kClassCount> holdings{};  // live holdings per class
+  std::array<int64_t, kClassCount> holdings{};  // live holdings per class (the sum of their weights)
+  uint64_t scale = 1;
 
   void Add(int cls, uint32_t mine, uint32_t theirs, int64_t weight) {
     wins[cls] += weight * static_cast<int64_t>(mine > theirs);
@@ -43,7 +44,8 @@ template <class Rules>
 class ClassBoardCounter {
  public:
   // The holdings of `combos` that pass `take` (live ones: two different cards of the deck, none among the
-  // known cards) before the boards of `street` (the flop or the turn).
+  // known cards) before the boards of `street` (the flop or the turn), each counting its weight in
+  // thousandths.
   template <class Take>
   ClassBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, int32_t street,
                     std::span<const HandCombo> combos, Take&& take)
@@ -66,15 +68,17 @@ class ClassBoardCounter {
       const int ia = DeckIndex(a);
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
-      ++perClass[cls];
-      ++withCard_[ia][suited][b.rank - 2];
-      ++withCard_[ib][suited][a.rank - 2];
+      const int32_t w = units_.Take(combo);
+      perClass[cls] += w;
+      withCard_[ia][suited][b.rank - 2] += w;
+      withCard_[ib][suited][a.rank - 2] += w;
       if (!exactCount_.empty()) {
-        ++exactCount_[ia * 52 + ib];
-        ++exactCount_[ib * 52 + ia];
+        exactCount_[ia * 52 + ib] += w;
+        exactCount_[ib * 52 + ia] += w;
       }
       const auto candidate = [&](uint32_t suitRanks) {
-        return Candidate{cards, pair, static_cast<uint16_t>(suitRanks), static_cast<uint16_t>(cls)};
+        return Candidate{cards, pair, static_cast<uint16_t>(suitRanks), static_cast<uint16_t>(cls),
+                         static_cast<uint16_t>(w)};
       };
       if (suited) {
         if (flushSuits[a.suit]) {
@@ -119,8 +123,15 @@ class ClassBoardCounter {
     }
   }
 
-  // The wins and ties of every class, once every board has been counted.
+  // The wins and ties of every class, once every board has been counted: plain counts when every weight is
+  // whole, else thousandths (WeightUnits).
   const ClassWinsAndTies& Finish() {
+    // The flush corrections of a range without weights were counted one each.
+    const int64_t correctionUnit = units_.partial ? 1 : kFullWeight;
+    for (int cls = 0; cls < kClassCount; ++cls) {
+      count_.wins[cls] += corrections_.wins[cls] * correctionUnit;
+      count_.ties[cls] += corrections_.ties[cls] * correctionUnit;
+    }
     for (const Slot& slot : slots_) {
       count_.wins[slot.cls] += int64_t{slot.count} * pairWins_[slot.pair];
       count_.ties[slot.cls] += int64_t{slot.count} * pairTies_[slot.pair];
@@ -137,6 +148,12 @@ class ClassBoardCounter {
         }
       }
     }
+    for (int cls = 0; cls < kClassCount; ++cls) {
+      count_.wins[cls] = units_.Out(count_.wins[cls]);
+      count_.ties[cls] = units_.Out(count_.ties[cls]);
+      count_.holdings[cls] = units_.Out(count_.holdings[cls]);
+    }
+    count_.scale = units_.Scale();
     return count_;
   }
 
@@ -151,6 +168,7 @@ class ClassBoardCounter {
     uint16_t rankPair = 0;
     uint16_t suitRanks = 0;
     uint16_t cls = 0;
+    uint16_t weight = 1;
   };
 
   // Per board only how each rank pair and each removed row fares is counted (boards won and tied);
@@ -187,9 +205,11 @@ class ClassBoardCounter {
     }
   }
 
-  // The live holdings with a card of the flush suit: their rank-pair answer is replaced by their own.
+  // The live holdings with a card of the flush suit: their rank-pair answer is replaced by their own. Each
+  // counts its weight, or one when no weight in the range is below whole.
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<Candidate>& candidates) {
+    const bool anyPartial = units_.partial;
     const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
     for (const Candidate& candidate : candidates) {
       if ((candidate.cards & b.comingCards) != 0) continue;
@@ -198,8 +218,9 @@ class ClassBoardCounter {
       const uint32_t best = std::max<uint32_t>(
           ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
       if (best == counted) continue;
-      count_.Add(candidate.cls, b.mine, best, 1);
-      count_.Add(candidate.cls, b.mine, counted, -1);
+      const int64_t weight = anyPartial ? candidate.weight : 1;
+      corrections_.Add(candidate.cls, b.mine, best, weight);
+      corrections_.Add(candidate.cls, b.mine, counted, -weight);
     }
   }
 
@@ -212,17 +233,21 @@ class ClassBoardCounter {
   std::array<std::array<int32_t, 13>, 52> removedWins_{};
   std::array<std::array<int32_t, 13>, 52> removedTies_{};
   // [card][suited][other rank - 2]: live holdings holding the card whose other card has the rank, apart
-  // by whether the two cards share the suit.
+  // by whether the two cards share the suit (sums of weights, as every count of holdings here).
   std::array<std::array<std::array<int32_t, 13>, 2>, 52> withCard_{};
   std::vector<int32_t> exactCount_;
   std::array<std::vector<Candidate>, 4> suited_;
   std::array<std::vector<Candidate>, 4> touching_;
+  WeightUnits units_;
+  ClassWinsAndTies corrections_;  // the flush holdings' corrections
   ClassWinsAndTies count_;
 };
 
 // My Hand against each class of `combos` on every board still to come, under `Rules` (made from the board
 // and the street): each class's wins and ties into `out`, and the showdowns each live holding meets into
 // `meets`. False where nothing is counted: not the flop or the turn, a card given twice, no live holding.
+// When a live holding has a weight below whole, every holding counts its weight in thousandths (out.scale
+// kFullWeight).
 template <class Rules>
 bool CountByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
                   std::span<const HandCombo> combos, ClassWinsAndTies& out, int64_t& meets) {
@@ -230,8 +255,8 @@ bool CountByClass(const HandCards& myHand, const BoardCards& board, int32_t stre
   const KnownCards known = KnownCardsWithHand(myHand, board, street);
   if (!known.valid()) return false;
   const Rules rules(board, street);
-  ClassBoardCounter<Rules> counter(rules, myHand, board, street, combos,
-                                   [&](const HandCombo& combo) { return IsLiveHolding(combo, known.bits); });
+  const auto take = [&](const HandCombo& combo) { return IsLiveHolding(combo, known.bits); };
+  ClassBoardCounter<Rules> counter(rules, myHand, board, street, combos, take);
   if (counter.empty()) return false;
   const int remaining =
       ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });

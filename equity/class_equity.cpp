@@ -49,10 +49,13 @@ ClassEquities FromClassTallies(const std::array<int32_t, kClassCount>& holdings,
   return classes;
 }
 
-// Per class the sum of its holdings' tallies.
+// Per class the sum of its holdings' tallies (all at one scale).
 ClassEquities FromTallies(const LiveHoldings& live, std::span<const ShowdownTally> tallies) {
   std::array<ShowdownTally, kClassCount> sums{};
   std::array<int32_t, kClassCount> holdings{};
+  if (!tallies.empty()) {
+    for (ShowdownTally& sum : sums) sum.scale = tallies.front().scale;
+  }
   for (std::size_t k = 0; k < live.combos.size(); ++k) {
     sums[live.classes[k]] += tallies[k];
     ++holdings[live.classes[k]];
@@ -101,7 +104,7 @@ ClassEquities QuilletOnBoard(const CardInputs& cards, std::span<const HandCombo>
   for (int i = 0; i < kClassCount; ++i) {
     if (holdings[i] == 0 || sums[i].total == 0) continue;
     const ShowdownTally tally{static_cast<uint64_t>(sums[i].myWins), static_cast<uint64_t>(sums[i].ties),
-                              static_cast<uint64_t>(sums[i].oppWins)};
+                              static_cast<uint64_t>(sums[i].oppWins), static_cast<uint64_t>(sums[i].scale)};
     classes[i] = ClassEquity{EquityFromCounts(sums[i]).my, holdings[i], tally};
   }
   return classes;
@@ -136,9 +139,19 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
   if (rules == ShowdownRules::Standard) {
     if (cards.street == kNoBoard) {
       if (!ProgramPreflopClassTable().ok()) return QuilletPreflop(cards.hand, live);
+      // Each holding's matchup read from the class table, weighed by its weight in thousandths when any
+      // live holding has a weight below whole (the whole range's scale).
+      const PreflopClassTable& table = *ProgramPreflopClassTable().table;
+      const int32_t mine = HoldingNumber(cards.hand.card1(), cards.hand.card2());
+      WeightUnits units;
+      for (const HandCombo& combo : live.combos) units.Take(combo);
       std::vector<ShowdownTally> tallies(live.combos.size());
-      for (std::size_t k = 0; k < live.combos.size(); ++k)
-        tallies[k] = StandardPreflopTally(cards.hand, std::span<const HandCombo>(&live.combos[k], 1));
+      for (std::size_t k = 0; k < live.combos.size(); ++k) {
+        const HandCombo& combo = live.combos[k];
+        const ShowdownTally one = table.Matchup(mine, HoldingNumber(combo.card1(), combo.card2()));
+        const auto w = static_cast<uint64_t>(units.partial ? combo.weight : 1);
+        tallies[k] = {one.wins * w, one.ties * w, one.losses * w, units.Scale()};
+      }
       return FromTallies(live, tallies);
     }
     std::vector<ShowdownTally> tallies(live.combos.size());

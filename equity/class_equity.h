@@ -5,12 +5,13 @@
 // (CountShowdownsByHolding, StandardShowdownTallyByHolding), or preflop read from the tables holding by
 // holding; a class's equity is then the sum over its live holdings, put through the formula the read-outs
 // use for the rules in force. So each class's equity is what Calc Equity shows against that class alone:
-// - the program's own rules: preflop the mean of the matchup tables' values of the class's holdings, on
-//   the flop and the turn wins over decided showdowns (ties left out, rounded half to even to two
-//   decimals); nothing on the river, where the read-outs show nothing either;
+// - the program's own rules: preflop the mean of the matchup tables' values of the class's holdings
+//   (weighted by their weights), on the flop and the turn wins over decided showdowns (ties left out,
+//   rounded half to even to two decimals); nothing on the river, where the read-outs show nothing either;
 // - the standard rules: wins plus half the ties over all showdowns, on every street (preflop from the
 //   exact class table; while it is missing, the program's preflop tables as the read-outs fall back to).
-// A class without a live holding, or whose holdings met in no showdown, has no equity.
+// A class without a live holding, or whose holdings met in no showdown, has no equity. In a weighted range
+// each showdown counts the holding's weight (the tallies at scale kFullWeight, as the whole range's).
 #pragma once
 
 #include <array>
@@ -71,8 +72,8 @@ RangeEquityResult RangeEquityWithClasses(const HoldingSet& myRange, const Holdin
                                          std::optional<ClassEquities>& classes);
 
 // The holding-weighted mean of the classes' equities: with every holding meeting the same number of
-// boards (one hand in My Hand), the equity against the whole range under the standard rules. None when
-// no class has an equity.
+// boards (one hand in My Hand) and every weight whole, the equity against the whole range under the
+// standard rules. None when no class has an equity.
 std::optional<double> HoldingWeightedMean(const ClassEquities& classes);
 
 }  // namespace quillet

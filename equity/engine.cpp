@@ -55,13 +55,14 @@ class ReaderHoldings {
         known_(BoardCardCount(street)),
         mine_{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2} {}
 
-  void Add(const HandCombo& combo, uint32_t origin) {
+  void Add(const HandCombo& combo, uint32_t origin, int32_t weight) {
     holdings_.push_back(combo);
     origin_.push_back(origin);
+    weight_.push_back(weight);
   }
   bool empty() const { return holdings_.empty(); }
 
-  // record(origin, myKey, key) for each holding that meets the board completed by `coming`.
+  // record(origin, weight, myKey, key) for each holding that meets the board completed by `coming`.
   template <class Record>
   void Count(std::span<const Card> coming, Record&& record) const {
     BoardCards cards = board_;
@@ -72,7 +73,7 @@ class ReaderHoldings {
       bool uses = false;
       for (const Card& card : coming) uses = uses || SharesCard(combo, card);
       if (uses) continue;
-      record(origin_[r], myKey, StreetShowdownKey(combo, cards, kRiver));
+      record(origin_[r], weight_[r], myKey, StreetShowdownKey(combo, cards, kRiver));
     }
   }
 
@@ -82,6 +83,7 @@ class ReaderHoldings {
   HandCombo mine_;
   std::vector<HandCombo> holdings_;
   std::vector<uint32_t> origin_;
+  std::vector<int32_t> weight_;
 };
 
 // The holdings that take part at all: flag set, both cards of the deck.
@@ -102,11 +104,14 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   const auto byKey = [&](const HandCombo& combo) {
     return known.distinct && IsLiveHolding(combo, known.bits);
   };
+  // Every showdown counts its holding's weight in thousandths until the end (WeightUnits).
+  WeightUnits units;
   ReaderHoldings reader(myHand, board, street);
   for (std::size_t k = 0; k < combos.size(); ++k) {
-    if (TakesPart(combos[k]) && !byKey(combos[k])) reader.Add(combos[k], static_cast<uint32_t>(k));
+    if (TakesPart(combos[k]) && !byKey(combos[k]))
+      reader.Add(combos[k], static_cast<uint32_t>(k), units.Take(combos[k]));
   }
-  const LiveRange live(combos, board, street, byKey);
+  const LiveRange live(combos, board, street, byKey, units);
   const ProgramRules rules(board, street);
   RangeBoardCounter<ProgramRules> counter(rules, myHand, board, street, live);
   int64_t wins = 0;
@@ -114,16 +119,17 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   int64_t met = 0;
   ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) {
     if (live.total != 0) counter.Count(coming, wins, ties, met);
-    reader.Count(coming, [&](uint32_t, ShowdownKey myKey, ShowdownKey key) {
-      ++met;
-      wins += myKey > key ? 1 : 0;
-      ties += myKey == key ? 1 : 0;
+    reader.Count(coming, [&](uint32_t, int32_t weight, ShowdownKey myKey, ShowdownKey key) {
+      met += weight;
+      wins += myKey > key ? weight : 0;
+      ties += myKey == key ? weight : 0;
     });
   });
-  counts.total = met;
-  counts.myWins = wins;
-  counts.ties = ties;
-  counts.oppWins = met - wins - ties;
+  counts.scale = static_cast<int64_t>(units.Scale());
+  counts.total = units.Out(met);
+  counts.myWins = units.Out(wins);
+  counts.ties = units.Out(ties);
+  counts.oppWins = counts.total - counts.myWins - counts.ties;
   return counts;
 }
 
@@ -137,36 +143,49 @@ void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, i
   const ProgramRules rules(board, street);
   HoldingBoardCounter<ProgramRules> byKey(rules, myHand, board, street);
   std::vector<uint32_t> keyOrigin;
+  std::vector<int32_t> keyWeight;
   ReaderHoldings reader(myHand, board, street);
+  // Every showdown counts its holding's weight in thousandths until the end (WeightUnits).
+  WeightUnits units;
   for (std::size_t k = 0; k < combos.size(); ++k) {
     const HandCombo& combo = combos[k];
     if (!TakesPart(combo)) continue;
     if (known.distinct && IsLiveHolding(combo, known.bits)) {
       byKey.Add(combo);
       keyOrigin.push_back(static_cast<uint32_t>(k));
+      keyWeight.push_back(units.Take(combo));
     } else {
-      reader.Add(combo, static_cast<uint32_t>(k));
+      reader.Add(combo, static_cast<uint32_t>(k), units.Take(combo));
     }
   }
   byKey.Start();
   const int remaining = ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) {
     if (byKey.size() != 0) byKey.Count(coming);
-    reader.Count(coming, [&](uint32_t origin, ShowdownKey myKey, ShowdownKey key) {
+    reader.Count(coming, [&](uint32_t origin, int32_t weight, ShowdownKey myKey, ShowdownKey key) {
       ShowdownCounts& c = counts[origin];
-      ++c.total;
-      c.myWins += myKey > key ? 1 : 0;
-      c.oppWins += myKey < key ? 1 : 0;
-      c.ties += myKey == key ? 1 : 0;
+      c.total += weight;
+      c.myWins += myKey > key ? weight : 0;
+      c.oppWins += myKey < key ? weight : 0;
+      c.ties += myKey == key ? weight : 0;
     });
   });
-  // A key-path holding meets every board that leaves out its two cards (both among the remaining ones).
+  // A key-path holding meets every board that leaves out its two cards (both among the remaining ones),
+  // each counting its weight.
   const int64_t meets = BoardsMet(street, remaining);
   for (std::size_t i = 0; i < keyOrigin.size(); ++i) {
     ShowdownCounts& c = counts[keyOrigin[i]];
-    c.total = meets;
-    c.myWins = byKey.tally().First(i);
-    c.ties = byKey.tally().Second(i);
+    const int64_t w = keyWeight[i];
+    c.total = meets * w;
+    c.myWins = byKey.tally().First(i) * w;
+    c.ties = byKey.tally().Second(i) * w;
     c.oppWins = c.total - c.myWins - c.ties;
+  }
+  for (ShowdownCounts& c : counts) {
+    c.total = units.Out(c.total);
+    c.myWins = units.Out(c.myWins);
+    c.ties = units.Out(c.ties);
+    c.oppWins = units.Out(c.oppWins);
+    c.scale = static_cast<int64_t>(units.Scale());
   }
 }
 
@@ -179,6 +198,7 @@ void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, int
   if (!CountByClass<ProgramRules>(myHand, board, street, combos, c, meets)) return;
   for (int cls = 0; cls < kClassCount; ++cls) {
     ShowdownCounts& out = counts[cls];
+    out.scale = static_cast<int64_t>(c.scale);
     out.total = c.holdings[cls] * meets;
     out.myWins = c.wins[cls];
     out.ties = c.ties[cls];

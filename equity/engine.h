@@ -2,7 +2,9 @@
 // meets each live opponent holding in a showdown. There is no sampling and no time limit.
 //
 // Holdings whose flag is false take no part; the engine does not check the others against My Hand or the
-// board, it takes the list as the caller built it (the equity command removes dead holdings first).
+// board, it takes the list as the caller built it (the equity command removes dead holdings first). When a
+// holding that takes part has a weight below whole, every showdown counts its holding's weight (the counts
+// below are then in thousandths, ShowdownCounts::scale).
 #pragma once
 
 #include <cstdint>
@@ -15,11 +17,15 @@
 
 namespace quillet {
 
+// Showdowns counted from My Hand's side. In a range with a weight below whole each showdown counts its
+// holding's weight in thousandths (scale kFullWeight units make one showdown); else they are plain
+// counts (scale 1). The shares do not depend on the scale.
 struct ShowdownCounts {
   int64_t total = 0;
   int64_t myWins = 0;
   int64_t oppWins = 0;
   int64_t ties = 0;
+  int64_t scale = 1;
   friend constexpr bool operator==(const ShowdownCounts&, const ShowdownCounts&) = default;
 };
 
@@ -41,9 +47,10 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
 
 // The same showdowns as CountShowdowns, in the same one enumeration, but counted for each holding apart:
 // `counts[k]` gets the showdowns of My Hand against `combos[k]` (all zero for a holding that takes no
-// part). Summed over the holdings they are CountShowdowns's counts. Unlike CountShowdowns it counts the
-// river too: the board as it stands, one showdown per holding (the equities per category read it). `counts`
-// must have an entry for every holding (else it is only cleared).
+// part; a holding's weight times its showdowns in a weighted range). Summed over the holdings they are
+// CountShowdowns's counts. Unlike CountShowdowns it counts the river too: the board as it stands, one
+// showdown per holding (the equities per category read it). `counts` must have an entry for every holding
+// (else it is only cleared).
 void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
                              std::span<const HandCombo> combos, std::span<ShowdownCounts> counts);
 

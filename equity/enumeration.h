@@ -46,6 +46,28 @@ struct KnownCards {
   }
 };
 
+// The units of a count of showdowns against a weighted range. While the boards are walked every showdown
+// counts its holding's weight in thousandths (a whole holding 1000), so one pass over the holdings both
+// counts them and finds out whether any is below whole. At the end a range whose counted holdings are all
+// whole gives plain counts, each divided by kFullWeight (exactly, every count being a multiple of it): the
+// tallies of a range without weights are at scale 1, as before weights existed. A weighted range keeps
+// its thousandths (scale kFullWeight).
+struct WeightUnits {
+  bool partial = false;  // a holding counted has a weight below whole
+
+  // The weight a holding counts with, noting one below whole (a list's weights are 0..kFullWeight).
+  constexpr int32_t Take(const HandCombo& combo) {
+    partial |= combo.weight != kFullWeight;
+    return combo.weight;
+  }
+  // How many of the counts' units make one showdown.
+  constexpr uint64_t Scale() const { return partial ? uint64_t{kFullWeight} : 1; }
+  // A count in thousandths, in those units.
+  constexpr int64_t Out(int64_t thousandths) const {
+    return partial ? thousandths : thousandths / kFullWeight;
+  }
+};
+
 // The board cards that exist on `street`.
 constexpr KnownCards KnownBoardCards(const BoardCards& board, int32_t street) {
   KnownCards known;

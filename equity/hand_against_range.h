@@ -10,6 +10,11 @@
 // of are read one by one, and their rank-pair answer replaced by the one their flush gives. Everything
 // is allocated before the first board.
 //
+// Weighted ranges: "the number of holdings" is the sum of their weights in thousandths everywhere above,
+// per rank pair, per card and per pair of cards, so a weighted range costs what a plain one does; the
+// counts come out in thousandths of a showdown, which WeightUnits (enumeration.h) turns back into plain
+// counts when every weight is whole.
+//
 // Rules has:
 //   using Value = uint32_t-like;  a higher value is a better hand
 //   void Fill(std::span<const Card> coming, Value* table) const;  the values without a flush of every
@@ -48,11 +53,14 @@ struct FlushCandidate {
   uint64_t cards = 0;
   uint16_t rankPair = 0;   // canonical index
   uint16_t suitRanks = 0;  // the hole cards' ranks in the suit
+  uint16_t weight = 1;     // what the holding counts with
 };
 
-// The live holdings of a range, counted every way the boards need them.
+// The live holdings of a range, counted every way the boards need them: each counts its weight in
+// thousandths, so every count below is a sum of weights.
 struct LiveRange {
   int64_t total = 0;
+  bool anyPartial = false;  // a holding below whole
   // Holdings per canonical rank pair, listed compactly for the loop over pairs.
   std::vector<uint16_t> pairs;
   std::vector<int32_t> pairCounts;
@@ -66,9 +74,11 @@ struct LiveRange {
   std::array<std::vector<FlushCandidate>, 4> touching;
 
   // The holdings of `combos` that pass `take` (live ones), before the boards of `street`; the flush
-  // candidates are listed for the suits the known board leaves open to three or more cards only.
+  // candidates are listed for the suits the known board leaves open to three or more cards only. Each
+  // holding's weight is taken through `units`.
   template <class Take>
-  LiveRange(std::span<const HandCombo> combos, const BoardCards& board, int32_t street, Take&& take) {
+  LiveRange(std::span<const HandCombo> combos, const BoardCards& board, int32_t street, Take&& take,
+            WeightUnits& units) {
     const int known = BoardCardCount(street);
     const int comingCount = ComingCardCount(street);
     std::array<bool, 4> flushSuits{};
@@ -82,6 +92,7 @@ struct LiveRange {
       touching[suit].reserve(combos.size() / 2);
     }
     std::array<int32_t, kRankPairCount> perPair{};
+    int64_t holdings = 0;
     for (const HandCombo& combo : combos) {
       if (!take(combo)) continue;
       const Card a = combo.card1();
@@ -90,29 +101,35 @@ struct LiveRange {
       const int ia = DeckIndex(a);
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
-      ++total;
-      ++perPair[pair];
-      ++withCard[ia][b.rank - 2];
-      ++withCard[ib][a.rank - 2];
-      ++cardCount[ia];
-      ++cardCount[ib];
+      const int32_t w = combo.weight;
+      const auto w16 = static_cast<uint16_t>(w);
+      ++holdings;
+      total += w;
+      perPair[pair] += w;
+      withCard[ia][b.rank - 2] += w;
+      withCard[ib][a.rank - 2] += w;
+      cardCount[ia] += w;
+      cardCount[ib] += w;
       if (!exactCount.empty()) {
-        ++exactCount[ia * 52 + ib];
-        ++exactCount[ib * 52 + ia];
+        exactCount[ia * 52 + ib] += w;
+        exactCount[ib * 52 + ia] += w;
       }
       if (a.suit == b.suit) {
         if (flushSuits[a.suit]) {
           const auto suitRanks = static_cast<uint16_t>(RankMaskBit(a.rank) | RankMaskBit(b.rank));
-          touching[a.suit].push_back({cards, pair, suitRanks});
-          suited[a.suit].push_back({cards, pair, suitRanks});
+          touching[a.suit].push_back({cards, pair, suitRanks, w16});
+          suited[a.suit].push_back({cards, pair, suitRanks, w16});
         }
       } else {
         if (flushSuits[a.suit])
-          touching[a.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(a.rank))});
+          touching[a.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(a.rank)), w16});
         if (flushSuits[b.suit])
-          touching[b.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(b.rank))});
+          touching[b.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(b.rank)), w16});
       }
     }
+    // Weights run 0..kFullWeight: they add up to kFullWeight a holding only when every one is whole.
+    anyPartial = total != holdings * kFullWeight;
+    units.partial |= anyPartial;
     for (int pair = 0; pair < kRankPairCount; ++pair) {
       if (perPair[pair] == 0) continue;
       pairs.push_back(static_cast<uint16_t>(pair));
@@ -203,7 +220,11 @@ class RangeBoardCounter {
     if (b.flushSuit >= 0) {
       const auto& candidates =
           b.suits.counts[b.flushSuit] == 3 ? live_.suited[b.flushSuit] : live_.touching[b.flushSuit];
-      CorrectForFlushes(b, candidates, count);
+      if (live_.anyPartial) {
+        CorrectForFlushes<true>(b, candidates, count);
+      } else {
+        CorrectForFlushes<false>(b, candidates, count);
+      }
     }
     wins += count.wins;
     ties += count.ties;
@@ -232,9 +253,12 @@ class RangeBoardCounter {
 
   // The live holdings with a card of the flush suit: their rank-pair answer is replaced by the one their
   // own flush part gives.
+  // Without a weight below whole in the range every candidate counts one here and kFullWeight in the end.
+  template <bool kAnyPartial>
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<FlushCandidate>& candidates, WinsAndTies& count) const {
     const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
+    WinsAndTies corrections;
     for (const FlushCandidate& candidate : candidates) {
       if ((candidate.cards & b.comingCards) != 0) continue;
       const uint32_t ranksOnly = b.values[candidate.rankPair];
@@ -242,9 +266,13 @@ class RangeBoardCounter {
       const uint32_t best = std::max<uint32_t>(
           ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
       if (best == counted) continue;
-      count.Add(b.mine, best, 1);
-      count.Add(b.mine, counted, -1);
+      const int64_t weight = kAnyPartial ? candidate.weight : 1;
+      corrections.Add(b.mine, best, weight);
+      corrections.Add(b.mine, counted, -weight);
     }
+    const int64_t unit = kAnyPartial ? 1 : kFullWeight;
+    count.wins += corrections.wins * unit;
+    count.ties += corrections.ties * unit;
   }
 
   ComingBoards<Rules> boards_;
@@ -252,14 +280,19 @@ class RangeBoardCounter {
 };
 
 // The river: one board, so each holding that passes `take` is valued and compared as it stands. Adds My
-// Hand's wins and ties and the holdings that met it.
-template <class Rules, class Take>
-void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
-                   std::span<const HandCombo> combos, Take&& take, int64_t& wins, int64_t& ties,
-                   int64_t& met) {
+// Hand's wins and ties and the holdings that met it, each counting its weight in thousandths (noted in
+// `units`). Whole holdings are counted one each and weighed once at the end; a list without a weight
+// below whole (the first loop finds out) is counted without looking at the weights at all.
+template <bool kAnyPartial, class Rules, class Take>
+void CountOneBoardOf(const Rules& rules, const HandCards& myHand, const BoardCards& board,
+                     std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
+                     int64_t& ties, int64_t& met) {
   ComingBoards<Rules> boards(rules, myHand, board, kRiver);
   const typename ComingBoards<Rules>::Board b = boards.Read({});
   const uint32_t boardSuitRanks = b.flushSuit >= 0 ? b.suits.ranks[b.flushSuit] : 0;
+  int64_t wholeMet = 0;
+  int64_t wholeWins = 0;
+  int64_t wholeTies = 0;
   for (const HandCombo& combo : combos) {
     if (!take(combo)) continue;
     const Card x = combo.card1();
@@ -269,14 +302,43 @@ void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards
       const uint32_t hole = SuitRanksOf(x, y, b.flushSuit);
       theirs = std::max<uint32_t>(theirs, rules.FlushValue(boardSuitRanks | hole, hole));
     }
-    ++met;
-    wins += b.mine > theirs;
-    ties += b.mine == theirs;
+    if (kAnyPartial && combo.weight != kFullWeight) {
+      const int64_t w = units.Take(combo);
+      met += w;
+      wins += w * static_cast<int64_t>(b.mine > theirs);
+      ties += w * static_cast<int64_t>(b.mine == theirs);
+      continue;
+    }
+    ++wholeMet;
+    wholeWins += b.mine > theirs;
+    wholeTies += b.mine == theirs;
+  }
+  met += wholeMet * kFullWeight;
+  wins += wholeWins * kFullWeight;
+  ties += wholeTies * kFullWeight;
+}
+
+template <class Rules, class Take>
+void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
+                   std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
+                   int64_t& ties, int64_t& met) {
+  bool anyPartial = false;
+  for (const HandCombo& combo : combos) {
+    if (combo.weight != kFullWeight) {
+      anyPartial = true;
+      break;
+    }
+  }
+  if (anyPartial) {
+    CountOneBoardOf<true>(rules, myHand, board, combos, take, units, wins, ties, met);
+  } else {
+    CountOneBoardOf<false>(rules, myHand, board, combos, take, units, wins, ties, met);
   }
 }
 
 // My Hand against each holding apart, board by board: per holding its wins (first) and ties (second) in
-// a packed tally. The holdings are kept as parallel arrays for the loop over them.
+// a packed tally, boards counted one each (the caller weighs a holding's boards by its weight). The
+// holdings are kept as parallel arrays for the loop over them.
 template <class Rules>
 class HoldingBoardCounter {
  public:

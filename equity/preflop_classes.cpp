@@ -1,9 +1,11 @@
 #include "equity/preflop_classes.h"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "equity/deck.h"
 #include "equity/embedded_tables.h"
+#include "equity/enumeration.h"
 #include "equity/preflop_class_file.h"
 
 namespace quillet {
@@ -165,17 +167,39 @@ ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const 
   if (!IsHolding(h1, h2)) return {};
   // My Hand's row of the matchup table; a holding that shares a card with My Hand reads the all-zero entry.
   const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
-  uint64_t wins = 0;
-  uint64_t ties = 0;
-  uint64_t losses = 0;
+  // A list without a weight below whole is counted plainly; else each matchup counts its holding's weight
+  // in thousandths (WeightUnits).
+  const auto count = [&](auto anyPartial) {
+    WeightUnits units;
+    int64_t wins = 0;
+    int64_t ties = 0;
+    int64_t losses = 0;
+    for (const HandCombo& h : holdings) {
+      if (!h.flag || !IsHolding(h.card1(), h.card2())) continue;
+      const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
+      if constexpr (decltype(anyPartial)::value) {
+        const int64_t w = units.Take(h);
+        wins += w * c[0];
+        ties += w * c[1];
+        losses += w * c[2];
+      } else {
+        wins += c[0];
+        ties += c[1];
+        losses += c[2];
+      }
+    }
+    if constexpr (!decltype(anyPartial)::value) {
+      return ShowdownTally{static_cast<uint64_t>(wins), static_cast<uint64_t>(ties),
+                           static_cast<uint64_t>(losses)};
+    } else {
+      return ShowdownTally{static_cast<uint64_t>(units.Out(wins)), static_cast<uint64_t>(units.Out(ties)),
+                           static_cast<uint64_t>(units.Out(losses)), units.Scale()};
+    }
+  };
   for (const HandCombo& h : holdings) {
-    if (!h.flag || !IsHolding(h.card1(), h.card2())) continue;
-    const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
-    wins += c[0];
-    ties += c[1];
-    losses += c[2];
+    if (h.weight != kFullWeight) return count(std::true_type{});
   }
-  return {wins, ties, losses};
+  return count(std::false_type{});
 }
 
 PreflopClassTableOrError LoadPreflopClassTable() {

@@ -93,7 +93,8 @@ class PreflopClassTable {
   // The exact tally of the holding h1 h2 against every live holding of `holdings`: those whose flag is set,
   // whose cards are two different real cards, and that share no card with h1 h2. Each live holding meets
   // h1 h2 on all of its boards, so the showdowns number kPreflopBoardCount per live holding. Empty when
-  // h1 h2 are not two different real cards.
+  // h1 h2 are not two different real cards. When a holding counted has a weight below whole each counts
+  // its weight in thousandths (scale kFullWeight), else the counts are plain (scale 1).
   ShowdownTally TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const;
 
  private:

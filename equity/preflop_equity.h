@@ -16,8 +16,9 @@ inline constexpr std::string_view kPreflopLookupError = "Error calculating equit
 // For each of the first `count` holdings whose flag is set: the key (My Hand card 1, card 2, holding
 // card 1, card 2) gives the value; else the swapped key (holding, My Hand) gives 100 - value; else
 // "Error calculating equity GS0" goes to `message` (once for that holding) and it is left out. My equity
-// is the plain mean of the values found, unrounded, opp equity 100 minus it; -1 / -1 when none was found.
-// Every holding weighs the same; the list is taken as the caller built it (no check against My Hand).
+// is the mean of the values found weighted by the holdings' weights (the plain mean when they are all
+// whole, or all equal), unrounded, opp equity 100 minus it; -1 / -1 when none was found (or every weight
+// found is 0). The list is taken as the caller built it (no check against My Hand).
 EquityResult PreflopEquity(const LookupTables& tables, const HandCards& hand,
                            const std::vector<HandCombo>& combos, int count, const MessageSink& message);
 

@@ -65,21 +65,24 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   if (!known.valid()) return tally;
   const auto take = [&](const HandCombo& combo) { return IsLiveHolding(combo, known.bits); };
   const StandardRules rules(board, street);
+  // Every showdown counts its holding's weight in thousandths until the end (WeightUnits).
+  WeightUnits units;
   int64_t wins = 0;
   int64_t ties = 0;
   int64_t met = 0;
   if (street == kRiver) {
-    CountOneBoard(rules, myHand, board, combos, take, wins, ties, met);
+    CountOneBoard(rules, myHand, board, combos, take, units, wins, ties, met);
   } else {
-    const LiveRange live(combos, board, street, take);
+    const LiveRange live(combos, board, street, take, units);
     if (live.total == 0) return tally;
     RangeBoardCounter<StandardRules> counter(rules, myHand, board, street, live);
     ForEachComingBoard(known.bits, street,
                        [&](std::span<const Card> coming) { counter.Count(coming, wins, ties, met); });
   }
-  tally.wins = static_cast<uint64_t>(wins);
-  tally.ties = static_cast<uint64_t>(ties);
-  tally.losses = static_cast<uint64_t>(met - wins - ties);
+  tally.scale = units.Scale();
+  tally.wins = static_cast<uint64_t>(units.Out(wins));
+  tally.ties = static_cast<uint64_t>(units.Out(ties));
+  tally.losses = static_cast<uint64_t>(units.Out(met - wins - ties));
   return tally;
 }
 
@@ -93,24 +96,30 @@ void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& b
 
   const StandardRules rules(board, street);
   HoldingBoardCounter<StandardRules> counter(rules, myHand, board, street);
+  WeightUnits units;
   std::vector<uint32_t> origin;
+  std::vector<int32_t> weight;
   for (std::size_t k = 0; k < combos.size(); ++k) {
     if (!IsLiveHolding(combos[k], known.bits)) continue;
     origin.push_back(static_cast<uint32_t>(k));
+    weight.push_back(units.Take(combos[k]));
     counter.Add(combos[k]);
   }
   if (origin.empty()) return;
+  for (ShowdownTally& tally : tallies) tally.scale = units.Scale();
   counter.Start();
   const int remaining =
       ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) { counter.Count(coming); });
 
-  // Every live holding meets each board that leaves out its two cards, which are among the remaining ones.
-  const auto meets = static_cast<uint64_t>(BoardsMet(street, remaining));
+  // Every live holding meets each board that leaves out its two cards, which are among the remaining ones;
+  // each counts its weight.
+  const int64_t meets = BoardsMet(street, remaining);
   for (std::size_t i = 0; i < origin.size(); ++i) {
     ShowdownTally& tally = tallies[origin[i]];
-    tally.wins = counter.tally().First(i);
-    tally.ties = counter.tally().Second(i);
-    tally.losses = meets - tally.wins - tally.ties;
+    const int64_t w = weight[i];
+    tally.wins = static_cast<uint64_t>(units.Out(counter.tally().First(i) * w));
+    tally.ties = static_cast<uint64_t>(units.Out(counter.tally().Second(i) * w));
+    tally.losses = static_cast<uint64_t>(units.Out(meets * w)) - tally.wins - tally.ties;
   }
 }
 
@@ -123,6 +132,7 @@ void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& boa
   if (!CountByClass<StandardRules>(myHand, board, street, combos, c, meets)) return;
   for (int cls = 0; cls < kClassCount; ++cls) {
     ShowdownTally& out = tallies[cls];
+    out.scale = c.scale;
     out.wins = static_cast<uint64_t>(c.wins[cls]);
     out.ties = static_cast<uint64_t>(c.ties[cls]);
     out.losses = static_cast<uint64_t>(c.holdings[cls] * meets - c.wins[cls] - c.ties[cls]);

@@ -7,13 +7,17 @@
 // cards, so on the flop every holding meets 990 boards and on the turn 44; on the river the board as it
 // stands decides one showdown per holding. A holding listed twice counts twice.
 //
+// Weighted ranges: when a live holding has a weight below whole, each showdown counts the holding's weight
+// in thousandths and the tallies say so (scale kFullWeight); with every weight whole they are plain counts
+// (scale 1), as before weights existed. Every tally below follows this, preflop included.
+//
 // How it counts: a holding's hand is worth the same on one board as that of every other holding with
 // the same two ranks, unless a flush is possible for it. So per completion the engine reads the value
 // of each of the 91 rank pairs once (cached per rank pattern of the coming cards), compares My Hand's
-// value with it and weighs the answer by the number of live holdings of that rank pair, taking off those
-// that hold a card of the completion (card removal by inclusion and exclusion). Only the holdings that
-// can make a flush on a board with three or more cards of one suit are read one by one. Everything is
-// allocated before the first completion.
+// value with it and weighs the answer by the number (or the weight) of live holdings of that rank pair,
+// taking off those that hold a card of the completion (card removal by inclusion and exclusion). Only the
+// holdings that can make a flush on a board with three or more cards of one suit are read one by one.
+// Everything is allocated before the first completion.
 #pragma once
 
 #include <cstdint>

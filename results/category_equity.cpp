@@ -45,16 +45,19 @@ HoldingShowdowns::HoldingShowdowns(const HandCards& myHand, const BoardCards& bo
   if (rules == ShowdownRules::Standard) {
     std::vector<ShowdownTally> tallies(live.size());
     StandardShowdownTallyByHolding(myHand, board, street, live, tallies);
+    scale_ = tallies.front().scale;
     for (std::size_t k = 0; k < live.size(); ++k)
       byNumber_[HoldingNumber(live[k].card1(), live[k].card2())] = tallies[k];
     return;
   }
   std::vector<ShowdownCounts> counts(live.size());
   CountShowdownsByHolding(myHand, board, street, live, counts);
+  scale_ = static_cast<uint64_t>(counts.front().scale);
   for (std::size_t k = 0; k < live.size(); ++k) {
     const ShowdownCounts& c = counts[k];
-    byNumber_[HoldingNumber(live[k].card1(), live[k].card2())] = {
-        static_cast<uint64_t>(c.myWins), static_cast<uint64_t>(c.ties), static_cast<uint64_t>(c.oppWins)};
+    byNumber_[HoldingNumber(live[k].card1(), live[k].card2())] = {static_cast<uint64_t>(c.myWins),
+                                                                  static_cast<uint64_t>(c.ties),
+                                                                  static_cast<uint64_t>(c.oppWins), scale_};
   }
 }
 
@@ -64,7 +67,9 @@ ShowdownTally HoldingShowdowns::Of(const HandCombo& holding) const {
 }
 
 ShowdownSum::ShowdownSum(const HoldingShowdowns& showdowns)
-    : showdowns_(showdowns), added_(kHoldingCount, false) {}
+    : showdowns_(showdowns), added_(kHoldingCount, false) {
+  tally_.scale = showdowns.scale();
+}
 
 void ShowdownSum::Add(std::span<const HandCombo> holdings) {
   for (const HandCombo& holding : holdings) {

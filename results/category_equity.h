@@ -32,11 +32,15 @@ class HoldingShowdowns {
                    std::span<const HandCombo> holdings, ShowdownRules rules);
 
   ShowdownRules rules() const { return rules_; }
+  // How many units of the tallies make one showdown: kFullWeight when a holding counted has a weight
+  // below whole (each showdown then counts the holding's weight in thousandths), else 1.
+  uint64_t scale() const { return scale_; }
   // The showdowns against one holding, My Hand's side (all zero for a holding that was not counted).
   ShowdownTally Of(const HandCombo& holding) const;
 
  private:
   ShowdownRules rules_;
+  uint64_t scale_ = 1;
   std::vector<ShowdownTally> byNumber_;  // by holding number (cards/holding.h)
 };
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <random>
 #include <set>
 #include <sstream>
 #include <string>
@@ -24,6 +26,7 @@
 #include "range/top_of_order.h"
 #include "results/build_results_tree.h"
 #include "tests/support/reference_showdown.h"
+#include "tests/support/test_seed.h"
 
 namespace quillet {
 namespace {
@@ -369,6 +372,52 @@ TEST(CategoryEquity, OnTheTurnAndTheRiverEachCategoryAgreesWithACountOfEveryBoar
         EXPECT_DOUBLE_EQ(*built.categoryEquities[i], Formula(tally, rules))
             << board << " " << ShowdownRulesName(rules) << " " << categories.nodes[i].label;
       }
+    }
+  }
+}
+
+// A weighted range: each showdown counts the holding's weight, so a category's equity is the weighted
+// count of every board over its holdings.
+TEST(CategoryEquity, WithAWeightedRangeEachCategoryAgreesWithTheWeightedCountOfEveryBoard) {
+  std::mt19937_64 rng(testing::TestSeed(2220));
+  std::uniform_int_distribution<int32_t> weight(1, kFullWeight);
+  std::vector<HandCombo> range = TwentyPercentRange();
+  std::vector<int32_t> weightOf(kHoldingCount, kFullWeight);
+  for (HandCombo& holding : range) {
+    if (rng() % 4 != 0) holding.weight = weight(rng);
+    weightOf[HoldingNumber(holding.card1(), holding.card2())] = holding.weight;
+  }
+  for (const std::string board : {"Tc8h3s", "Tc8h3s9h", "Tc8h3s9h2d"}) {
+    const Spot spot = CookSpot("AhKd", board, range);
+    for (ShowdownRules rules : kBothRules) {
+      const ResultsBuild built = Build(spot, true, rules);
+      const Categories& categories = spot.cooked.categories;
+      const HoldingShowdowns showdowns(spot.cards.hand, spot.cards.board, spot.cards.street,
+                                       CategorisedHoldings(categories), rules);
+      EXPECT_EQ(showdowns.scale(), uint64_t{kFullWeight});
+      std::vector<std::optional<ShowdownTally>> byNumber(kHoldingCount);
+      int checked = 0;
+      for (std::size_t i = 0; i < categories.nodes.size(); ++i) {
+        const std::set<int32_t> numbers = HoldingNumbersUnder(categories, i);
+        if (categories.nodes[i].label.ends_with("*") || numbers.empty()) continue;
+        ShowdownTally tally{0, 0, 0, kFullWeight};
+        ShowdownSum sum(showdowns);
+        for (int32_t n : numbers) {
+          if (!byNumber[n]) {
+            const ShowdownTally boards = BruteForce(spot.cards, HoldingOfNumber(n), rules);
+            const auto w = static_cast<uint64_t>(weightOf[n]);
+            byNumber[n] = ShowdownTally{boards.wins * w, boards.ties * w, boards.losses * w, kFullWeight};
+          }
+          tally += *byNumber[n];
+          sum.Add(std::vector<HandCombo>{HoldingOfNumber(n)});
+        }
+        EXPECT_EQ(sum.tally(), tally) << board << " " << categories.nodes[i].label;
+        ASSERT_TRUE(built.categoryEquities[i].has_value()) << board << " " << categories.nodes[i].label;
+        EXPECT_DOUBLE_EQ(*built.categoryEquities[i], Formula(tally, rules))
+            << board << " " << ShowdownRulesName(rules) << " " << categories.nodes[i].label;
+        ++checked;
+      }
+      EXPECT_GE(checked, 5) << board;
     }
   }
 }
