@@ -86,18 +86,14 @@ int32_t FamilyKey(std::span<const Card> newCards, const std::vector<SuitPermutat
   return best;
 }
 
-// The program's own rules count showdowns (ShowdownCounts); as a tally they are whole showdowns, or
-// thousandths of one where the count weighs each holding by its weight. Every live holding meets as many
-// boards as any other, so a count of exactly the live holdings times those boards is in whole showdowns.
-ShowdownTally TallyOfCounts(const ShowdownCounts& counts, std::span<const HandCombo> live, int32_t street) {
-  int64_t holdings = 0;
-  for (const HandCombo& combo : live) holdings += combo.flag ? 1 : 0;
-  const int remaining = kDeckSize - 2 - BoardCardCount(street);
+// The program's own rules count showdowns (ShowdownCounts) at the scale the count says: whole showdowns, or
+// thousandths of one where some holding's weight is below whole.
+ShowdownTally TallyOfCounts(const ShowdownCounts& counts) {
   ShowdownTally tally;
   tally.wins = static_cast<uint64_t>(counts.myWins);
   tally.ties = static_cast<uint64_t>(counts.ties);
   tally.losses = static_cast<uint64_t>(counts.oppWins);
-  tally.scale = counts.total == holdings * BoardsMet(street, remaining) ? 1 : kFullWeight;
+  tally.scale = static_cast<uint64_t>(std::max<int64_t>(counts.scale, 1));
   return tally;
 }
 
@@ -147,11 +143,11 @@ class BoardCounter {
           sum.myWins += c.myWins;
           sum.oppWins += c.oppWins;
           sum.ties += c.ties;
+          sum.scale = std::max(sum.scale, c.scale);  // every holding's count is at the list's one scale
         }
-        job.tally = TallyOfCounts(sum, live_, rowStreet_);
+        job.tally = TallyOfCounts(sum);
       } else {
-        job.tally =
-            TallyOfCounts(CountShowdowns(*request_.hand, board, rowStreet_, live_), live_, rowStreet_);
+        job.tally = TallyOfCounts(CountShowdowns(*request_.hand, board, rowStreet_, live_));
       }
     }
     // The groups by rank pair depend on the board's ranks in their places: worked out once for each.
@@ -214,8 +210,7 @@ std::optional<ShowdownTally> BoardSoFarTally(const BoardsReportRequest& request)
   if (request.rules == ShowdownRules::Standard)
     return StandardEquityTally(*request.hand, request.board, request.street, live);
   if (request.street == kNoBoard) return std::nullopt;
-  return TallyOfCounts(CountShowdowns(*request.hand, request.board, request.street, live), live,
-                       request.street);
+  return TallyOfCounts(CountShowdowns(*request.hand, request.board, request.street, live));
 }
 
 }  // namespace
