@@ -17,8 +17,8 @@
 namespace quillet::gui {
 namespace {
 
-constexpr int kBoardsFirstWidth = 980;
-constexpr int kBoardsFirstHeight = 640;
+constexpr int kBoardsFirstWidth = 780;
+constexpr int kBoardsFirstHeight = 600;
 constexpr int kBoardsGap = 8;
 constexpr int kGridRanks = 13;
 constexpr int kGridSuits = 4;
@@ -117,7 +117,7 @@ void BoardsChart::paintEvent(QPaintEvent*) {
 void BoardsChart::PaintHistogram(QPainter& painter) {
   const auto bins = model_.Histogram();
   const double most = *std::max_element(bins.begin(), bins.end());
-  const QRect area = rect().adjusted(36, 24, -12, -30);
+  const QRect area = rect().adjusted(24, 24, -24, -30);
   const double midpoint = model_.MidpointEquity().value_or(50.0);
   painter.setPen(palette().text().color());
   painter.drawText(QRect(0, 2, width(), 20), Qt::AlignCenter, QStringLiteral("Flops by my equity"));
