@@ -53,6 +53,7 @@ class BoardsReportWindowTest : public QObject {
   void theCardGridPaintsEachCardInItsColour();
   void copyAndADoubleClickThatCooksTheRowsBoard();
   void stopDuringALongReportAnswersAtOnce();
+  void escClosesItAndStopsItsReport();
 };
 
 void BoardsReportWindowTest::ctrlBOpensItBesideTheMainWindowAndShowsTheReport() {
@@ -147,6 +148,20 @@ void BoardsReportWindowTest::stopDuringALongReportAnswersAtOnce() {
   QVERIFY(!window->cmdStop()->isEnabled());
   QCOMPARE(window->lblStatus()->text(), QStringLiteral("Stopped."));
   QCOMPARE(window->grdRows()->model()->rowCount(), 0);
+}
+
+void BoardsReportWindowTest::escClosesItAndStopsItsReport() {
+  Session s;
+  QVERIFY(s.StartActive());
+  BoardsReportWindow* window = OpenOn(s, "AhKd", "");  // every flop
+  QVERIFY(window != nullptr);
+  window->activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(window));
+  QVERIFY(s.model.frmBoardsReport.Running());
+  QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
+  QTRY_VERIFY(!window->isVisible());
+  QVERIFY(!s.model.frmBoardsReport.Running());
+  QVERIFY(!s.model.frmBoardsReport.visible);
 }
 
 }  // namespace quillet::gui

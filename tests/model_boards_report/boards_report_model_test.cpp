@@ -100,6 +100,39 @@ TEST_F(BoardsReportWindowModel, ACompleteBoardIsRefusedAndNothingRuns) {
   EXPECT_NE(services.messages[0].text.find("complete"), std::string::npos);
 }
 
+TEST_F(BoardsReportWindowModel, MyRangeIsCountedUnderTheStandardRules) {
+  OpenOn("QQ+, AKs", "Tc8h3s", {"JJ", "TT"});
+  ASSERT_TRUE(window.report.has_value());
+  EXPECT_EQ(window.lblInputs, "QQ+, AKs v Villain on Tc8h3s");
+  EXPECT_TRUE(services.messages.empty());
+  EXPECT_EQ(window.ShownRows().size(), 49u);
+}
+
+TEST_F(BoardsReportWindowModel, MyRangeUnderTheProgramsOwnRulesIsRefusedWithTheReportsReason) {
+  model.txtMyHand.text = "QQ+";
+  model.txtBoard.text = "Tc8h3s";
+  model.profiles.push_back(MakeProfile("Villain", {"JJ"}, ""));
+  model.currentProfileIndex = 0;
+  model.mnuBoardsReport_Click();
+  WaitForRun(window);
+  EXPECT_FALSE(window.report.has_value());
+  ASSERT_EQ(services.messages.size(), 1u);
+  EXPECT_EQ(services.messages[0].text, "A range of mine is counted under the standard rules only");
+}
+
+TEST_F(BoardsReportWindowModel, ClosingTheWindowStopsItsReport) {
+  model.txtMyHand.text = "AhKd";
+  model.profiles.push_back(MakeProfile("Villain", {"22", "AK"}, ""));
+  model.currentProfileIndex = 0;
+  model.options.standardShowdownRules = true;
+  model.mnuBoardsReport_Click();
+  ASSERT_TRUE(window.Running());
+  window.Form_Unload();
+  EXPECT_FALSE(window.visible);
+  EXPECT_FALSE(window.Running());
+  EXPECT_EQ(window.lblStatus, "Stopped.");
+}
+
 TEST_F(BoardsReportWindowModel, TheFilterBoxesKeepTheRowsOfTheirTexturesAndTheAggregateFollows) {
   OpenOn("AhKd", "Tc8c3s", {"QQ", "JJ", "AK"});
   const std::size_t all = window.ShownRows().size();
