@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QShortcut>
 #include <QTest>
 #include <string>
 #include <vector>
@@ -49,6 +50,7 @@ class BoardsReportWindowTest : public QObject {
 
  private slots:
   void ctrlBOpensItBesideTheMainWindowAndShowsTheReport();
+  void theOptionsMenuEntryOpensItAndEveryControlHasATooltip();
   void aFilterBoxAndAHeadingClickChangeTheTable();
   void theCardGridPaintsEachCardInItsColour();
   void copyAndADoubleClickThatCooksTheRowsBoard();
@@ -70,6 +72,31 @@ void BoardsReportWindowTest::ctrlBOpensItBesideTheMainWindowAndShowsTheReport() 
   QCOMPARE(window->lblAggregate()->text().toStdString(), s.model.frmBoardsReport.AggregateText());
   QCOMPARE(Shown(*window, 0, 0), s.model.frmBoardsReport.CellText(0, 0));
   QVERIFY(s.services.messages.empty());
+}
+
+void BoardsReportWindowTest::theOptionsMenuEntryOpensItAndEveryControlHasATooltip() {
+  Session s;
+  QVERIFY(s.Start());
+  QAction* entry = s.form->menuAction("mnuBoardsReport");
+  QVERIFY(entry != nullptr);
+  QCOMPARE(entry->text(), QStringLiteral("Boards Report..."));
+  QVERIFY(!entry->toolTip().isEmpty() && entry->toolTip() != entry->text());
+  auto* key = s.form->findChild<QShortcut*>(QStringLiteral("keyBoardsReport"));
+  QVERIFY(key != nullptr);
+  QCOMPARE(key->key(), QKeySequence(Qt::CTRL | Qt::Key_B));
+  entry->trigger();
+  BoardsReportWindow* window = s.form->frmBoardsReport();
+  QVERIFY(window != nullptr);
+  QTRY_VERIFY(window->isVisible());
+  std::vector<QWidget*> controls{window->cmdRun(),       window->cmdStop(),     window->cmdCopy(),
+                                 window->cmdExportCsv(), window->prgProgress(), window->grdRows(),
+                                 window->picChart()};
+  for (int c = 0; c < kBoardsCheckCount; ++c)
+    controls.push_back(window->chkFilter(static_cast<BoardsCheck>(c)));
+  for (QWidget* widget : controls) {
+    if (widget == window->picChart()) continue;  // the chart answers tooltips itself, cell by cell
+    QVERIFY2(!widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
+  }
 }
 
 void BoardsReportWindowTest::aFilterBoxAndAHeadingClickChangeTheTable() {
