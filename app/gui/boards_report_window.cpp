@@ -1,6 +1,7 @@
 #include "app/gui/boards_report_window.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -285,7 +286,12 @@ void BoardsReportWindow::Open() {
   Refresh();
   if (!placed_) {
     placed_ = true;
-    if (mainWindow_ != nullptr) {
+    // The kept place, unless no screen shows its title bar now (a screen taken away since).
+    const auto& kept = model_.place;
+    if (kept) resize(kept->width, kept->height);
+    if (kept && QGuiApplication::screenAt(QPoint(kept->left + kept->width / 2, kept->top + 10)) != nullptr) {
+      move(kept->left, kept->top);
+    } else if (mainWindow_ != nullptr) {
       const QRect main = mainWindow_->frameGeometry();
       QPoint spot(main.right() + 1 + kBoardsGap, main.top());
       if (const QScreen* screen = mainWindow_->screen()) {
@@ -299,9 +305,26 @@ void BoardsReportWindow::Open() {
   show();
   raise();
   activateWindow();
+  KeepPlace();
+}
+
+void BoardsReportWindow::KeepPlace() {
+  if (!isVisible()) return;
+  model_.Form_Moved({x(), y(), width(), height()});
+}
+
+void BoardsReportWindow::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  KeepPlace();
+}
+
+void BoardsReportWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  KeepPlace();
 }
 
 void BoardsReportWindow::closeEvent(QCloseEvent* event) {
+  KeepPlace();
   Act([this] { model_.Form_Unload(); });
   event->accept();
 }

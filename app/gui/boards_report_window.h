@@ -91,8 +91,12 @@ class BoardsReportWindow : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void KeepPlace();
+
   BoardsReportModel& model_;
   QtWindowServices& services_;
   QWidget* mainWindow_;

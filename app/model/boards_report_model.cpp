@@ -17,6 +17,7 @@
 #include "range/player_profile.h"
 #include "range/range_notation.h"
 #include "reports/boards_report_csv.h"
+#include "storage/preferences_file.h"
 
 namespace quillet {
 
@@ -36,6 +37,7 @@ struct BoardsReportModel::Run {
 namespace {
 
 constexpr std::string_view kBoardsLineEnd = "\r\n";
+constexpr std::string_view kBoardsWindowKey = "BoardsReportWindow";
 
 std::string BoardsFixed(double value, int places) {
   char text[64];
@@ -99,6 +101,7 @@ BoardsReportModel::~BoardsReportModel() = default;
 void BoardsReportModel::Form_Open() {
   const bool wasVisible = visible;
   visible = true;
+  used = true;
   if (!wasVisible && !Running()) cmdRun_Click();
 }
 
@@ -458,6 +461,26 @@ void BoardsReportModel::cmdExportCsv_Click() {
   file << text;
   file.close();
   if (!file) services->MsgBox("The CSV could not be written to " + path, MessageIcon::Warning);
+}
+
+std::vector<PreferenceRecord> BoardsReportModel::PreferenceRecords() const {
+  std::vector<PreferenceRecord> records;
+  if (!used || !place) return records;
+  records.push_back({std::string(kBoardsWindowKey),
+                     std::to_string(place->left) + "," + std::to_string(place->top) + "," +
+                         std::to_string(place->width) + "," + std::to_string(place->height)});
+  return records;
+}
+
+bool BoardsReportModel::ApplyPreference(const std::string& key, const std::string& value) {
+  if (key != kBoardsWindowKey) return false;
+  used = true;
+  BoardsReportPlace where;
+  if (std::sscanf(value.c_str(), "%d,%d,%d,%d", &where.left, &where.top, &where.width, &where.height) == 4 &&
+      where.width > 0 && where.height > 0) {
+    place = where;
+  }
+  return true;
 }
 
 std::string_view BoardsReportModel::CheckCaption(BoardsCheck check) {

@@ -23,6 +23,7 @@
 namespace quillet {
 
 class Form1Model;
+struct PreferenceRecord;  // storage/preferences_file.h
 
 // The progress bar runs from 0 to this.
 inline constexpr int kBoardsProgressMax = 1000;
@@ -50,6 +51,14 @@ struct BoardsGridCell {
   std::string toolTip;  // "Qh: 63.41%", or "Qh: no row" when no row kept holds it
 };
 
+// Where the window is on the screen, in pixels: its frame's top left and its inside's size.
+struct BoardsReportPlace {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+};
+
 class BoardsReportModel {
  public:
   BoardsReportModel(Form1Model* ownerForm, WindowServices& windowServices);
@@ -64,6 +73,8 @@ class BoardsReportModel {
   void Form_Open();
   // The window closes (its close box, Esc): a report still running is stopped.
   void Form_Unload();
+  // The window moved or was resized.
+  void Form_Moved(const BoardsReportPlace& where) { place = where; }
 
   // ---- the report ----
   // Takes My Hand (two cards, or my range in notation), the current profile's range (with its weights) and
@@ -123,6 +134,13 @@ class BoardsReportModel {
   // The CSV the export writes (the same as quillet-cli boards --csv for the same rows).
   std::string CsvText() const;
 
+  // ---- preferences ----
+  // The window's place as a record of its own ("BoardsReportWindow"), only once the window has been opened
+  // (or the file already held it), so that the file of a user who never opens it stays as it was.
+  std::vector<PreferenceRecord> PreferenceRecords() const;
+  // Takes a record of the window's (true), or says the key is not one (false).
+  bool ApplyPreference(const std::string& key, const std::string& value);
+
   // What a control shows while the pointer rests on it.
   static std::string ToolTip(std::string_view control);
   static std::string_view CheckCaption(BoardsCheck check);
@@ -131,6 +149,8 @@ class BoardsReportModel {
   Form1Model* owner;
   WindowServices* services;
   bool visible = false;
+  bool used = false;  // opened this session, or its record was read: the record is written
+  std::optional<BoardsReportPlace> place;
   std::array<bool, kBoardsCheckCount> chkFilter{};  // ticked check boxes
   int sortColumn = -1;                              // -1: the report's order
   bool sortDescending = true;

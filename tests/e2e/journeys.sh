@@ -1333,6 +1333,7 @@ journey_boards() {
   poll "the boards report to close on Esc" no_window "^$BOARDS_TITLE\$"
   close_quillet
   expect_equal "the board kept" "$(pref txtBoard)" "$board"
+  [ -n "$(pref BoardsReportWindow)" ] || fail "no BoardsReportWindow record in the preferences"
 }
 
 case "$JOURNEY" in
