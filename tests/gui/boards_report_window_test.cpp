@@ -25,12 +25,14 @@ void Click(QWidget* widget) {
                     widget->mapTo(window, widget->rect().center()));
 }
 
-// My Hand, the Board and the opponent's range in the main window, under the standard rules; then Ctrl+B.
-BoardsReportWindow* OpenOn(Session& s, const char* hand, const char* board) {
+// My Hand, the Board and the opponent's range in the main window, under the standard rules unless
+// `standard` is false (the program's own rules count every flop for seconds: long enough to stop); then
+// Ctrl+B.
+BoardsReportWindow* OpenOn(Session& s, const char* hand, const char* board, bool standard = true) {
   s.model.profiles[s.model.currentProfileIndex] = quillet::testing::MakeProfile("Generic", {"QQ", "JJ"}, "");
   s.model.txtMyHand.text = hand;
   s.model.txtBoard.text = board;
-  s.model.options.standardShowdownRules = true;
+  s.model.options.standardShowdownRules = standard;
   s.form->Refresh();
   QTest::keyClick(s.form->windowHandle(), Qt::Key_B, Qt::ControlModifier);
   BoardsReportWindow* window = s.form->frmBoardsReport();
@@ -166,7 +168,7 @@ void BoardsReportWindowTest::copyAndADoubleClickThatCooksTheRowsBoard() {
 void BoardsReportWindowTest::stopDuringALongReportAnswersAtOnce() {
   Session s;
   QVERIFY(s.StartActive());
-  BoardsReportWindow* window = OpenOn(s, "AhKd", "");  // every flop
+  BoardsReportWindow* window = OpenOn(s, "AhKd", "", false);  // every flop
   QVERIFY(window != nullptr);
   QVERIFY(s.model.frmBoardsReport.Running());
   QVERIFY(window->cmdStop()->isEnabled());
@@ -180,7 +182,7 @@ void BoardsReportWindowTest::stopDuringALongReportAnswersAtOnce() {
 void BoardsReportWindowTest::escClosesItAndStopsItsReport() {
   Session s;
   QVERIFY(s.StartActive());
-  BoardsReportWindow* window = OpenOn(s, "AhKd", "");  // every flop
+  BoardsReportWindow* window = OpenOn(s, "AhKd", "", false);  // every flop
   QVERIFY(window != nullptr);
   window->activateWindow();
   QVERIFY(QTest::qWaitForWindowActive(window));
