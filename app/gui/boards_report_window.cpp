@@ -213,6 +213,18 @@ BoardsReportWindow::BoardsReportWindow(BoardsReportModel& model, QtWindowService
     checks_[static_cast<std::size_t>(c)] = box;
     checkLine->addWidget(box);
   }
+  // "High card": any, then the ranks from the ace down (item i is rank 15 - i).
+  auto* highCaption = new QLabel(QStringLiteral("High card:"), this);
+  highCard_ = new QComboBox(this);
+  highCard_->setObjectName(QStringLiteral("cmbHighCard"));
+  highCard_->setToolTip(BoardsTip("cmbHighCard"));
+  highCard_->addItem(QStringLiteral("Any"));
+  for (int rank = 14; rank >= 2; --rank) highCard_->addItem(QString(QChar::fromLatin1(kRankText[rank - 1])));
+  connect(highCard_, &QComboBox::activated, this,
+          [this](int item) { Act([this, item] { model_.cmbHighCard_Click(item == 0 ? 0 : 15 - item); }); });
+  checkLine->addSpacing(8);
+  checkLine->addWidget(highCaption);
+  checkLine->addWidget(highCard_);
   checkLine->addStretch(1);
   layout->addLayout(checkLine);
 
@@ -344,6 +356,7 @@ void BoardsReportWindow::Refresh() {
   for (int c = 0; c < kBoardsCheckCount; ++c) {
     checks_[static_cast<std::size_t>(c)]->setChecked(model_.chkFilter[static_cast<std::size_t>(c)]);
   }
+  highCard_->setCurrentIndex(model_.cmbHighCard == 0 ? 0 : 15 - model_.cmbHighCard);
   if (shownVersion_ != model_.tableVersion) {
     shownVersion_ = model_.tableVersion;
     rows_->Reset();

@@ -7,6 +7,7 @@
 
 #include <QAbstractTableModel>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -82,6 +83,7 @@ class BoardsReportWindow : public QWidget {
   QPushButton* cmdCopy() const { return copy_; }
   QPushButton* cmdExportCsv() const { return export_; }
   QCheckBox* chkFilter(BoardsCheck check) const { return checks_[static_cast<int>(check)]; }
+  QComboBox* cmbHighCard() const { return highCard_; }
   QProgressBar* prgProgress() const { return progress_; }
   QLabel* lblStatus() const { return status_; }
   QLabel* lblAggregate() const { return aggregate_; }
@@ -107,6 +109,7 @@ class BoardsReportWindow : public QWidget {
   QPushButton* copy_ = nullptr;
   QPushButton* export_ = nullptr;
   std::array<QCheckBox*, kBoardsCheckCount> checks_{};
+  QComboBox* highCard_ = nullptr;
   QProgressBar* progress_ = nullptr;
   QLabel* status_ = nullptr;
   QLabel* aggregate_ = nullptr;

@@ -248,7 +248,14 @@ BoardFilter BoardsReportModel::Filter() const {
       bits({BoardsCheck::Unpaired, BoardsCheck::Paired, BoardsCheck::Trips}, BoardFilter::kAllPairings));
   filter.connections = static_cast<uint8_t>(
       bits({BoardsCheck::Unconnected, BoardsCheck::Connected}, BoardFilter::kAllConnections));
+  if (cmbHighCard >= 2 && cmbHighCard <= 14)
+    filter.highRanks = static_cast<uint16_t>(1u << (cmbHighCard - 2));
   return filter;
+}
+
+void BoardsReportModel::cmbHighCard_Click(int rank) {
+  cmbHighCard = rank >= 2 && rank <= 14 ? rank : 0;
+  Reshow();
 }
 
 void BoardsReportModel::Reshow() {
@@ -502,6 +509,7 @@ std::string BoardsReportModel::ToolTip(std::string_view control) {
     return "Keep only the boards of the textures ticked; none ticked of a kind keeps every board of that "
            "kind";
   }
+  if (control == "cmbHighCard") return "Keep only the boards whose highest card is of this rank";
   if (control == "grdRows") {
     return "One row per board; click a heading to sort by it, double-click a row to cook its board in the "
            "main window";

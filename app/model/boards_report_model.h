@@ -98,6 +98,8 @@ class BoardsReportModel {
   void chkTrips_Click() { chkFilter_Click(BoardsCheck::Trips); }
   void chkConnected_Click() { chkFilter_Click(BoardsCheck::Connected); }
   void chkUnconnected_Click() { chkFilter_Click(BoardsCheck::Unconnected); }
+  // The "High card" box: keep the boards whose highest rank is `rank` (2 to 14), or every board (0).
+  void cmbHighCard_Click(int rank);
   // A column heading was clicked: the table is sorted by it, highest first for the numbers and in the
   // report's order for the board; the same heading again turns the order round.
   void grdRows_HeaderClick(int column);
@@ -152,6 +154,7 @@ class BoardsReportModel {
   bool used = false;  // opened this session, or its record was read: the record is written
   std::optional<BoardsReportPlace> place;
   std::array<bool, kBoardsCheckCount> chkFilter{};  // ticked check boxes
+  int cmbHighCard = 0;                              // the highest rank kept, 0: any
   int sortColumn = -1;                              // -1: the report's order
   bool sortDescending = true;
   int progressValue = 0;  // 0..kBoardsProgressMax

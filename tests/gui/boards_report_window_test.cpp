@@ -123,6 +123,13 @@ void BoardsReportWindowTest::aFilterBoxAndAHeadingClickChangeTheTable() {
   for (int r = 1; r < 9; ++r) {
     QVERIFY(std::stod(Shown(*window, r - 1, equity)) >= std::stod(Shown(*window, r, equity)));
   }
+  // The high card box: queen-high turns among the paired ones are none (the ten is on the board).
+  emit window->cmbHighCard()->activated(3);
+  QCOMPARE(s.model.frmBoardsReport.cmbHighCard, 12);
+  QCOMPARE(window->cmbHighCard()->currentText(), QStringLiteral("Q"));
+  QCOMPARE(window->grdRows()->model()->rowCount(), 0);
+  emit window->cmbHighCard()->activated(0);
+  QCOMPARE(window->grdRows()->model()->rowCount(), 9);
 }
 
 void BoardsReportWindowTest::theCardGridPaintsEachCardInItsColour() {

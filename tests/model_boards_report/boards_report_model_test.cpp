@@ -220,6 +220,24 @@ TEST_F(BoardsReportWindowModel, TheCsvIsQuilletCliBoardsCsvForTheSameInputsAndFi
   EXPECT_EQ(window.CsvText(), paired.out);
 }
 
+TEST_F(BoardsReportWindowModel, TheHighCardBoxKeepsTheBoardsOfThatHighestRank) {
+  OpenOn("AhKd", "", {"QQ", "JJ"});
+  window.cmbHighCard_Click(12);
+  ASSERT_FALSE(window.ShownRows().empty());
+  for (const int32_t i : window.ShownRows()) {
+    const BoardsReportRow& row = window.report->rows[i];
+    EXPECT_EQ(std::max({row.cards[0].rank, row.cards[1].rank, row.cards[2].rank}), 12)
+        << BoardText(row.Board());
+  }
+  // The same rows as the command's own filter gives.
+  const cli::CliRun queens = cli::RunCommandLine(
+      {"boards", "--hand", "AhKd", "--range", "QQ,JJ", "--standard-rules", "--filter", "high=Q", "--csv"});
+  ASSERT_EQ(queens.status, 0) << queens.err;
+  EXPECT_EQ(window.CsvText(), queens.out);
+  window.cmbHighCard_Click(0);
+  EXPECT_EQ(window.ShownRows().size(), 19600u);
+}
+
 TEST_F(BoardsReportWindowModel, ExportCsvAsksWhereAndWritesTheCsvThere) {
   OpenOn("AhKd", "Tc8h3s", {"QQ", "JJ"});
   testing::TempFolder folder;
