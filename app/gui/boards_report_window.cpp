@@ -179,6 +179,15 @@ BoardsReportWindow::BoardsReportWindow(BoardsReportModel& model, QtWindowService
   inputs_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   layout->addWidget(inputs_);
 
+  // "High card": any, then the ranks from the ace down (item i is rank 15 - i).
+  auto* highCaption = new QLabel(QStringLiteral("High card:"), this);
+  highCard_ = new QComboBox(this);
+  highCard_->setObjectName(QStringLiteral("cmbHighCard"));
+  highCard_->setToolTip(BoardsTip("cmbHighCard"));
+  highCard_->addItem(QStringLiteral("Any"));
+  for (int rank = 14; rank >= 2; --rank) highCard_->addItem(QString(QChar::fromLatin1(kRankText[rank - 1])));
+  connect(highCard_, &QComboBox::activated, this,
+          [this](int item) { Act([this, item] { model_.cmbHighCard_Click(item == 0 ? 0 : 15 - item); }); });
   auto* runLine = new QHBoxLayout();
   run_ = new QPushButton(QStringLiteral("Run"), this);
   run_->setObjectName(QStringLiteral("cmdRun"));
@@ -195,6 +204,9 @@ BoardsReportWindow::BoardsReportWindow(BoardsReportModel& model, QtWindowService
   status_->setObjectName(QStringLiteral("lblStatus"));
   runLine->addWidget(run_);
   runLine->addWidget(stop_);
+  runLine->addSpacing(8);
+  runLine->addWidget(highCaption);
+  runLine->addWidget(highCard_);
   runLine->addWidget(progress_, 1);
   runLine->addWidget(status_, 1);
   layout->addLayout(runLine);
@@ -213,18 +225,6 @@ BoardsReportWindow::BoardsReportWindow(BoardsReportModel& model, QtWindowService
     checks_[static_cast<std::size_t>(c)] = box;
     checkLine->addWidget(box);
   }
-  // "High card": any, then the ranks from the ace down (item i is rank 15 - i).
-  auto* highCaption = new QLabel(QStringLiteral("High card:"), this);
-  highCard_ = new QComboBox(this);
-  highCard_->setObjectName(QStringLiteral("cmbHighCard"));
-  highCard_->setToolTip(BoardsTip("cmbHighCard"));
-  highCard_->addItem(QStringLiteral("Any"));
-  for (int rank = 14; rank >= 2; --rank) highCard_->addItem(QString(QChar::fromLatin1(kRankText[rank - 1])));
-  connect(highCard_, &QComboBox::activated, this,
-          [this](int item) { Act([this, item] { model_.cmbHighCard_Click(item == 0 ? 0 : 15 - item); }); });
-  checkLine->addSpacing(8);
-  checkLine->addWidget(highCaption);
-  checkLine->addWidget(highCard_);
   checkLine->addStretch(1);
   layout->addLayout(checkLine);
 
