@@ -1,7 +1,6 @@
 // quillet-cli boards: the boards report, my hand or range against the opponent's range on every board the
 // next street can bring, with the aggregate of the rows kept.
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <cstdio>
 #include <ostream>
 #include <string>
@@ -11,6 +10,7 @@
 #include "cli/options.h"
 #include "range/range_notation.h"
 #include "reports/boards_report.h"
+#include "reports/boards_report_csv.h"
 
 namespace quillet::cli {
 namespace {
@@ -23,27 +23,9 @@ constexpr const char* kBoardsSummary =
     "opponent's range in groups and the aggregate of the rows kept (over all of them: the equity of the "
     "board so far)";
 
-// The shortest text that reads back as the same double ("57.25", "4").
-std::string BoardsNumberText(double value) {
-  char buffer[32];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-  return std::string(buffer, result.ptr);
-}
-
-// Showdowns counted in units of `scale`: a whole number as it is, else its decimals.
-std::string ShowdownsText(uint64_t units, uint64_t scale) {
-  if (units % scale == 0) return std::to_string(units / scale);
-  return BoardsNumberText(static_cast<double>(units) / static_cast<double>(scale));
-}
 Json ShowdownsJson(uint64_t units, uint64_t scale) {
   if (units % scale == 0) return Json(units / scale);
   return Json(static_cast<double>(units) / static_cast<double>(scale));
-}
-
-double GroupShare(const BoardsReportRow& row, int group) {
-  return row.oppCombos == 0
-             ? 0.0
-             : 100.0 * static_cast<double>(row.groups[group]) / static_cast<double>(row.oppCombos);
 }
 
 std::vector<HandCombo> CombosOfWeights(const WeightedHoldingSet& weights) {
@@ -67,7 +49,7 @@ void WriteJson(const BoardsReport& report, const BoardsAggregate& aggregate, std
     if (!report.ok()) break;
     Json groups = Json::object();
     for (int g = 0; g < kRangeGroupCount; ++g)
-      groups[std::string(RangeGroupName(g))] = JsonNumber(GroupShare(row, g));
+      groups[std::string(RangeGroupName(g))] = JsonNumber(BoardsGroupShare(row, g));
     const std::optional<double> equity = EquityOfTally(row.tally, report.rules);
     rows.push_back(Json{{"board", BoardText(row.Board())},
                         {"weight", row.weight},
@@ -85,29 +67,6 @@ void WriteJson(const BoardsReport& report, const BoardsAggregate& aggregate, std
                       {"rows", aggregate.rows},
                       {"showdowns", JsonNumber(aggregate.Showdowns())}}}};
   out << JsonText(result) << "\n";
-}
-
-void WriteCsv(const BoardsReport& report, const BoardsAggregate& aggregate, std::ostream& out) {
-  out << "board,weight,equity,win,tie,showdowns,holdings";
-  for (int g = 0; g < kRangeGroupCount; ++g) out << "," << RangeGroupName(g);
-  out << "\n";
-  for (const BoardsReportRow& row : report.rows) {
-    const std::optional<double> equity = EquityOfTally(row.tally, report.rules);
-    out << BoardText(row.Board()) << "," << row.weight << "," << (equity ? BoardsNumberText(*equity) : "")
-        << "," << BoardsNumberText(row.tally.WinPercent()) << "," << BoardsNumberText(row.tally.TiePercent())
-        << "," << ShowdownsText(row.tally.Showdowns(), row.tally.scale) << "," << CombosText(row.oppCombos);
-    for (int g = 0; g < kRangeGroupCount; ++g) out << "," << BoardsNumberText(GroupShare(row, g));
-    out << "\n";
-  }
-  // The aggregate line: its weight is the boards the rows stand for.
-  const std::optional<double> equity = EquityOfAggregate(aggregate, report.rules);
-  const double total = aggregate.wins + aggregate.ties + aggregate.losses;
-  out << "aggregate," << aggregate.boards << "," << (equity ? BoardsNumberText(*equity) : "") << ","
-      << BoardsNumberText(total > 0 ? 100.0 * aggregate.wins / total : 0.0) << ","
-      << BoardsNumberText(total > 0 ? 100.0 * aggregate.ties / total : 0.0) << ","
-      << BoardsNumberText(aggregate.Showdowns()) << ",";
-  for (int g = 0; g < kRangeGroupCount; ++g) out << ",";
-  out << "\n";
 }
 
 std::string Fixed(double value, int decimals) {
@@ -131,10 +90,10 @@ void WriteText(const BoardsReport& report, const BoardsAggregate& aggregate, std
     out << board << Padded(std::to_string(row.weight), 8) << Padded(equity ? Fixed(*equity, 2) + "%" : "-", 9)
         << Padded(Fixed(row.tally.WinPercent(), 2) + "%", 9)
         << Padded(Fixed(row.tally.TiePercent(), 2) + "%", 9)
-        << Padded(ShowdownsText(row.tally.Showdowns(), row.tally.scale), 13)
+        << Padded(BoardsShowdownsText(row.tally.Showdowns(), row.tally.scale), 13)
         << Padded(CombosText(row.oppCombos), 10);
     for (int g = 0; g < kRangeGroupCount; ++g)
-      out << Padded(Fixed(GroupShare(row, g), 1) + "%", RangeGroupName(g).size() + 2);
+      out << Padded(Fixed(BoardsGroupShare(row, g), 1) + "%", RangeGroupName(g).size() + 2);
     out << "\n";
   }
   const std::optional<double> equity = EquityOfAggregate(aggregate, report.rules);
@@ -257,7 +216,7 @@ int RunBoards(const std::vector<std::string>& words, std::ostream& out, std::ost
   if (json) {
     WriteJson(report, aggregate, out);
   } else if (csv) {
-    WriteCsv(report, aggregate, out);
+    out << BoardsReportCsv(report.rows, report.rules, aggregate);
   } else {
     WriteText(report, aggregate, out);
   }

@@ -281,6 +281,20 @@ void Form1::BuildMenus() {
     if (multiway_ == nullptr) multiway_ = new MultiwayWindow(model_.frmMultiway, services_, this);
     multiway_->Open();
   });
+  // "Boards Report..." and Ctrl+B, the same way.
+  QAction* boards = optionsMenu_->addAction(QStringLiteral("Boards Report..."));
+  boards->setObjectName(QStringLiteral("mnuBoardsReport"));
+  auto* boardsKey = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_B), this);
+  boardsKey->setObjectName(QStringLiteral("keyBoardsReport"));
+  boardsKey->setContext(Qt::WindowShortcut);
+  connect(boardsKey, &QShortcut::activated, boards, &QAction::trigger);
+  connect(boards, &QAction::triggered, this, [this] {
+    if (boardsReport_ == nullptr) {
+      boardsReport_ = new BoardsReportWindow(model_.frmBoardsReport, services_, this, [this] { Refresh(); });
+    }
+    boardsReport_->Act([this] { model_.mnuBoardsReport_Click(); });
+    boardsReport_->Open();
+  });
 
   treeMenu_ = new QMenu(QStringLiteral("TV"), this);
   treeMenu_->setObjectName(QStringLiteral("mnuTV"));

@@ -16,6 +16,7 @@
 #include <functional>
 #include <vector>
 
+#include "app/gui/boards_report_window.h"
 #include "app/gui/card_text_box.h"
 #include "app/gui/command_label.h"
 #include "app/gui/grid_widgets.h"
@@ -75,6 +76,8 @@ class Form1 : public QWidget {
   SelCardsWindow* frmSelCards() const { return picker_; }
   // The multiway window; none until "Multiway Equity..." first opens it.
   MultiwayWindow* frmMultiway() const { return multiway_; }
+  // The boards report window; none until "Boards Report..." first opens it.
+  BoardsReportWindow* frmBoardsReport() const { return boardsReport_; }
   QTimer* tmrSliderMoving() { return &tmrSliderMoving_; }
   QTimer* tmrCalcEquity() { return &tmrCalcEquity_; }
   QTimer* tmrTVError() { return &tmrTVError_; }
@@ -169,6 +172,7 @@ class Form1 : public QWidget {
 
   SelCardsWindow* picker_ = nullptr;
   MultiwayWindow* multiway_ = nullptr;
+  BoardsReportWindow* boardsReport_ = nullptr;
 };
 
 }  // namespace quillet::gui

@@ -43,6 +43,9 @@ constexpr MenuTip kMenuTips[] = {
      "own rules"},
     {"mnuMultiwayEquity",
      "Open the Multiway Equity window: the equity of 2 to 10 players, each a hand or a range (Ctrl+M)"},
+    {"mnuBoardsReport",
+     "Open the Boards Report window: my equity on every board the next street can bring, filtered, sorted "
+     "and charted (Ctrl+B)"},
     {"mnuAdd2Range", "Make the selected holding of the results tree the range"},
     {"mnuKeepOnlyChecked", "Make the range exactly the holdings under the checked categories and groups"},
     {"mnuCopyToClipboard", "Copy the results tree to the clipboard as text"},

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QEventLoop>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -92,6 +93,15 @@ std::string QtWindowServices::InputBox(std::string_view prompt, std::string_view
       QInputDialog::getText(DialogParent(), QString::fromLatin1(kBoxTitle), ToDisplayText(prompt),
                             QLineEdit::Normal, ToQString(defaultText), &ok);
   return ok ? ToStdString(answer) : std::string();
+}
+
+std::string QtWindowServices::AskSaveFileName(std::string_view title, std::string_view suggestedName,
+                                              std::string_view filter) {
+  if (screenGone_) return {};
+  ModalScope scope(*this);
+  const QString path = QFileDialog::getSaveFileName(DialogParent(), ToQString(title),
+                                                    ToQString(suggestedName), ToQString(filter));
+  return path.isEmpty() ? std::string() : path.toStdString();
 }
 
 void QtWindowServices::SetClipboardText(std::string_view text) {

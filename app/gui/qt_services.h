@@ -22,6 +22,8 @@ class QtWindowServices : public WindowServices {
   // Runs the event loop for `step`, user input left waiting: the window paints and answers the desktop.
   void Wait(std::chrono::milliseconds step) override;
   std::string InputBox(std::string_view prompt, std::string_view defaultText) override;
+  std::string AskSaveFileName(std::string_view title, std::string_view suggestedName,
+                              std::string_view filter) override;
   void SetClipboardText(std::string_view text) override;
   std::string GetClipboardText() override;
   void OpenInShell(std::string_view address) override;

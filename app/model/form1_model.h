@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "app/model/boards_report_model.h"
 #include "app/model/multiway_model.h"
 #include "app/model/range_history.h"
 #include "app/model/sel_cards_model.h"
@@ -483,6 +484,8 @@ class Form1Model {
   void mnuWinLoseIcons_Click();
   // "Multiway Equity..." (and Ctrl+M): opens the multiway window (multiway_model.cpp).
   void mnuMultiwayEquity_Click();
+  // "Boards Report..." (and Ctrl+B): opens the boards report window (boards_report_model.cpp).
+  void mnuBoardsReport_Click();
 
   // ---- tooltips (form1_tooltips.cpp): what the window shows while the pointer rests on a control ----
   // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
@@ -569,6 +572,7 @@ class Form1Model {
   bool selCardsAutoCook = false;  // application-wide "Auto: Cook on OK"
 
   MultiwayModel frmMultiway{this, services};
+  BoardsReportModel frmBoardsReport{this, services};
 
   WindowGeometry geometry;
 

@@ -71,6 +71,8 @@ bool Form1Model::SavePreferences() {
   }
   // The multiway window's records: none until it has been used.
   for (PreferenceRecord& record : frmMultiway.PreferenceRecords()) records.push_back(std::move(record));
+  // The boards report's place: none until it has been opened.
+  for (PreferenceRecord& record : frmBoardsReport.PreferenceRecords()) records.push_back(std::move(record));
   if (auto failure = CreateFolderFor(preferencesPath)) {
     services.MsgBox(PreferencesSaveFault(preferencesPath, *failure, false), MessageIcon::Warning);
     return true;
@@ -142,8 +144,9 @@ void Form1Model::ApplyPreferences(const std::vector<PreferenceLine>& lines) {
     } else if (line.key == "SelCardsAutoCook") {
       if (const auto v = ParseBooleanText(value)) selCardsAutoCook = *v;
     } else {
-      // The multiway window's records; any other key is not the program's and is passed over.
-      frmMultiway.ApplyPreference(line.key, value);
+      // The multiway window's and the boards report's records; any other key is not the program's and is
+      // passed over.
+      if (!frmMultiway.ApplyPreference(line.key, value)) frmBoardsReport.ApplyPreference(line.key, value);
     }
   }
 }

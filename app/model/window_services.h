@@ -39,6 +39,15 @@ class WindowServices {
   virtual void PopUpMenu(PopupMenuId menu) = 0;
   // Moves the keyboard focus.
   virtual void SetFocus(ControlId control) = 0;
+  // A modal "Save As" question: the path chosen, empty when cancelled. `suggestedName` is the file name it
+  // starts with; `filter` the kinds of file offered ("CSV files (*.csv)").
+  virtual std::string AskSaveFileName(std::string_view title, std::string_view suggestedName,
+                                      std::string_view filter) {
+    (void)title;
+    (void)suggestedName;
+    (void)filter;
+    return {};
+  }
   // Paints the window now; called before a long calculation so its "busy" look shows during the run.
   virtual void RepaintNow() = 0;
 };

@@ -32,6 +32,7 @@ MAIN_TITLE='Poker Quillet Hand Range Analyzer and Odds Calculator'
 BOX_TITLE='Poker Quillet'
 WELCOME_TITLE='Welcome to Poker Quillet!'
 PICKER_TITLE='Select Card'
+BOARDS_TITLE='Boards Report'
 MULTIWAY_TITLE='Multiway Equity'
 
 for tool in Xvfb openbox xdotool xclip import; do
@@ -1291,10 +1292,101 @@ journey_weighted_profile() {
   [ -f "$SCRATCH/Player_Profiles.ini.weights" ] || fail "no weights file beside the profile file"
 }
 
+# The boards report window's controls (pixels from its top-left corner, at the size it first opens with).
+BR_RUN="50 42"
+BR_MONOTONE="18 68"
+BR_EQUITY_HEADING="181 94"
+BR_FIRST_ROW="45 112"
+
+# The boards report window's Copy button, clicked (bottom right, left of Export CSV).
+click_boards_copy() {
+  local w h
+  eval "$(xdotool getwindowgeometry --shell "$1" | sed 's/^/local /')"
+  w=$WIDTH
+  h=$HEIGHT
+  click_in "$1" $((w - 142)) $((h - 22))
+}
+copy_boards_table() {
+  click_boards_copy "$1"
+  clipboard_has "$2"
+}
+
+journey_boards() {
+  first_start
+  aces_kings_queens
+  # shellcheck disable=SC2086
+  click_card_box $MY_HAND
+  type_text AhKd
+  close_picker
+  activate "$MAIN"
+  xdotool key ctrl+b
+  wait_window "^$BOARDS_TITLE\$"
+  local br=$WIN
+  activate "$br"
+  found_window "^$MAIN_TITLE\$" || fail "the main window went when the boards report opened"
+  xclip -selection clipboard -i /dev/null
+  # Every flop: the report is done once Copy copies its aggregate line.
+  poll "the report of every flop" copy_boards_table "$br" "Aggregate: "
+  step_shot boards-every-flop
+  # Monotone flops only, sorted by equity (highest first).
+  # shellcheck disable=SC2086
+  click_in "$br" $BR_MONOTONE
+  # shellcheck disable=SC2086
+  click_in "$br" $BR_EQUITY_HEADING
+  xclip -selection clipboard -i /dev/null
+  poll "the monotone flops to be copied" copy_boards_table "$br" "Aggregate: "
+  clipboard | tr -d '\r' >"$SCRATCH/boards.txt"
+  local rows
+  rows=$(sed '1d;$d' "$SCRATCH/boards.txt")
+  [ -n "$rows" ] || fail "no monotone flop in the table"
+  echo "$rows" | cut -f1 | grep -qv '^.\(.\).\1.\1$' &&
+    fail "a flop that is not monotone: $(echo "$rows" | cut -f1 | grep -v '^.\(.\).\1.\1$' | head -3)"
+  expect_equal "the monotone flops" "$(echo "$rows" | wc -l)" 1012
+  echo "$rows" | cut -f3 | tr -d '%' | sort -g -r -c 2>/dev/null || fail "the rows are not sorted by equity"
+  log "ok: 1012 monotone flops sorted by equity"
+  shoot boards-monotone-by-equity
+  local board
+  board=$(echo "$rows" | head -1 | cut -f1)
+  # A double click on the first row: the main window takes its board and cooks it.
+  # shellcheck disable=SC2086
+  xdotool mousemove --window "$br" --sync $BR_FIRST_ROW click --repeat 2 --delay 80 1
+  activate "$MAIN"
+  sleep 0.5
+  shoot boards-main-cooked
+  local before menu
+  before=$(quillet_windows)
+  # shellcheck disable=SC2086
+  click $TREE_FIRST_NODE 3
+  wait_new_window "$before" "the results tree's pop-up menu"
+  menu=$WIN
+  click_item "$menu" 1 2
+  "$CLI" cook --hand AhKd --board "$board" --range AA,KK,QQ >"$SCRATCH/expected-cook.txt" ||
+    fail "quillet-cli cook failed"
+  poll "the clipboard to hold the cook" clipboard_has "$(head -1 "$SCRATCH/expected-cook.txt" | tr -d '\r')"
+  clipboard >"$SCRATCH/cook.txt"
+  cmp -s "$SCRATCH/cook.txt" "$SCRATCH/expected-cook.txt" ||
+    fail "the cook differs from quillet-cli cook on $board: $(diff "$SCRATCH/cook.txt" "$SCRATCH/expected-cook.txt" | head -20)"
+  log "ok: the main window cooked $board"
+  # Run again from that flop, Monotone unticked: every turn card, the card grid.
+  activate "$br"
+  # shellcheck disable=SC2086
+  click_in "$br" $BR_MONOTONE
+  # shellcheck disable=SC2086
+  click_in "$br" $BR_RUN
+  xclip -selection clipboard -i /dev/null
+  poll "the report of every turn card" copy_boards_table "$br" "turn card"
+  shoot boards-turn-grid
+  xdotool key Escape
+  poll "the boards report to close on Esc" no_window "^$BOARDS_TITLE\$"
+  close_quillet
+  expect_equal "the board kept" "$(pref txtBoard)" "$board"
+  [ -n "$(pref BoardsReportWindow)" ] || fail "no BoardsReportWindow record in the preferences"
+}
+
 case "$JOURNEY" in
   first_start | cook_export | grid_layers | profiles | options | picker | equity | card_search | bad_board | \
     notation | range_hand | undo | slider_tab | picker_typed | keyboard | end_signals | heat_map | weights | \
-    multiway | weighted_profile)
+    multiway | weighted_profile | boards)
     log "journey $JOURNEY"
     "journey_$JOURNEY"
     step_shot end

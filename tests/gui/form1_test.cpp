@@ -382,8 +382,9 @@ void Form1Test::theOptionsMenuShowsItsCaptionsAndTicksAndSwitchesTheScheme() {
   QTRY_VERIFY(form.mnuOptions()->isVisible());
   QStringList titles;
   for (QAction* action : form.mnuOptions()->actions()) titles << action->text();
-  // The three sub-menus and the entry that opens the multiway window.
-  QCOMPARE(titles, (QStringList{"Display Options", "Appearance", "Operation", "Multiway Equity..."}));
+  // The three sub-menus and the entries that open the multiway window and the boards report.
+  QCOMPARE(titles, (QStringList{"Display Options", "Appearance", "Operation", "Multiway Equity...",
+                                "Boards Report..."}));
   QCOMPARE(form.menuAction("mnuSimplifyOutput")->text(), QStringLiteral("Simplify Output"));
   QVERIFY(form.menuAction("mnuSimplifyOutput")->isChecked());
   QCOMPARE(form.menuAction("mnuSimplifyFurther")->text(),

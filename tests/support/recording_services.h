@@ -42,6 +42,8 @@ class RecordingServices : public WindowServices {
   std::deque<bool> retryAnswers;          // true for Retry; Cancel when none is left
   std::function<void()> onRetryQuestion;  // runs when such a question is asked, before it is answered
   std::vector<std::chrono::milliseconds> waits;
+  std::vector<Question> saveQuestions;  // title, suggested name (as text) and no icon
+  std::deque<std::string> saveAnswers;  // the paths chosen; cancelled when none is left
 
   void MsgBox(std::string_view text, MessageIcon icon) override {
     messages.push_back({std::string(text), icon});
@@ -71,6 +73,14 @@ class RecordingServices : public WindowServices {
     if (inputAnswers.empty()) return {};
     std::string answer = inputAnswers.front();
     inputAnswers.pop_front();
+    return answer;
+  }
+  std::string AskSaveFileName(std::string_view title, std::string_view suggestedName,
+                              std::string_view) override {
+    saveQuestions.push_back({std::string(title), std::string(suggestedName), MessageIcon::None});
+    if (saveAnswers.empty()) return {};
+    std::string answer = saveAnswers.front();
+    saveAnswers.pop_front();
     return answer;
   }
   void SetClipboardText(std::string_view text) override { clipboard.emplace_back(text); }
