@@ -289,8 +289,8 @@ LBL_CLEAR_ALL="214 507"
 TREE_FIRST_NODE="520 76"
 NOTATION_BOX="250 421"
 
-# The options menu's items: Display Options, Appearance, Operation, Multiway Equity...
-OPTIONS_ITEMS=4
+# The options menu's items: Display Options, Appearance, Operation, Multiway Equity..., Boards Report...
+OPTIONS_ITEMS=5
 
 # click_item MENU INDEX COUNT: clicks item INDEX (from 0) of a pop-up menu or list of COUNT items.
 click_item() {
