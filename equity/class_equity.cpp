@@ -11,6 +11,7 @@
 #include "equity/range_equity.h"
 #include "equity/standard_equity.h"
 #include "range/holding_set.h"
+#include "range/weighted_holding_set.h"
 
 namespace quillet {
 namespace {
@@ -110,16 +111,9 @@ ClassEquities QuilletOnBoard(const CardInputs& cards, std::span<const HandCombo>
   return classes;
 }
 
-// The holdings of a set, each once, flags set.
+// The holdings of a set, each once in holding-number order, flags set, whole.
 std::vector<HandCombo> CombosOf(const HoldingSet& holdings) {
-  std::vector<HandCombo> combos;
-  combos.reserve(static_cast<std::size_t>(holdings.size()));
-  for (int32_t number = 0; number < kHoldingCount; ++number) {
-    if (!holdings.contains(number)) continue;
-    const std::array<Card, 2> cards = CardsOfHolding(number);
-    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit});
-  }
-  return combos;
+  return WeightedCombos(WeightedHoldingSet::FromHoldings(holdings));
 }
 
 }  // namespace
