@@ -8,6 +8,7 @@
 #include "cards/card_input.h"
 #include "cli/commands.h"
 #include "cli/options.h"
+#include "equity/range_equity.h"  // WeightedCombos
 #include "range/range_notation.h"
 #include "reports/boards_report.h"
 #include "reports/boards_report_csv.h"
@@ -26,17 +27,6 @@ constexpr const char* kBoardsSummary =
 Json ShowdownsJson(uint64_t units, uint64_t scale) {
   if (units % scale == 0) return Json(units / scale);
   return Json(static_cast<double>(units) / static_cast<double>(scale));
-}
-
-std::vector<HandCombo> CombosOfWeights(const WeightedHoldingSet& weights) {
-  std::vector<HandCombo> combos;
-  for (int32_t number = 0; number < kHoldingCount; ++number) {
-    const int weight = weights.Weight(number);
-    if (weight == 0) continue;
-    const auto cards = CardsOfHolding(number);
-    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit, weight});
-  }
-  return combos;
 }
 
 std::string StreetWord(int32_t rowStreet) {
@@ -177,14 +167,14 @@ int RunBoards(const std::vector<std::string>& words, std::ostream& out, std::ost
     err << "boards: --range: " << theirs.error->message << "\n";
     return kExitBadInput;
   }
-  request.oppRange = CombosOfWeights(theirs.weights);
+  request.oppRange = WeightedCombos(theirs.weights);
   if (!byHand) {
     const ParsedWeightedRange mine = ParseWeightedRangeNotation(handRange);
     if (!mine.ok()) {
       err << "boards: --hand-range: " << mine.error->message << "\n";
       return kExitBadInput;
     }
-    request.myRange = CombosOfWeights(mine.weights);
+    request.myRange = WeightedCombos(mine.weights);
   }
   // The cards as the window reads its two boxes, with its messages.
   const CardInputs cards = CheckCardInputs(byHand ? hand : std::string(), board, CardsFor::Equity);

@@ -14,6 +14,7 @@
 #include "cards/card_input.h"
 #include "cards/holding.h"
 #include "categorise/cook.h"
+#include "equity/range_equity.h"  // WeightedCombos
 #include "range/my_hand_range.h"
 #include "range/player_profile.h"
 #include "range/range_notation.h"
@@ -44,17 +45,6 @@ std::string BoardsFixed(double value, int places) {
   char text[64];
   std::snprintf(text, sizeof text, "%.*f", places, value);
   return text;
-}
-
-std::vector<HandCombo> BoardsCombosOfWeights(const WeightedHoldingSet& weights) {
-  std::vector<HandCombo> combos;
-  for (int32_t number = 0; number < kHoldingCount; ++number) {
-    const int weight = weights.Weight(number);
-    if (weight == 0) continue;
-    const auto cards = CardsOfHolding(number);
-    combos.push_back(HandCombo{true, cards[0].rank, cards[0].suit, cards[1].rank, cards[1].suit, weight});
-  }
-  return combos;
 }
 
 std::string BoardsStreetWord(int32_t rowStreet, bool plural) {
@@ -136,7 +126,7 @@ void BoardsReportModel::cmdRun_Click() {
       services->MsgBox(MyHandRangeMessage(*parsed.error));
       return;
     }
-    request.myRange = BoardsCombosOfWeights(parsed.weights);
+    request.myRange = WeightedCombos(parsed.weights);
     mine = myText;
   }
   if (cards.street == kRiver) {
