@@ -709,7 +709,10 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
   }
   FillResult(total, order, result);
   if (!result.cancelled && total.deals == 0) {
-    result.error = "no deal is possible: the players' holdings always share a card";
+    // A deal exists (checked above), but the weights make one so rare that a whole round drew none.
+    result.error =
+        "sampling found no deal: the players' holdings all but always share a card (an exact count "
+        "can answer)";
   }
   return result;
 }

@@ -247,6 +247,22 @@ TEST(MultiwayEquity, MonteCarloDrawsWeightedHoldingsInProportionToTheirWeights) 
   }
 }
 
+TEST(MultiwayEquity, SamplingGivesUpWhereTheWeightsMakeEveryDealAllButImpossible) {
+  // Five players who nearly always hold AhAd: a deal needs four of them on their one-in-a-thousand pair, so
+  // sampling would wait for ever. A round gives up, and the run ends with its reason instead of spinning.
+  if (kMultiwayUnderSanitizer) GTEST_SKIP() << "a whole round of draws is too slow under the sanitizer";
+  const auto ranges = MultiwayRanges(
+      {"AhAd, KsKc:0.001", "AhAd, QsQc:0.001", "AhAd, JsJc:0.001", "AhAd, TsTc:0.001", "AhAd, 9s9c:0.001"});
+  const MultiwayResult sampled = MultiwaySampled(ranges, "2d3d4h", 0.1, 7);
+  EXPECT_FALSE(sampled.ok());
+  EXPECT_EQ(sampled.error,
+            "sampling found no deal: the players' holdings all but always share a card (an exact count can "
+            "answer)");
+  // A deal exists, and the exact count finds every one.
+  const MultiwayResult exact = MultiwayExact(ranges, Cards("2d3d4h"));
+  EXPECT_TRUE(exact.ok()) << exact.error;
+}
+
 TEST(MultiwayEquity, EqualRangesGetEqualEquity) {
   const MultiwayResult result =
       MultiwayExact(MultiwayRanges({"QQ+,AK", "QQ+,AK", "QQ+,AK"}), Cards("7c5d2h"));
