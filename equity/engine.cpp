@@ -117,14 +117,21 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   int64_t wins = 0;
   int64_t ties = 0;
   int64_t met = 0;
+  // The counter's counts are in the live range's units, the reader's in thousandths.
+  int64_t liveWins = 0;
+  int64_t liveTies = 0;
+  int64_t liveMet = 0;
   ForEachComingBoard(known.bits, street, [&](std::span<const Card> coming) {
-    if (live.total != 0) counter.Count(coming, wins, ties, met);
+    if (live.total != 0) counter.Count(coming, liveWins, liveTies, liveMet);
     reader.Count(coming, [&](uint32_t, int32_t weight, ShowdownKey myKey, ShowdownKey key) {
       met += weight;
       wins += myKey > key ? weight : 0;
       ties += myKey == key ? weight : 0;
     });
   });
+  wins += liveWins * live.Unit();
+  ties += liveTies * live.Unit();
+  met += liveMet * live.Unit();
   counts.scale = static_cast<int64_t>(units.Scale());
   counts.total = units.Out(met);
   counts.myWins = units.Out(wins);

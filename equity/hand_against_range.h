@@ -56,8 +56,9 @@ struct FlushCandidate {
   uint16_t weight = 1;     // what the holding counts with
 };
 
-// The live holdings of a range, counted every way the boards need them: each counts its weight in
-// thousandths, so every count below is a sum of weights.
+// The live holdings of a range, counted every way the boards need them: while every holding is whole
+// each counts one, else each counts its weight in thousandths (Unit() says which), so every count below
+// is a number of holdings or a sum of weights.
 struct LiveRange {
   int64_t total = 0;
   bool anyPartial = false;  // a holding below whole
@@ -92,25 +93,61 @@ struct LiveRange {
       touching[suit].reserve(combos.size() / 2);
     }
     std::array<int32_t, kRankPairCount> perPair{};
-    int64_t holdings = 0;
-    for (const HandCombo& combo : combos) {
+    // Whole holdings count one each until the first live holding below whole; from there on every count
+    // is in thousandths (those already counted are scaled up once), so a range without weights is
+    // counted as cheaply as if weights did not exist.
+    const std::size_t partialFrom =
+        exactCount.empty() ? AddHoldings<true, false>(combos, 0, take, flushSuits, perPair, units)
+                           : AddHoldings<true, true>(combos, 0, take, flushSuits, perPair, units);
+    if (partialFrom < combos.size()) {
+      anyPartial = true;
+      ScaleToThousandths(perPair);
+      if (exactCount.empty()) {
+        AddHoldings<false, false>(combos, partialFrom, take, flushSuits, perPair, units);
+      } else {
+        AddHoldings<false, true>(combos, partialFrom, take, flushSuits, perPair, units);
+      }
+    }
+    // The totals, per card and overall, from the finer counts.
+    for (int card = 0; card < 52; ++card) {
+      for (const int32_t count : withCard[card]) cardCount[card] += count;
+    }
+    for (const int32_t count : perPair) total += count;
+    for (int pair = 0; pair < kRankPairCount; ++pair) {
+      if (perPair[pair] == 0) continue;
+      pairs.push_back(static_cast<uint16_t>(pair));
+      pairCounts.push_back(perPair[pair]);
+    }
+  }
+
+  // How many of the counts make one holding: kFullWeight while every holding is whole (counts are
+  // holdings), 1 once one is not (counts are in thousandths).
+  int64_t Unit() const { return anyPartial ? 1 : kFullWeight; }
+
+ private:
+  // Adds the live holdings of `combos` from `from` on, each counting one (kWhole) or its weight, with the
+  // counts by pair of cards (kExact). kWhole stops at the first live holding below whole and gives its
+  // place; otherwise the end.
+  template <bool kWhole, bool kExact, class Take>
+  std::size_t AddHoldings(std::span<const HandCombo> combos, std::size_t from, Take&& take,
+                          const std::array<bool, 4>& flushSuits, std::array<int32_t, kRankPairCount>& perPair,
+                          WeightUnits& units) {
+    for (std::size_t i = from; i < combos.size(); ++i) {
+      const HandCombo& combo = combos[i];
       if (!take(combo)) continue;
+      if (kWhole && combo.weight != kFullWeight) return i;
+      const int32_t w = kWhole ? 1 : units.Take(combo);
       const Card a = combo.card1();
       const Card b = combo.card2();
       const uint64_t cards = DeckBits(a, b);
       const int ia = DeckIndex(a);
       const int ib = DeckIndex(b);
       const auto pair = static_cast<uint16_t>(CanonicalPairIndex(a.rank, b.rank));
-      const int32_t w = combo.weight;
       const auto w16 = static_cast<uint16_t>(w);
-      ++holdings;
-      total += w;
       perPair[pair] += w;
       withCard[ia][b.rank - 2] += w;
       withCard[ib][a.rank - 2] += w;
-      cardCount[ia] += w;
-      cardCount[ib] += w;
-      if (!exactCount.empty()) {
+      if constexpr (kExact) {
         exactCount[ia * 52 + ib] += w;
         exactCount[ib * 52 + ia] += w;
       }
@@ -127,14 +164,19 @@ struct LiveRange {
           touching[b.suit].push_back({cards, pair, static_cast<uint16_t>(RankMaskBit(b.rank)), w16});
       }
     }
-    // Weights run 0..kFullWeight: they add up to kFullWeight a holding only when every one is whole.
-    anyPartial = total != holdings * kFullWeight;
-    units.partial |= anyPartial;
-    for (int pair = 0; pair < kRankPairCount; ++pair) {
-      if (perPair[pair] == 0) continue;
-      pairs.push_back(static_cast<uint16_t>(pair));
-      pairCounts.push_back(perPair[pair]);
-    }
+    return combos.size();
+  }
+
+  // The counts so far, each holding counted one, put in thousandths (every one of them was whole).
+  void ScaleToThousandths(std::array<int32_t, kRankPairCount>& perPair) {
+    for (int32_t& count : perPair) count *= kFullWeight;
+    for (auto& row : withCard)
+      for (int32_t& count : row) count *= kFullWeight;
+    for (int32_t& count : exactCount) count *= kFullWeight;
+    for (auto& list : suited)
+      for (FlushCandidate& candidate : list) candidate.weight = kFullWeight;
+    for (auto& list : touching)
+      for (FlushCandidate& candidate : list) candidate.weight = kFullWeight;
   }
 };
 
@@ -202,7 +244,16 @@ class RangeBoardCounter {
                     const LiveRange& live)
       : boards_(rules, myHand, board, street), live_(live) {}
 
-  // Adds the board completed by `coming`: My Hand's wins and ties, and the live holdings that met it.
+  // Adds every board still to come (the deck less `knownCards`), as Count does board by board; a function
+  // of its own, so that Count is inlined into the walk.
+  [[gnu::noinline]] void CountAll(uint64_t knownCards, int32_t street, int64_t& wins, int64_t& ties,
+                                  int64_t& met) {
+    ForEachComingBoard(knownCards, street,
+                       [&](std::span<const Card> coming) { Count(coming, wins, ties, met); });
+  }
+
+  // Adds the board completed by `coming`: My Hand's wins and ties, and the live holdings that met it, in
+  // the live range's units (LiveRange::Unit() of them make one holding).
   void Count(std::span<const Card> coming, int64_t& wins, int64_t& ties, int64_t& met) {
     int64_t liveCount = live_.total;
     for (const Card& card : coming) liveCount -= live_.cardCount[DeckIndex(card)];
@@ -253,12 +304,11 @@ class RangeBoardCounter {
 
   // The live holdings with a card of the flush suit: their rank-pair answer is replaced by the one their
   // own flush part gives.
-  // Without a weight below whole in the range every candidate counts one here and kFullWeight in the end.
+  // Without a weight below whole in the range every candidate counts one, as every count does.
   template <bool kAnyPartial>
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<FlushCandidate>& candidates, WinsAndTies& count) const {
     const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
-    WinsAndTies corrections;
     for (const FlushCandidate& candidate : candidates) {
       if ((candidate.cards & b.comingCards) != 0) continue;
       const uint32_t ranksOnly = b.values[candidate.rankPair];
@@ -267,51 +317,55 @@ class RangeBoardCounter {
           ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
       if (best == counted) continue;
       const int64_t weight = kAnyPartial ? candidate.weight : 1;
-      corrections.Add(b.mine, best, weight);
-      corrections.Add(b.mine, counted, -weight);
+      count.Add(b.mine, best, weight);
+      count.Add(b.mine, counted, -weight);
     }
-    const int64_t unit = kAnyPartial ? 1 : kFullWeight;
-    count.wins += corrections.wins * unit;
-    count.ties += corrections.ties * unit;
   }
 
   ComingBoards<Rules> boards_;
   const LiveRange& live_;
 };
 
-// The river: one board, so each holding that passes `take` is valued and compared as it stands. Adds My
-// Hand's wins and ties and the holdings that met it, each counting its weight in thousandths (noted in
-// `units`). Whole holdings are counted one each and weighed once at the end; a list without a weight
-// below whole (the first loop finds out) is counted without looking at the weights at all.
-template <bool kAnyPartial, class Rules, class Take>
-void CountOneBoardOf(const Rules& rules, const HandCards& myHand, const BoardCards& board,
+// The river: one board, so each holding that passes `take` is valued and compared as it stands (kFlush:
+// the board has a flush suit). Adds My Hand's wins and ties and the holdings that met it, each counting
+// its weight in thousandths (noted in `units`). Whole holdings are counted one each and weighed once at
+// the end; from the first live holding below whole on, each holding counts its own weight.
+template <bool kFlush, class Rules, class Take>
+void CountOneBoardOf(const Rules& rules, const typename ComingBoards<Rules>::Board& b,
                      std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
                      int64_t& ties, int64_t& met) {
-  ComingBoards<Rules> boards(rules, myHand, board, kRiver);
-  const typename ComingBoards<Rules>::Board b = boards.Read({});
-  const uint32_t boardSuitRanks = b.flushSuit >= 0 ? b.suits.ranks[b.flushSuit] : 0;
-  int64_t wholeMet = 0;
-  int64_t wholeWins = 0;
-  int64_t wholeTies = 0;
-  for (const HandCombo& combo : combos) {
-    if (!take(combo)) continue;
+  const uint32_t boardSuitRanks = kFlush ? b.suits.ranks[b.flushSuit] : 0;
+  const auto theirValue = [&](const HandCombo& combo) {
     const Card x = combo.card1();
     const Card y = combo.card2();
     uint32_t theirs = b.values[RankPairIndex(x.rank, y.rank)];
-    if (b.flushSuit >= 0) {
+    if constexpr (kFlush) {
       const uint32_t hole = SuitRanksOf(x, y, b.flushSuit);
       theirs = std::max<uint32_t>(theirs, rules.FlushValue(boardSuitRanks | hole, hole));
     }
-    if (kAnyPartial && combo.weight != kFullWeight) {
-      const int64_t w = units.Take(combo);
-      met += w;
-      wins += w * static_cast<int64_t>(b.mine > theirs);
-      ties += w * static_cast<int64_t>(b.mine == theirs);
-      continue;
-    }
+    return theirs;
+  };
+  int64_t wholeMet = 0;
+  int64_t wholeWins = 0;
+  int64_t wholeTies = 0;
+  std::size_t i = 0;
+  for (; i < combos.size(); ++i) {
+    const HandCombo& combo = combos[i];
+    if (!take(combo)) continue;
+    if (combo.weight != kFullWeight) break;
+    const uint32_t theirs = theirValue(combo);
     ++wholeMet;
     wholeWins += b.mine > theirs;
     wholeTies += b.mine == theirs;
+  }
+  for (; i < combos.size(); ++i) {
+    const HandCombo& combo = combos[i];
+    if (!take(combo)) continue;
+    const int64_t w = units.Take(combo);
+    const uint32_t theirs = theirValue(combo);
+    met += w;
+    wins += w * static_cast<int64_t>(b.mine > theirs);
+    ties += w * static_cast<int64_t>(b.mine == theirs);
   }
   met += wholeMet * kFullWeight;
   wins += wholeWins * kFullWeight;
@@ -319,20 +373,15 @@ void CountOneBoardOf(const Rules& rules, const HandCards& myHand, const BoardCar
 }
 
 template <class Rules, class Take>
-void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
-                   std::span<const HandCombo> combos, Take&& take, WeightUnits& units, int64_t& wins,
-                   int64_t& ties, int64_t& met) {
-  bool anyPartial = false;
-  for (const HandCombo& combo : combos) {
-    if (combo.weight != kFullWeight) {
-      anyPartial = true;
-      break;
-    }
-  }
-  if (anyPartial) {
-    CountOneBoardOf<true>(rules, myHand, board, combos, take, units, wins, ties, met);
+[[gnu::noinline]] void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
+                                     std::span<const HandCombo> combos, Take&& take, WeightUnits& units,
+                                     int64_t& wins, int64_t& ties, int64_t& met) {
+  ComingBoards<Rules> boards(rules, myHand, board, kRiver);
+  const typename ComingBoards<Rules>::Board b = boards.Read({});
+  if (b.flushSuit >= 0) {
+    CountOneBoardOf<true, Rules>(rules, b, combos, take, units, wins, ties, met);
   } else {
-    CountOneBoardOf<false>(rules, myHand, board, combos, take, units, wins, ties, met);
+    CountOneBoardOf<false, Rules>(rules, b, combos, take, units, wins, ties, met);
   }
 }
 

@@ -76,8 +76,10 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
     const LiveRange live(combos, board, street, take, units);
     if (live.total == 0) return tally;
     RangeBoardCounter<StandardRules> counter(rules, myHand, board, street, live);
-    ForEachComingBoard(known.bits, street,
-                       [&](std::span<const Card> coming) { counter.Count(coming, wins, ties, met); });
+    counter.CountAll(known.bits, street, wins, ties, met);
+    wins *= live.Unit();
+    ties *= live.Unit();
+    met *= live.Unit();
   }
   tally.scale = units.Scale();
   tally.wins = static_cast<uint64_t>(units.Out(wins));

@@ -236,6 +236,57 @@ TEST(WeightedHandEquity, OnTheTurnAndTheRiverEachShowdownCountsTheHoldingsWeight
   }
 }
 
+// Whole holdings are counted one each until the first live one below whole turns up; those counted
+// before it must come out in thousandths like the rest.
+TEST(WeightedHandEquity, AWeightBelowWholeOnlyLateInTheListWeighsTheWholeHoldingsBeforeItToo) {
+  std::mt19937_64 rng(testing::TestSeed(2206));
+  const FixedSpot spots[] = {kFlops[0], kFlops[1], kTurns[0], kTurns[1], kRivers[0], kRivers[1]};
+  for (const FixedSpot& spot : spots) {
+    const HandCards hand = Hand(spot.hand);
+    const BoardCards board = Board(spot.board);
+    const int32_t street = std::string_view(spot.board).size() == 6   ? kFlop
+                           : std::string_view(spot.board).size() == 8 ? kTurn
+                                                                      : kRiver;
+    std::vector<HandCombo> range =
+        WithWeight(RandomWeightedRange(hand, board, street, 0.3, rng), kFullWeight);
+    ASSERT_GT(range.size(), 4U);
+    range.back().weight = 317;
+    range[range.size() / 2].weight = 640;
+    for (const ShowdownRules rules : kBothRules) {
+      if (rules == ShowdownRules::Quillet && street == kRiver) continue;
+      const ShowdownTally tally = RangeTally(hand, board, street, range, rules);
+      EXPECT_EQ(tally.scale, uint64_t{kFullWeight}) << spot.hand << " " << spot.board;
+      EXPECT_EQ(tally, WeighedDealtOut(hand, board, street, range, rules))
+          << spot.hand << " " << spot.board << " " << RulesName(rules);
+    }
+  }
+}
+
+// Under the standard rules only live holdings count: a weight below whole on a holding that shares a
+// card with the board leaves the count whole, in plain showdowns. (The program's rules read such a
+// holding card by card, so there it counts.)
+TEST(WeightedHandEquity, AWeightBelowWholeOnADeadHoldingLeavesTheStandardCountWhole) {
+  const FixedSpot spots[] = {kFlops[2], kTurns[1], kRivers[1]};
+  for (const FixedSpot& spot : spots) {
+    const HandCards hand = Hand(spot.hand);
+    const BoardCards board = Board(spot.board);
+    const int32_t street = std::string_view(spot.board).size() == 6   ? kFlop
+                           : std::string_view(spot.board).size() == 8 ? kTurn
+                                                                      : kRiver;
+    const std::vector<HandCombo> live = LiveHoldings(hand, board, street);
+    std::vector<HandCombo> range = live;
+    HandCombo dead = live.front();
+    dead.rank1 = board[0].rank;
+    dead.suit1 = board[0].suit;
+    if (dead.rank2 == dead.rank1 && dead.suit2 == dead.suit1) dead.suit2 = (dead.suit2 + 1) % 4;
+    dead.weight = 317;
+    range.insert(range.begin() + static_cast<std::ptrdiff_t>(range.size() / 2), dead);
+    const ShowdownTally tally = StandardShowdownTally(hand, board, street, range);
+    EXPECT_EQ(tally.scale, 1U) << spot.hand << " " << spot.board;
+    EXPECT_EQ(tally, StandardShowdownTally(hand, board, street, live)) << spot.hand << " " << spot.board;
+  }
+}
+
 TEST(WeightedHandEquity, RandomHandsBoardsAndWeightedRangesCountWhatTheDealtOutCountCounts) {
   std::mt19937_64 rng(testing::TestSeed(2203));
   for (int round = 0; round < 6; ++round) {
