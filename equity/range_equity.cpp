@@ -41,22 +41,35 @@ struct LiveRange {
   const HoldingWeights& Copies() const { return unit == 1 ? weights : copies; }
 };
 
-// A holding of weight 0 (or below) is not in its range.
+// A holding of weight 0 (or below) is not in its range. A range counts as weighted when any holding it
+// lists, live or not, is below whole.
 LiveRange ReadLiveRange(std::span<const HandCombo> range, uint64_t boardCards) {
   LiveRange live;
-  const bool whole = std::all_of(range.begin(), range.end(), [](const HandCombo& combo) {
-    return combo.weight <= 0 || combo.weight == kFullWeight;
-  });
-  live.unit = whole ? 1 : kFullWeight;
-  for (const HandCombo& combo : range) {
+  // Whole holdings count one copy each until the first holding below whole turns up, so that a whole
+  // range is read as cheaply as if weights did not exist.
+  std::size_t i = 0;
+  for (; i < range.size(); ++i) {
+    const HandCombo& combo = range[i];
+    if (combo.weight != kFullWeight) {
+      if (combo.weight <= 0) continue;
+      break;
+    }
+    if (!IsLiveHolding(combo, boardCards)) continue;
+    ++live.weights[HoldingNumber(combo.card1(), combo.card2())];
+    ++live.holdings;
+  }
+  live.weightSum = int64_t{live.holdings} * kFullWeight;
+  if (i == range.size()) return live;
+  // From here on in thousandths; the copies counted so far were whole.
+  live.unit = kFullWeight;
+  live.copies = live.weights;
+  for (int32_t& weight : live.weights) weight *= kFullWeight;
+  for (; i < range.size(); ++i) {
+    const HandCombo& combo = range[i];
     if (combo.weight <= 0 || !IsLiveHolding(combo, boardCards)) continue;
     const int32_t h = HoldingNumber(combo.card1(), combo.card2());
-    if (whole) {
-      ++live.weights[h];
-    } else {
-      live.weights[h] += combo.weight;
-      ++live.copies[h];
-    }
+    live.weights[h] += combo.weight;
+    ++live.copies[h];
     ++live.holdings;
     live.weightSum += combo.weight;
   }

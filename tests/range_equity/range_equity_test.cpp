@@ -449,6 +449,24 @@ TEST(WeightedRangeEquity, OneWeightedRangeCountsInThousandthsFromEitherSide) {
   }
 }
 
+// Whole holdings are read one copy each until the first holding below whole; the copies read before it
+// must count in thousandths like the rest, and as copies too.
+TEST(WeightedRangeEquity, AWeightBelowWholeOnlyAtTheEndOfTheListWeighsTheWholeHoldingsBeforeIt) {
+  std::mt19937_64 rng(TestSeed() + 16);
+  for (const std::string board : {"Tc8h3s", "Tc8h3s2d", "Tc8h3s2d7c"}) {
+    SCOPED_TRACE(board);
+    std::vector<HandCombo> mine = AtWeight(RandomRange(rng, 20), kFullWeight);
+    const std::vector<HandCombo> theirs = AtWeight(RandomRange(rng, 20), kFullWeight);
+    mine.push_back(mine.front());  // listed twice: a whole copy first, one at 0.25 last
+    mine.back().weight = 250;
+    const RangeEquityResult result = Equity(mine, theirs, board);
+    ASSERT_TRUE(result.ok()) << result.error;
+    EXPECT_EQ(result.tally.scale, 1000u);
+    EXPECT_EQ(InMillionths(result.tally), WeightedReferenceTally(mine, theirs, board));
+    EXPECT_EQ(result.tally.Reversed(), Equity(theirs, mine, board).tally);
+  }
+}
+
 TEST(WeightedRangeEquity, WholeWeightsCountWhatTheyCountedBeforeWeightsAtScaleOne) {
   std::mt19937_64 rng(TestSeed() + 13);
   for (const std::string board : {"", "Tc8h3s", "Tc8h3s2d", "Tc8h3s2d7c"}) {
