@@ -53,6 +53,9 @@ int RunRange(const std::vector<std::string>& words, std::ostream& out, std::ostr
     Json result{{"range", printed}, {"holdings", count}};
     if (weighted) result["combos"] = JsonNumber(std::stod(combos));
     result["percent"] = JsonNumber(std::stod(percent));
+    // A weighted range names its canonical text "text" as well, beside "range" (which a whole range's
+    // output has always carried alone).
+    if (weighted) result["text"] = printed;
     out << JsonText(result) << "\n";
   } else {
     out << "Range: " << printed << "\nHoldings: " << count << "\n";

@@ -54,7 +54,8 @@ TEST(RangeCommand, WeightsAreReadAndTheCombosAreTheirSum) {
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "Range: QQ, AKs:0.5\nHoldings: 10\nCombos: 8\nPercent: 0.6\n");
   EXPECT_EQ(RunCommandLine({"range", "--json", "[50]AQs, AJs[/50], QQ:25%"}).out,
-            "{\"range\":\"AQs-AJs:0.5, QQ:0.25\",\"holdings\":14,\"combos\":5.5,\"percent\":0.4}\n");
+            "{\"range\":\"AQs-AJs:0.5, QQ:0.25\",\"holdings\":14,\"combos\":5.5,\"percent\":0.4,"
+            "\"text\":\"AQs-AJs:0.5, QQ:0.25\"}\n");
 }
 
 TEST(RangeCommand, WithoutWeightsBelowOneTheOutputIsTheUnweightedOne) {
