@@ -210,18 +210,12 @@ class ClassBoardCounter {
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<Candidate>& candidates) {
     const bool anyPartial = units_.partial;
-    const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
-    for (const Candidate& candidate : candidates) {
-      if ((candidate.cards & b.comingCards) != 0) continue;
-      const uint32_t ranksOnly = b.values[candidate.rankPair];
-      const uint32_t counted = std::max(ranksOnly, b.floor);
-      const uint32_t best = std::max<uint32_t>(
-          ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
-      if (best == counted) continue;
-      const int64_t weight = anyPartial ? candidate.weight : 1;
-      corrections_.Add(candidate.cls, b.mine, best, weight);
-      corrections_.Add(candidate.cls, b.mine, counted, -weight);
-    }
+    boards_.ForEachFlushChange(b, candidates,
+                               [&](const Candidate& candidate, uint32_t best, uint32_t counted) {
+                                 const int64_t weight = anyPartial ? candidate.weight : 1;
+                                 corrections_.Add(candidate.cls, b.mine, best, weight);
+                                 corrections_.Add(candidate.cls, b.mine, counted, -weight);
+                               });
   }
 
   ComingBoards<Rules> boards_;

@@ -228,6 +228,23 @@ class ComingBoards {
 
   const Rules& rules() const { return rules_; }
 
+  // The holdings among `candidates` (each with `cards`, `rankPair` and `suitRanks`, its hole cards' ranks in
+  // the flush suit) that are live on board `b` and whose own flush part changes what their rank pair (and
+  // the board's own flush) makes of them: `change(candidate, best, counted)` gets the value they have and
+  // the one counted for them.
+  template <class Candidate, class Change>
+  void ForEachFlushChange(const Board& b, const std::vector<Candidate>& candidates, Change&& change) const {
+    const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
+    for (const Candidate& candidate : candidates) {
+      if ((candidate.cards & b.comingCards) != 0) continue;
+      const uint32_t ranksOnly = b.values[candidate.rankPair];
+      const uint32_t counted = std::max(ranksOnly, b.floor);
+      const uint32_t best = std::max<uint32_t>(
+          ranksOnly, rules_.FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
+      if (best != counted) change(candidate, best, counted);
+    }
+  }
+
  private:
   const Rules& rules_;
   RankPatternCache<RankPairValues> values_;
@@ -308,18 +325,12 @@ class RangeBoardCounter {
   template <bool kAnyPartial>
   void CorrectForFlushes(const typename ComingBoards<Rules>::Board& b,
                          const std::vector<FlushCandidate>& candidates, WinsAndTies& count) const {
-    const uint32_t boardSuitRanks = b.suits.ranks[b.flushSuit];
-    for (const FlushCandidate& candidate : candidates) {
-      if ((candidate.cards & b.comingCards) != 0) continue;
-      const uint32_t ranksOnly = b.values[candidate.rankPair];
-      const uint32_t counted = std::max(ranksOnly, b.floor);
-      const uint32_t best = std::max<uint32_t>(
-          ranksOnly, boards_.rules().FlushValue(boardSuitRanks | candidate.suitRanks, candidate.suitRanks));
-      if (best == counted) continue;
-      const int64_t weight = kAnyPartial ? candidate.weight : 1;
-      count.Add(b.mine, best, weight);
-      count.Add(b.mine, counted, -weight);
-    }
+    boards_.ForEachFlushChange(b, candidates,
+                               [&](const FlushCandidate& candidate, uint32_t best, uint32_t counted) {
+                                 const int64_t weight = kAnyPartial ? candidate.weight : 1;
+                                 count.Add(b.mine, best, weight);
+                                 count.Add(b.mine, counted, -weight);
+                               });
   }
 
   ComingBoards<Rules> boards_;
