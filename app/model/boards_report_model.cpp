@@ -161,32 +161,22 @@ void BoardsReportModel::cmdRun_Click() {
     shared->report = MakeBoardsReport(request, callbacks);
     shared->finished.store(true, std::memory_order_release);
   });
-  run_ = std::move(run);
+  runs_.Start(std::move(run));
 }
 
 void BoardsReportModel::cmdStop_Click() {
-  ForgetEndedRuns();
-  if (!Running()) return;
-  run_->thread.request_stop();
-  stoppedRuns_.push_back(std::move(run_));
+  if (!runs_.Stop()) return;
   progressValue = 0;
   lblStatus = "Stopped.";
 }
 
-void BoardsReportModel::ForgetEndedRuns() {
-  std::erase_if(stoppedRuns_, [](const std::unique_ptr<Run>& run) {
-    return run->shared->finished.load(std::memory_order_acquire);
-  });
-}
-
 void BoardsReportModel::tmrProgress_Timer() {
-  ForgetEndedRuns();
-  if (!Running()) return;
-  const BoardsReportShared& shared = *run_->shared;
-  if (shared.finished.load(std::memory_order_acquire)) {
-    EndRun();
+  if (std::unique_ptr<Run> finished = runs_.TakeFinished()) {
+    EndRun(*finished);
     return;
   }
+  if (!Running()) return;
+  const BoardsReportShared& shared = *runs_.Current().shared;
   const int32_t done = shared.done.load();
   const int32_t total = shared.total.load();
   if (total > 0) {
@@ -196,10 +186,8 @@ void BoardsReportModel::tmrProgress_Timer() {
   }
 }
 
-void BoardsReportModel::EndRun() {
-  std::unique_ptr<Run> run = std::move(run_);
-  run->thread.join();
-  BoardsReport& result = run->shared->report;
+void BoardsReportModel::EndRun(Run& run) {
+  BoardsReport& result = run.shared->report;
   progressValue = 0;
   lblStatus.clear();
   if (result.cancelled) return;

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "app/model/window_services.h"
+#include "app/model/worker_runs.h"
 #include "range/colour.h"
 #include "reports/boards_report.h"
 
@@ -85,7 +86,7 @@ class BoardsReportModel {
   void cmdStop_Click();
   // Looks at the report: its progress, and once it has ended its rows. Called every kBoardsPollMs.
   void tmrProgress_Timer();
-  bool Running() const { return run_ != nullptr; }
+  bool Running() const { return runs_.Running(); }
 
   // ---- the filter, the table and the chart ----
   // A filter check box was clicked: its word is added to the filter or taken out of it.
@@ -168,12 +169,11 @@ class BoardsReportModel {
  private:
   BoardFilter Filter() const;
   void Reshow();
-  void EndRun();
-  void ForgetEndedRuns();
+  // The run has ended: its report (or the core's refusal) is shown.
+  void EndRun(Run& run);
 
   std::vector<int32_t> shown_;
-  std::unique_ptr<Run> run_;
-  std::vector<std::unique_ptr<Run>> stoppedRuns_;
+  WorkerRuns<Run> runs_;
 };
 
 }  // namespace quillet

@@ -30,8 +30,8 @@ namespace quillet {
 struct MultiwayShared {
   std::atomic<uint64_t> deals{0};
   std::atomic<double> standardError{0};
-  std::atomic<bool> done{false};
-  MultiwayResult result;  // written by the worker before `done`, read by the window after it
+  std::atomic<bool> finished{false};
+  MultiwayResult result;  // written by the worker before `finished`, read by the window after it
 };
 
 struct MultiwayModel::Run {
@@ -374,60 +374,49 @@ void MultiwayModel::cmdCalculate_Click() {
     };
     callbacks.cancel = [&stop] { return stop.stop_requested(); };
     shared->result = MultiwayEquity(players, board, {}, options, callbacks);
-    shared->done.store(true, std::memory_order_release);
+    shared->finished.store(true, std::memory_order_release);
   });
-  run_ = std::move(run);
+  runs_.Start(std::move(run));
 }
 
 void MultiwayModel::cmdStop_Click() {
-  ForgetEndedRuns();
-  if (!Running()) return;
-  run_->thread.request_stop();
-  stoppedRuns_.push_back(std::move(run_));
+  if (!runs_.Stop()) return;
   progressValue = 0;
   lblStatus = "Stopped.";
 }
 
-void MultiwayModel::ForgetEndedRuns() {
-  std::erase_if(stoppedRuns_, [](const std::unique_ptr<Run>& run) {
-    return run->shared->done.load(std::memory_order_acquire);
-  });
-}
-
 void MultiwayModel::tmrProgress_Timer() {
-  ForgetEndedRuns();
-  if (!Running()) return;
-  const MultiwayShared& shared = *run_->shared;
-  if (shared.done.load(std::memory_order_acquire)) {
-    EndRun();
+  if (std::unique_ptr<Run> finished = runs_.TakeFinished()) {
+    EndRun(*finished);
     return;
   }
+  if (!Running()) return;
+  const Run& current = runs_.Current();
+  const MultiwayShared& shared = *current.shared;
   const uint64_t deals = shared.deals.load();
   const double error = shared.standardError.load();
   double share = 0;
   if (error > 0) {
     // The standard error falls as one over the square root of the deals: the share of the deals needed so
     // far, or of the time limit, whichever is further.
-    share = std::min(1.0, (run_->targetError / error) * (run_->targetError / error));
-    if (run_->seconds > 0) {
+    share = std::min(1.0, (current.targetError / error) * (current.targetError / error));
+    if (current.seconds > 0) {
       const double elapsed =
-          std::chrono::duration<double>(std::chrono::steady_clock::now() - run_->start).count();
-      share = std::max(share, std::min(1.0, elapsed / run_->seconds));
+          std::chrono::duration<double>(std::chrono::steady_clock::now() - current.start).count();
+      share = std::max(share, std::min(1.0, elapsed / current.seconds));
     }
     lblStatus = "Monte Carlo: " + std::to_string(deals) + " deals, largest standard error " +
                 MultiwayFixed(error, 2) + " points...";
   } else {
-    if (run_->dealsExpected > 0) share = static_cast<double>(deals) / run_->dealsExpected;
+    if (current.dealsExpected > 0) share = static_cast<double>(deals) / current.dealsExpected;
     lblStatus = "Exact: " + std::to_string(deals) + " deals counted...";
   }
   // The bar stays short of full until the results are in.
   progressValue = std::clamp(static_cast<int>(share * kMultiwayProgressMax), 0, kMultiwayProgressMax - 1);
 }
 
-void MultiwayModel::EndRun() {
-  std::unique_ptr<Run> run = std::move(run_);
-  run->thread.join();
-  const MultiwayResult& result = run->shared->result;
+void MultiwayModel::EndRun(const Run& run) {
+  const MultiwayResult& result = run.shared->result;
   progressValue = 0;
   lblStatus.clear();
   if (result.cancelled) return;
@@ -438,11 +427,11 @@ void MultiwayModel::EndRun() {
   const std::string beside = result.exact ? " exact" : " \u00B1 " + MultiwayFixed(result.standardError, 2);
   for (std::size_t p = 0; p < result.players.size(); ++p) {
     const MultiwayPlayerResult& player = result.players[p];
-    results.push_back({"Player " + std::to_string(p + 1), run->texts[p],
+    results.push_back({"Player " + std::to_string(p + 1), run.texts[p],
                        MultiwayPercent(player.equity) + beside, MultiwayPercent(player.win),
-                       MultiwayPercent(player.tie), run->liveCombos[p]});
+                       MultiwayPercent(player.tie), run.liveCombos[p]});
   }
-  resultsBoard = run->board;
+  resultsBoard = run.board;
   resultsMethod = result.exact
                       ? "Exact: " + std::to_string(result.deals) + " deals"
                       : "Monte Carlo: " + std::to_string(result.deals) + " deals, largest standard error " +

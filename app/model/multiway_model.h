@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "app/model/window_services.h"
+#include "app/model/worker_runs.h"
 #include "equity/multiway_equity.h"
 #include "range/colour.h"
 
@@ -107,9 +108,9 @@ class MultiwayModel {
   // Looks at the run: its progress, and when it has ended its results (or the core's refusal, in a message
   // box). The window calls it every kMultiwayPollMs while Running().
   void tmrProgress_Timer();
-  bool Running() const { return run_ != nullptr; }
+  bool Running() const { return runs_.Running(); }
   // Stopped runs whose threads have not ended yet (each tmrProgress_Timer forgets those that have).
-  std::size_t RunsWindingDown() const { return stoppedRuns_.size(); }
+  std::size_t RunsWindingDown() const { return runs_.WindingDown(); }
 
   // The results table as the clipboard gets it: a title line with the board, a heading, one line per
   // player, and a line on how it was counted; tab-separated, each line ending in CR LF. Empty while the
@@ -152,12 +153,9 @@ class MultiwayModel {
   void ColourPlayer(int row);
   void ColourBoard();
   // The run has ended: its results (or the core's refusal) are shown.
-  void EndRun();
-  // Joins the stopped runs whose threads have ended.
-  void ForgetEndedRuns();
+  void EndRun(const Run& run);
 
-  std::unique_ptr<Run> run_;
-  std::vector<std::unique_ptr<Run>> stoppedRuns_;
+  WorkerRuns<Run> runs_;
 };
 
 }  // namespace quillet
