@@ -22,9 +22,10 @@ constexpr const char* kCookUsage =
 constexpr const char* kCookSummary =
     "sort every live holding of the range into its made-hand and draw categories on the board and print the "
     "results as \"Copy Results to Clipboard\" gives them (CR LF line ends; --win-lose-icons adds \" [win]\", "
-    "\" [tie]\" or \" [lose]\" to a line); LIST is class names separated by commas (\"AA,KK,AKs,AK\", "
-    "\"AKo\" also for offsuit), PCT the top percent of the preflop order as the range box takes it (10 gives "
-    "9.8), TEXT may be \"\"";
+    "\" [tie]\" or \" [lose]\" to a line); LIST is a range in range notation (\"QQ+, AKs, AhKh\"; \"AK\" is "
+    "both halves; weights \"AKs:0.5\" for --range only; read as class names first with --classes), PCT the "
+    "top "
+    "percent of the preflop order as the range box takes it (10 gives 9.8), TEXT may be \"\"";
 
 // The export text, line for line, with the win/tie/lose icon of a line written after it as " [win]",
 // " [tie]" or " [lose]" (the window draws it as a picture instead). Without icons it is the export text as

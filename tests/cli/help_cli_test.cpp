@@ -24,6 +24,13 @@ TEST(CliHelp, CookHelpListsTheSharedOptions) {
   }
 }
 
+// --range reads range notation (AK is both halves); the help says so, not that LIST is a class list.
+TEST(CliHelp, CookHelpSaysARangeIsWrittenInRangeNotation) {
+  const CliRun run = RunCommandLine({"cook", "--help"});
+  EXPECT_NE(run.out.find("LIST is a range in range notation"), std::string::npos) << run.out;
+  EXPECT_EQ(run.out.find("LIST is class names"), std::string::npos) << run.out;
+}
+
 TEST(CliOptions, AnOptionGivenTwiceKeepsItsLastValue) {
   const CliRun run =
       RunCommandLine({"equity", "--hand", "2c3d", "--hand", "AhAd", "--board", "AcAs2d", "--range", "KK"});
