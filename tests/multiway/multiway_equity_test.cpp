@@ -440,8 +440,10 @@ TEST(MultiwayEquity, CancelStopsTheCount) {
   MultiwayOptions options;
   options.method = MultiwayMethod::MonteCarlo;
   options.targetError = 0.0001;
+  // Not all of one range: three players of one range have equal equity with no error at all, and the run
+  // would end after its first round.
   const MultiwayResult result =
-      MultiwayEquity(MultiwayRanges({"random", "random", "random"}), {}, {}, options, callbacks);
+      MultiwayEquity(MultiwayRanges({"random", "random", "QQ+,AK"}), {}, {}, options, callbacks);
   EXPECT_TRUE(result.cancelled);
 }
 

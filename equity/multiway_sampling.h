@@ -1,0 +1,48 @@
+// The Monte Carlo count of multiway equity (multiway_equity.h), for MultiwayEquity once it has checked its
+// input and chosen to sample.
+//
+// What one sample is: a deal drawn from the deals that count, in proportion to their weight (the product
+// of the players' weights, see DrawDeal below), and the showdown on a board completed from the cards left.
+//
+// What each sample adds for player j is not only its own pot share but the expected share of player j
+// given the set of holdings dealt and the board, taken over every way of handing those holdings to the
+// players. Given the set, the chance that player j got holding i is
+//     P(j, i) = w_j(i) x perm(W without row j and column i) / perm(W),
+// where W(j, i) = w_j(i) is player j's weight for holding i (0 when it is not in j's range) and perm is the
+// permanent (the sum over every assignment of holdings to players of the product of its weights): every
+// deal of the same set on the same board is drawn with a chance in proportion to that product, and the
+// board does not depend on who holds what. So a sample adds x_j = sum over the winners i of P(j, i) / k (k
+// winners) to player j's equity. E[x_j] is player j's equity (the tower rule) and its variance is no larger
+// than that of the share itself (Rao-Blackwell): what the deal's order among the players adds to the
+// variance is taken out. Win and tie are counted the same way (sum over the winners of P(j, i), in deals
+// with one winner or with more).
+//   - Players whose ranges are the same (the same holdings at weights in the same proportion) are
+//     exchangeable: P gives each of them the same chance of every holding, so a group of them gets the
+//     group's mean. When every player has the same range, P(j, i) = 1/n and x_j = 1/n exactly in every
+//     deal: the equity of each is 1/n with no error at all, while win and tie are still sampled.
+//   - Players who can never hold each other's holdings (no holding in two ranges) keep their own shares.
+// The standard error reported is that of this estimator: the standard deviation of the x_j over the
+// samples / sqrt(samples).
+//
+// Repeatable: each thread draws from its own generator (seeded from the seed and the thread's number) in
+// rounds of fixed size, and the rounds are added in thread order, so a given seed and thread count repeat
+// the same result (unless the time limit cuts a run short).
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "equity/multiway_equity.h"
+
+namespace quillet {
+
+// Samples the players' equity on `boardBits` (deck bits of 0, 3, 4 or 5 board cards) with `deadBits` out
+// of the deck, on `threads` threads, until the largest standard error is at most options.targetError, the
+// time limit or a cancel. Every player must have a live holding and some deal must exist. Fills
+// result.players (equity, win, tie), standardError, deals and cancelled; sets result.error when a whole
+// round of draws found no deal.
+void SampleMultiwayEquity(std::span<const WeightedHoldingSet> ranges, uint64_t boardBits, uint64_t deadBits,
+                          const MultiwayOptions& options, const MultiwayCallbacks& callbacks, int threads,
+                          MultiwayResult& result);
+
+}  // namespace quillet
