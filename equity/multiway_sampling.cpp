@@ -20,7 +20,8 @@ namespace {
 constexpr int kRoundSamples = 16384;  // samples per thread per round
 constexpr int kMinSamples = 4096;     // no stop on the standard error before this many samples
 constexpr int kMaxPlayers = kMultiwayMaxPlayers;
-constexpr int kBatch = 16;  // deals valued together
+constexpr int kBatch = 24;         // boards valued together
+constexpr int kBoardsPerDeal = 6;  // boards dealt to each deal of holdings (a divisor of kBatch)
 
 // The rank and suit of each deck place, and the two places and the deck bits of each holding.
 struct CardTables {
@@ -142,7 +143,7 @@ struct SampleSums {
   std::array<double, kMaxPlayers> square{};
   std::array<double, kMaxPlayers> win{};
   std::array<double, kMaxPlayers> tie{};
-  uint64_t deals = 0;
+  uint64_t samples = 0;  // deals of holdings, each on its boards
 
   void Add(const SampleSums& other, int count) {
     for (int i = 0; i < count; ++i) {
@@ -151,7 +152,7 @@ struct SampleSums {
       win[i] += other.win[i];
       tie[i] += other.tie[i];
     }
-    deals += other.deals;
+    samples += other.samples;
   }
 };
 
@@ -283,6 +284,11 @@ class Sampler {
       shared = holders > 1;
     }
     sharing_ = groups == 1 ? Sharing::Equal : shared ? Sharing::Chances : Sharing::Own;
+    // Most of a sample's variance comes from its board, while drawing the holdings and finding the chances
+    // costs the most: each deal is valued on several boards (the mean of its shares over them estimates its
+    // shares over every board no worse). One board when the board is whole, and when the players share one
+    // range (their equity has no error; win and tie are not worth the cost).
+    boards_ = coming_ == 0 || sharing_ == Sharing::Equal ? 1 : kBoardsPerDeal;
 
     // For eight to ten players, the steps of ColumnChances' sweeps over the subsets of the n - 1 other
     // columns, in rising order (every subset after the subsets it is made from).
@@ -304,12 +310,18 @@ class Sampler {
     const CardTables& tables = Tables();
     // Deals are drawn kBatch at a time and then valued together: the reads of the evaluator's tables of
     // one deal do not wait for another's.
+    // A deal's boards take boards_ places in a row; deal d's holdings are held[d].
     std::array<std::array<uint16_t, kMaxPlayers>, kBatch> held{};
     std::array<std::array<uint8_t, 5>, kBatch> coming{};
     std::array<std::array<HandValue, kMaxPlayers>, kBatch> values{};
     std::array<RankState, kBatch> states{};
     std::array<SuitCounts, kBatch> suits{};
+    std::array<HandValue, kBatch> best{};
+    std::array<int, kBatch> winners{};
     std::array<double, kMaxPlayers> x{};
+    std::array<double, kMaxPlayers> win{};
+    std::array<double, kMaxPlayers> tie{};
+    const int dealsPerBatch = kBatch / boards_;
     // Cards from the cards left, exactly evenly: six bits of a random number at a time, taken when they
     // name a card still in the deck.
     uint64_t pool = 0;
@@ -333,7 +345,7 @@ class Sampler {
     // that counts comes with a chance in proportion to its weight); then the players who may hold anything,
     // dealt from the cards left (as many ways for every outcome of the first, so the draw stays fair), then
     // the board. False when the deal was thrown away.
-    const auto drawDeal = [&](std::array<uint16_t, kMaxPlayers>& deal, std::array<uint8_t, 5>& cards) {
+    const auto drawDeal = [&](std::array<uint16_t, kMaxPlayers>& deal, std::array<uint8_t, 5>* cards) {
       uint64_t used = known_;
       for (int d = 0; d < drawn_; ++d) {
         const int p = order_[d];
@@ -350,7 +362,10 @@ class Sampler {
         const int low = std::min(first, second);
         deal[order_[d]] = static_cast<uint16_t>(high * (high - 1) / 2 + low);
       }
-      for (int c = 0; c < coming_; ++c) cards[c] = static_cast<uint8_t>(dealCard(used));
+      for (int b = 0; b < boards_; ++b) {
+        uint64_t left = used;
+        for (int c = 0; c < coming_; ++c) cards[b][c] = static_cast<uint8_t>(dealCard(left));
+      }
       return true;
     };
     // Where the players' holdings nearly always collide, a round gives up after so many draws, so that the
@@ -359,10 +374,11 @@ class Sampler {
     int64_t draws = 0;
     int kept = 0;
     while (kept < samples && draws < maxDraws) {
-      int size = 0;
-      while (size < kBatch && kept + size < samples && draws++ < maxDraws) {
-        if (drawDeal(held[size], coming[size])) ++size;
+      int dealt = 0;
+      while (dealt < dealsPerBatch && kept + dealt < samples && draws++ < maxDraws) {
+        if (drawDeal(held[dealt], &coming[static_cast<std::size_t>(dealt * boards_)])) ++dealt;
       }
+      const int size = dealt * boards_;
       // The showdowns: each board's rank state once, two steps per player. Every value first, with no
       // branch on a value read, then the best. With three or more of a suit on the board a player with
       // five of it holds a flush, which beats whatever its ranks make (FlushValue is 0 for fewer than five).
@@ -380,7 +396,7 @@ class Sampler {
       }
       for (int k = 0; k < size; ++k) {
         for (int p = 0; p < count_; ++p) {
-          const auto& cards = tables.places[held[k][p]];
+          const auto& cards = tables.places[held[k / boards_][p]];
           values[k][p] = evaluator.RankValue(
               evaluator.AddRank(evaluator.AddRank(states[k], tables.rank[cards[0]]), tables.rank[cards[1]]));
         }
@@ -389,56 +405,80 @@ class Sampler {
         const int32_t flushSuit = suits[k].FlushSuit();
         if (flushSuit < 0) continue;
         for (int p = 0; p < count_; ++p) {
-          const auto& cards = tables.places[held[k][p]];
+          const auto& cards = tables.places[held[k / boards_][p]];
           const uint32_t ranks = suits[k].ranks[flushSuit] | tables.suitRanks[flushSuit][cards[0]] |
                                  tables.suitRanks[flushSuit][cards[1]];
           values[k][p] = std::max(values[k][p], evaluator.FlushValue(ranks));
         }
       }
       for (int k = 0; k < size; ++k) {
-        HandValue best = 0;
-        for (int p = 0; p < count_; ++p) best = std::max(best, values[k][p]);
-        int winners = 0;
-        for (int p = 0; p < count_; ++p) winners += values[k][p] == best ? 1 : 0;
-        Share(held[k], values[k], best, winners, x);
+        best[k] = 0;
+        for (int p = 0; p < count_; ++p) best[k] = std::max(best[k], values[k][p]);
+        winners[k] = 0;
+        for (int p = 0; p < count_; ++p) winners[k] += values[k][p] == best[k] ? 1 : 0;
+      }
+      for (int d = 0; d < dealt; ++d) {
+        Share(held[d], &values[static_cast<std::size_t>(d * boards_)],
+              &best[static_cast<std::size_t>(d * boards_)], &winners[static_cast<std::size_t>(d * boards_)],
+              x, win, tie);
         for (int p = 0; p < count_; ++p) {
           sums.equity[p] += x[p];
           sums.square[p] += x[p] * x[p];
-          (winners == 1 ? sums.win[p] : sums.tie[p]) += winners * x[p];
+          sums.win[p] += win[p];
+          sums.tie[p] += tie[p];
         }
       }
-      sums.deals += static_cast<uint64_t>(size);
-      kept += size;
+      sums.samples += static_cast<uint64_t>(dealt);
+      kept += dealt;
     }
   }
 
   int Count() const { return count_; }
+  int BoardsPerDeal() const { return boards_; }
 
  private:
-  // Each player's x_j for a deal whose best value is `best`, held by `winners` players.
-  void Share(const std::array<uint16_t, kMaxPlayers>& held, const std::array<HandValue, kMaxPlayers>& values,
-             HandValue best, int winners, std::array<double, kMaxPlayers>& x) const {
-    const double share = 1.0 / winners;
-    if (sharing_ == Sharing::Equal) {
-      x.fill(1.0 / count_);
-      return;
-    }
-    if (sharing_ == Sharing::Own) {
-      for (int p = 0; p < count_; ++p) x[p] = values[p] == best ? share : 0.0;
-      return;
-    }
+  // Each player's x_j for a deal on its boards_ boards (the values, best value and number of winners of
+  // each), the mean over the boards; and its win and tie counts, the same means over the boards with one
+  // winner and with more.
+  void Share(const std::array<uint16_t, kMaxPlayers>& held, const std::array<HandValue, kMaxPlayers>* values,
+             const HandValue* best, const int* winners, std::array<double, kMaxPlayers>& x,
+             std::array<double, kMaxPlayers>& win, std::array<double, kMaxPlayers>& tie) const {
     x.fill(0.0);
-    std::array<double, kMaxPlayers> chances{};
-    for (int c = 0; c < count_; ++c) {
-      if (values[c] != best) continue;
-      ColumnChances(held, c, chances);
-      for (int j = 0; j < count_; ++j) x[j] += chances[j] * share;
+    win.fill(0.0);
+    tie.fill(0.0);
+    const double perBoard = 1.0 / boards_;
+    // P(j, c) for each holding c that wins on some board, found once per deal.
+    std::array<std::array<double, kMaxPlayers>, kMaxPlayers> chances;
+    std::array<bool, kMaxPlayers> found{};
+    for (int b = 0; b < boards_; ++b) {
+      const double share = perBoard / winners[b];
+      std::array<double, kMaxPlayers> y{};
+      if (sharing_ == Sharing::Equal) {
+        y.fill(perBoard / count_);
+      } else if (sharing_ == Sharing::Own) {
+        for (int p = 0; p < count_; ++p) y[p] = values[b][p] == best[b] ? share : 0.0;
+      } else {
+        for (int c = 0; c < count_; ++c) {
+          if (values[b][c] != best[b]) continue;
+          if (!found[c]) {
+            ColumnChances(held, c, chances[c]);
+            found[c] = true;
+          }
+          for (int j = 0; j < count_; ++j) y[j] += chances[c][j] * share;
+        }
+      }
+      for (int p = 0; p < count_; ++p) {
+        x[p] += y[p];
+        (winners[b] == 1 ? win[p] : tie[p]) += winners[b] * y[p];
+      }
     }
-    if (groupCount_ < count_) {
+    if (sharing_ == Sharing::Chances && groupCount_ < count_) {
       // Players of one group have equal chances; their mean says so to the last bit.
-      std::array<double, kMaxPlayers> groupSum{};
-      for (int p = 0; p < count_; ++p) groupSum[group_[p]] += x[p];
-      for (int p = 0; p < count_; ++p) x[p] = groupSum[group_[p]] / groupSize_[group_[p]];
+      for (std::array<double, kMaxPlayers>* sums : {&x, &win, &tie}) {
+        std::array<double, kMaxPlayers> groupSum{};
+        for (int p = 0; p < count_; ++p) groupSum[group_[p]] += (*sums)[p];
+        for (int p = 0; p < count_; ++p) (*sums)[p] = groupSum[group_[p]] / groupSize_[group_[p]];
+      }
     }
   }
 
@@ -529,6 +569,7 @@ class Sampler {
   std::array<const WeightedHoldingSet*, kMaxPlayers> ranges_{};
   std::array<int, kMaxPlayers> order_{};  // the order of the draw
   int drawn_ = 0;                         // how many come first, drawn from their ranges
+  int boards_ = 1;                        // boards dealt to each deal of holdings
   std::array<int, kMaxPlayers> group_{};
   std::array<int, kMaxPlayers> groupSize_{};
   int groupCount_ = 0;
@@ -540,8 +581,8 @@ class Sampler {
 // The largest standard error of the players' equity, in points: the standard deviation of x_j over the
 // samples / sqrt(samples - 1).
 double LargestError(const SampleSums& sums, int count) {
-  if (sums.deals < 2) return 100.0;
-  const double n = static_cast<double>(sums.deals);
+  if (sums.samples < 2) return 100.0;
+  const double n = static_cast<double>(sums.samples);
   double largest = 0;
   for (int i = 0; i < count; ++i) {
     const double mean = sums.equity[i] / n;
@@ -577,13 +618,15 @@ void SampleMultiwayEquity(std::span<const WeightedHoldingSet> ranges, uint64_t b
       }
       sampler.Round(kRoundSamples, generators[0], roundSums[0]);
     }
-    const uint64_t before = total.deals;
+    const uint64_t before = total.samples;
     for (const SampleSums& sums : roundSums) total.Add(sums, count);
     // A whole round of draws without one deal: the holdings all but always collide; sampling cannot answer.
-    if (total.deals == before) break;
+    if (total.samples == before) break;
     result.standardError = LargestError(total, count);
-    if (callbacks.progress) callbacks.progress(total.deals, result.standardError);
-    if (total.deals >= kMinSamples && result.standardError <= options.targetError) break;
+    // Deals counted: each deal of holdings on each of its boards.
+    const uint64_t deals = total.samples * static_cast<uint64_t>(sampler.BoardsPerDeal());
+    if (callbacks.progress) callbacks.progress(deals, result.standardError);
+    if (total.samples >= kMinSamples && result.standardError <= options.targetError) break;
     const double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     if (options.seconds > 0 && elapsed >= options.seconds) break;
     if (callbacks.cancel && callbacks.cancel()) {
@@ -591,13 +634,13 @@ void SampleMultiwayEquity(std::span<const WeightedHoldingSet> ranges, uint64_t b
       break;
     }
   }
-  result.deals = total.deals;
-  if (total.deals > 0) {
+  result.deals = total.samples * static_cast<uint64_t>(sampler.BoardsPerDeal());
+  if (total.samples > 0) {
     for (int p = 0; p < count; ++p) {
       MultiwayPlayerResult& player = result.players[p];
-      player.equity = 100.0 * total.equity[p] / static_cast<double>(total.deals);
-      player.win = 100.0 * total.win[p] / static_cast<double>(total.deals);
-      player.tie = 100.0 * total.tie[p] / static_cast<double>(total.deals);
+      player.equity = 100.0 * total.equity[p] / static_cast<double>(total.samples);
+      player.win = 100.0 * total.win[p] / static_cast<double>(total.samples);
+      player.tie = 100.0 * total.tie[p] / static_cast<double>(total.samples);
     }
   } else if (!result.cancelled) {
     // A deal exists (the caller checked), but the weights make one so rare that a whole round drew none.
