@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "cards/holding.h"
-#include "equity/enumeration.h"
+#include "equity/deck.h"
 #include "equity/standard_evaluator.h"
 
 namespace quillet {
@@ -23,11 +23,9 @@ constexpr int kMaxPlayers = kMultiwayMaxPlayers;
 constexpr int kBatch = 24;         // boards valued together
 constexpr int kBoardsPerDeal = 6;  // boards dealt to each deal of holdings (a divisor of kBatch)
 
-// The rank and suit of each deck place, and the two places and the deck bits of each holding.
+// The rank of each deck place, and the two places and the deck bits of each holding.
 struct CardTables {
   std::array<int8_t, kDeckSize> rank{};
-  std::array<int8_t, kDeckSize> suit{};
-  std::array<std::array<uint16_t, kDeckSize>, 4> suitRanks{};  // [suit][place]: its rank bit when of the suit
   std::array<std::array<uint8_t, 2>, kHoldingCount> places{};
   std::array<uint64_t, kHoldingCount> bits{};
 
@@ -35,8 +33,6 @@ struct CardTables {
     for (int index = 0; index < kDeckSize; ++index) {
       const Card card = DeckCard(index);
       rank[index] = static_cast<int8_t>(card.rank);
-      suit[index] = static_cast<int8_t>(card.suit);
-      suitRanks[card.suit][index] = static_cast<uint16_t>(RankMaskBit(card.rank));
     }
     places = HoldingPlaces();
     for (int number = 0; number < kHoldingCount; ++number) {
@@ -160,6 +156,13 @@ struct SampleSums {
 // minors (see Sampler::ColumnChances) go together.
 using SweepPair = double __attribute__((vector_size(16)));
 
+// How many cards of one suit 13 bits hold.
+constexpr std::array<uint8_t, 8192> kSetSizes13 = [] {
+  std::array<uint8_t, 8192> sizes{};
+  for (uint32_t set = 0; set < sizes.size(); ++set) sizes[set] = static_cast<uint8_t>(std::popcount(set));
+  return sizes;
+}();
+
 // How many columns each subset of up to nine columns holds.
 constexpr std::array<uint8_t, 1 << (kMaxPlayers - 1)> kSetSizes = [] {
   std::array<uint8_t, 1 << (kMaxPlayers - 1)> sizes{};
@@ -216,7 +219,6 @@ class Sampler {
     for (uint64_t bits = board_; bits != 0; bits &= bits - 1) {
       const int index = std::countr_zero(bits);
       knownState_ = evaluator.AddRank(knownState_, tables.rank[index]);
-      knownSuits_.Add(DeckCard(index));
     }
     std::array<int, kMaxPlayers> maxWeight{};
     for (int p = 0; p < count_; ++p) {
@@ -315,9 +317,7 @@ class Sampler {
     std::array<std::array<uint8_t, 5>, kBatch> coming{};
     std::array<std::array<HandValue, kMaxPlayers>, kBatch> values{};
     std::array<RankState, kBatch> states{};
-    std::array<SuitCounts, kBatch> suits{};
-    std::array<HandValue, kBatch> best{};
-    std::array<int, kBatch> winners{};
+    std::array<uint64_t, kBatch> boardBits{};
     std::array<double, kMaxPlayers> x{};
     std::array<double, kMaxPlayers> win{};
     std::array<double, kMaxPlayers> tie{};
@@ -381,17 +381,17 @@ class Sampler {
       const int size = dealt * boards_;
       // The showdowns: each board's rank state once, two steps per player. Every value first, with no
       // branch on a value read, then the best. With three or more of a suit on the board a player with
-      // five of it holds a flush, which beats whatever its ranks make (FlushValue is 0 for fewer than five).
+      // five of it holds a flush, which beats whatever its ranks make (FlushValue is 0 for fewer than five);
+      // a suit's ranks are its 13 bits of the deck bits.
       for (int k = 0; k < size; ++k) {
         states[k] = knownState_;
-        suits[k] = knownSuits_;
+        boardBits[k] = board_;
       }
       for (int c = 0; c < coming_; ++c) {
         for (int k = 0; k < size; ++k) {
           const int index = coming[k][c];
           states[k] = evaluator.AddRank(states[k], tables.rank[index]);
-          ++suits[k].counts[tables.suit[index]];
-          suits[k].ranks[tables.suit[index]] |= tables.suitRanks[tables.suit[index]][index];
+          boardBits[k] |= uint64_t{1} << index;
         }
       }
       for (int k = 0; k < size; ++k) {
@@ -402,25 +402,37 @@ class Sampler {
         }
       }
       for (int k = 0; k < size; ++k) {
-        const int32_t flushSuit = suits[k].FlushSuit();
+        int flushSuit = -1;
+        for (int suit = 0; suit < 4; ++suit) {
+          if (kSetSizes13[boardBits[k] >> (13 * suit) & 0x1FFF] >= 3) flushSuit = suit;
+        }
         if (flushSuit < 0) continue;
         for (int p = 0; p < count_; ++p) {
-          const auto& cards = tables.places[held[k / boards_][p]];
-          const uint32_t ranks = suits[k].ranks[flushSuit] | tables.suitRanks[flushSuit][cards[0]] |
-                                 tables.suitRanks[flushSuit][cards[1]];
-          values[k][p] = std::max(values[k][p], evaluator.FlushValue(ranks));
+          const uint64_t cards = boardBits[k] | tables.bits[held[k / boards_][p]];
+          values[k][p] =
+              std::max(values[k][p], evaluator.FlushValue(static_cast<uint32_t>(cards >> (13 * flushSuit))));
         }
       }
-      for (int k = 0; k < size; ++k) {
-        best[k] = 0;
-        for (int p = 0; p < count_; ++p) best[k] = std::max(best[k], values[k][p]);
-        winners[k] = 0;
-        for (int p = 0; p < count_; ++p) winners[k] += values[k][p] == best[k] ? 1 : 0;
-      }
       for (int d = 0; d < dealt; ++d) {
-        Share(held[d], &values[static_cast<std::size_t>(d * boards_)],
-              &best[static_cast<std::size_t>(d * boards_)], &winners[static_cast<std::size_t>(d * boards_)],
-              x, win, tie);
+        // Per holding dealt (by the player it was dealt to), its pot shares, wins and ties over the boards.
+        std::array<double, kMaxPlayers> shares{};
+        std::array<double, kMaxPlayers> wins{};
+        std::array<double, kMaxPlayers> ties{};
+        for (int k = d * boards_; k < (d + 1) * boards_; ++k) {
+          const std::array<HandValue, kMaxPlayers>& board = values[k];
+          HandValue best = 0;
+          for (int p = 0; p < count_; ++p) best = std::max(best, board[p]);
+          int winners = 0;
+          for (int p = 0; p < count_; ++p) winners += board[p] == best ? 1 : 0;
+          const double share = 1.0 / winners;
+          std::array<double, kMaxPlayers>& split = winners == 1 ? wins : ties;
+          for (int p = 0; p < count_; ++p) {
+            if (board[p] != best) continue;
+            shares[p] += share;
+            split[p] += 1.0;
+          }
+        }
+        Share(held[d], shares, wins, ties, x, win, tie);
         for (int p = 0; p < count_; ++p) {
           sums.equity[p] += x[p];
           sums.square[p] += x[p] * x[p];
@@ -437,42 +449,48 @@ class Sampler {
   int BoardsPerDeal() const { return boards_; }
 
  private:
-  // Each player's x_j for a deal on its boards_ boards (the values, best value and number of winners of
-  // each), the mean over the boards; and its win and tie counts, the same means over the boards with one
-  // winner and with more.
-  void Share(const std::array<uint16_t, kMaxPlayers>& held, const std::array<HandValue, kMaxPlayers>* values,
-             const HandValue* best, const int* winners, std::array<double, kMaxPlayers>& x,
-             std::array<double, kMaxPlayers>& win, std::array<double, kMaxPlayers>& tie) const {
+  // Each player's x_j for a deal whose holdings won `shares` of the pots of its boards_ boards, `wins`
+  // of them alone and had part in `ties` (per holding, by the player it was dealt to): the mean over the
+  // boards of sum over the holdings i of P(j, i) x the share of i; and win and tie the same way.
+  void Share(const std::array<uint16_t, kMaxPlayers>& held, const std::array<double, kMaxPlayers>& shares,
+             const std::array<double, kMaxPlayers>& wins, const std::array<double, kMaxPlayers>& ties,
+             std::array<double, kMaxPlayers>& x, std::array<double, kMaxPlayers>& win,
+             std::array<double, kMaxPlayers>& tie) const {
+    const double perBoard = 1.0 / boards_;
+    if (sharing_ == Sharing::Own) {
+      for (int p = 0; p < count_; ++p) {
+        x[p] = shares[p] * perBoard;
+        win[p] = wins[p] * perBoard;
+        tie[p] = ties[p] * perBoard;
+      }
+      return;
+    }
+    if (sharing_ == Sharing::Equal) {
+      double allWins = 0;
+      double allTies = 0;
+      for (int p = 0; p < count_; ++p) {
+        allWins += wins[p];
+        allTies += ties[p];
+      }
+      x.fill(1.0 / count_);
+      win.fill(allWins * perBoard / count_);
+      tie.fill(allTies * perBoard / count_);
+      return;
+    }
     x.fill(0.0);
     win.fill(0.0);
     tie.fill(0.0);
-    const double perBoard = 1.0 / boards_;
-    // P(j, c) for each holding c that wins on some board, found once per deal.
-    std::array<std::array<double, kMaxPlayers>, kMaxPlayers> chances;
-    std::array<bool, kMaxPlayers> found{};
-    for (int b = 0; b < boards_; ++b) {
-      const double share = perBoard / winners[b];
-      std::array<double, kMaxPlayers> y{};
-      if (sharing_ == Sharing::Equal) {
-        y.fill(perBoard / count_);
-      } else if (sharing_ == Sharing::Own) {
-        for (int p = 0; p < count_; ++p) y[p] = values[b][p] == best[b] ? share : 0.0;
-      } else {
-        for (int c = 0; c < count_; ++c) {
-          if (values[b][c] != best[b]) continue;
-          if (!found[c]) {
-            ColumnChances(held, c, chances[c]);
-            found[c] = true;
-          }
-          for (int j = 0; j < count_; ++j) y[j] += chances[c][j] * share;
-        }
-      }
-      for (int p = 0; p < count_; ++p) {
-        x[p] += y[p];
-        (winners[b] == 1 ? win[p] : tie[p]) += winners[b] * y[p];
+    std::array<double, kMaxPlayers> chances{};
+    for (int c = 0; c < count_; ++c) {
+      if (shares[c] == 0) continue;
+      ColumnChances(held, c, chances);
+      for (int j = 0; j < count_; ++j) {
+        x[j] += chances[j] * shares[c] * perBoard;
+        win[j] += chances[j] * wins[c] * perBoard;
+        tie[j] += chances[j] * ties[c] * perBoard;
       }
     }
-    if (sharing_ == Sharing::Chances && groupCount_ < count_) {
+    if (groupCount_ < count_) {
       // Players of one group have equal chances; their mean says so to the last bit.
       for (std::array<double, kMaxPlayers>* sums : {&x, &win, &tie}) {
         std::array<double, kMaxPlayers> groupSum{};
@@ -564,7 +582,6 @@ class Sampler {
   uint64_t known_;
   int coming_;
   RankState knownState_ = StandardEvaluator::kNoRanks;  // of the board cards given
-  SuitCounts knownSuits_;
   std::vector<SampledPlayer> players_;
   std::array<const WeightedHoldingSet*, kMaxPlayers> ranges_{};
   std::array<int, kMaxPlayers> order_{};  // the order of the draw
