@@ -20,6 +20,7 @@ namespace {
 constexpr int kRoundSamples = 16384;  // samples per thread per round
 constexpr int kMinSamples = 4096;     // no stop on the standard error before this many samples
 constexpr int kMaxPlayers = kMultiwayMaxPlayers;
+constexpr uint64_t kDeckBits = (uint64_t{1} << kDeckSize) - 1;
 constexpr int kBatch = 24;         // boards valued together
 constexpr int kBoardsPerDeal = 6;  // boards dealt to each deal of holdings (a divisor of kBatch)
 
@@ -322,29 +323,33 @@ class Sampler {
     std::array<double, kMaxPlayers> win{};
     std::array<double, kMaxPlayers> tie{};
     const int dealsPerBatch = kBatch / boards_;
-    // Cards from the cards left, exactly evenly: six bits of a random number at a time, taken when they
-    // name a card still in the deck.
+    // Numbers below a bound, exactly evenly: 32 bits of a random number at a time, Lemire's multiply
+    // with its rejection of the few values that would favour some results.
     uint64_t pool = 0;
-    int poolLeft = 0;
-    const auto dealCard = [&](uint64_t& used) {
-      for (;;) {
-        if (poolLeft == 0) {
+    bool halfLeft = false;
+    const auto below = [&](uint32_t bound) {
+      const auto next = [&] {
+        halfLeft = !halfLeft;
+        if (halfLeft) {
           pool = NextRandom(rng);
-          poolLeft = 10;
+          return static_cast<uint32_t>(pool);
         }
-        const int index = static_cast<int>(pool & 63);
-        pool >>= 6;
-        --poolLeft;
-        if (index < kDeckSize && (used >> index & 1) == 0) {
-          used |= uint64_t{1} << index;
-          return index;
-        }
+        return static_cast<uint32_t>(pool >> 32);
+      };
+      uint64_t product = uint64_t{next()} * bound;
+      if (static_cast<uint32_t>(product) < bound) {
+        const uint32_t threshold = (0u - bound) % bound;
+        while (static_cast<uint32_t>(product) < threshold) product = uint64_t{next()} * bound;
       }
+      return static_cast<int>(product >> 32);
     };
+    std::array<uint8_t, kDeckSize> deck{};
     // The players with a range drawn by weight, the deal thrown away when two share a card (so every deal
     // that counts comes with a chance in proportion to its weight); then the players who may hold anything,
     // dealt from the cards left (as many ways for every outcome of the first, so the draw stays fair), then
-    // the board. False when the deal was thrown away.
+    // each board. The cards left are listed once; each card dealt is picked evenly from those not yet taken
+    // and swapped to the front (each board starts again after the players' cards). False when the deal was
+    // thrown away.
     const auto drawDeal = [&](std::array<uint16_t, kMaxPlayers>& deal, std::array<uint8_t, 5>* cards) {
       uint64_t used = known_;
       for (int d = 0; d < drawn_; ++d) {
@@ -355,16 +360,27 @@ class Sampler {
         used |= bits;
         deal[p] = number;
       }
+      int left = 0;
+      for (uint64_t bits = ~used & kDeckBits; bits != 0; bits &= bits - 1) {
+        deck[left++] = static_cast<uint8_t>(std::countr_zero(bits));
+      }
+      int taken = 0;
+      const auto take = [&] {
+        const int pick = taken + below(static_cast<uint32_t>(left - taken));
+        std::swap(deck[taken], deck[pick]);
+        return static_cast<int>(deck[taken++]);
+      };
       for (int d = drawn_; d < count_; ++d) {
-        const int first = dealCard(used);
-        const int second = dealCard(used);
+        const int first = take();
+        const int second = take();
         const int high = std::max(first, second);
         const int low = std::min(first, second);
         deal[order_[d]] = static_cast<uint16_t>(high * (high - 1) / 2 + low);
       }
+      const int held = taken;
       for (int b = 0; b < boards_; ++b) {
-        uint64_t left = used;
-        for (int c = 0; c < coming_; ++c) cards[b][c] = static_cast<uint8_t>(dealCard(left));
+        taken = held;
+        for (int c = 0; c < coming_; ++c) cards[b][c] = static_cast<uint8_t>(take());
       }
       return true;
     };
