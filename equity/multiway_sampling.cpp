@@ -70,7 +70,6 @@ struct SampledPlayer {
   Draw draw = Draw::ByPlace;
   std::vector<uint16_t> numbers;  // live holdings (holding numbers)
   std::vector<AliasPlace> alias;  // ByWeight
-  const WeightedHoldingSet* range = nullptr;
 };
 
 // The alias table of live holdings whose weights (thousandths) sum to `weightSum` (Vose's construction, in
@@ -224,7 +223,6 @@ class Sampler {
     std::array<int, kMaxPlayers> maxWeight{};
     for (int p = 0; p < count_; ++p) {
       SampledPlayer& player = players_[p];
-      player.range = &ranges[p];
       ranges_[p] = &ranges[p];
       int64_t sum = 0;
       bool uniform = true;
@@ -311,9 +309,9 @@ class Sampler {
   void Round(int samples, uint64_t& rng, SampleSums& sums) const {
     const StandardEvaluator& evaluator = StandardEvaluator::Get();
     const CardTables& tables = Tables();
-    // Deals are drawn kBatch at a time and then valued together: the reads of the evaluator's tables of
-    // one deal do not wait for another's.
-    // A deal's boards take boards_ places in a row; deal d's holdings are held[d].
+    // Deals are drawn a batch of kBatch boards at a time and then valued together: the reads of the
+    // evaluator's tables for one board do not wait for another's. A deal's boards take boards_ places in a
+    // row; deal d's holdings are held[d].
     std::array<std::array<uint16_t, kMaxPlayers>, kBatch> held{};
     std::array<std::array<uint8_t, 5>, kBatch> coming{};
     std::array<std::array<HandValue, kMaxPlayers>, kBatch> values{};
