@@ -94,6 +94,21 @@ void BM_SixRandomMonteCarlo(benchmark::State& state) {
 }
 BENCHMARK(BM_SixRandomMonteCarlo)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
+// AhAd v random v random preflop, Monte Carlo to 0.01 points: two players of one range beside a third.
+void BM_AcesTwoRandomPreflopMonteCarlo(benchmark::State& state) {
+  RunCase(state, {"AhAd", "random", "random"}, "", MultiwayMethod::MonteCarlo, 1, 0.01);
+}
+BENCHMARK(BM_AcesTwoRandomPreflopMonteCarlo)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+// Six different ranges preflop, Monte Carlo to 0.02 points: no two players of one range.
+void BM_SixRangesMonteCarlo(benchmark::State& state) {
+  RunCase(state,
+          {"random", "22+,A2s+,K9s+,ATo+,KJo+", "QQ+,AK", "JJ-22,AJs-A2s,KQs", "random:0.5,AA",
+           "T9s,98s,87s,76s,AK"},
+          "", MultiwayMethod::MonteCarlo, 1, 0.02);
+}
+BENCHMARK(BM_SixRangesMonteCarlo)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
 // The weighted cases: each "random" above at mixed weights (bench/mixed_weights.h), to set beside the whole
 // ones; a weighted full range must cost at most 1.5 times a whole one.
 void BM_WeightedAcesTwoRandomFlopExact(benchmark::State& state) {

@@ -12,14 +12,13 @@
 
 #include "cards/holding.h"
 #include "equity/enumeration.h"
+#include "equity/multiway_sampling.h"
 #include "equity/standard_evaluator.h"
 
 namespace quillet {
 namespace {
 
-constexpr int kSliceBoards = 2048;    // boards per slice of the exact walk
-constexpr int kRoundSamples = 16384;  // samples per thread per round of Monte Carlo
-constexpr int kMinSamples = 4096;
+constexpr int kSliceBoards = 2048;  // boards per slice of the exact walk
 // The last player's holdings are counted from running totals when it has at least this many; with fewer
 // every deal is walked.
 constexpr std::size_t kCountLastFrom = 24;  // no stop on the standard error before this many samples
@@ -35,17 +34,6 @@ struct Holding {
 struct Player {
   std::vector<Holding> holdings;  // live: no card on the board or among the dead cards
   uint64_t needed = 0;            // cards every live holding holds
-  // Drawing by weight (Walker's alias method): a place drawn evenly is kept with the chance keep / 2^64,
-  // else its alias is taken; each place holds what a draw reads, so that a draw reads one of them.
-  struct AliasPlace {
-    uint64_t keep = 0;
-    uint64_t bits = 0;       // the place's own holding's cards
-    uint64_t otherBits = 0;  // its alias's
-    uint32_t other = 0;
-  };
-  std::vector<AliasPlace> alias;
-  bool uniform = false;  // every live holding has the same weight: drawn by its place
-  bool full = false;     // uniform and every holding the deck still allows: dealt two cards from the deck
 };
 
 // The value of a holding on a complete board whose rank state, suit counts and flush suit are given.
@@ -375,141 +363,6 @@ bool SomeDealExists(const std::vector<Player>& players, std::size_t p, uint64_t 
   return false;
 }
 
-uint64_t SplitMix(uint64_t& state) {
-  uint64_t z = (state += 0x9E3779B97F4A7C15ull);
-  z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
-  z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
-  return z ^ (z >> 31);
-}
-
-// A number below `bound` from the generator (Lemire's multiply; the bias is below 2^-40 for these sizes).
-uint64_t Below(uint64_t& state, uint64_t bound) {
-  return static_cast<uint64_t>((static_cast<unsigned __int128>(SplitMix(state)) * bound) >> 64);
-}
-
-// The alias table of a player's live holdings, whose weights sum to `weightSum` (Vose's construction, in
-// whole numbers): each place is a column of height weightSum shared by its own holding and one other, so
-// that a place drawn evenly and a height drawn evenly pick each holding in proportion to its weight. The
-// heights kept are then put on the scale of 2^64.
-void BuildAliasTable(Player& player, int64_t weightSum) {
-  const std::size_t n = player.holdings.size();
-  std::vector<int64_t> scaled(n);
-  std::vector<uint32_t> small;
-  std::vector<uint32_t> large;
-  for (std::size_t i = 0; i < n; ++i) {
-    scaled[i] = int64_t{player.holdings[i].weight} * static_cast<int64_t>(n);
-    (scaled[i] < weightSum ? small : large).push_back(static_cast<uint32_t>(i));
-  }
-  std::vector<int64_t> keep(n, weightSum);
-  std::vector<uint32_t> other(n);
-  for (std::size_t i = 0; i < n; ++i) other[i] = static_cast<uint32_t>(i);
-  while (!small.empty() && !large.empty()) {
-    const uint32_t low = small.back();
-    small.pop_back();
-    const uint32_t high = large.back();
-    keep[low] = scaled[low];
-    other[low] = high;
-    scaled[high] -= weightSum - scaled[low];
-    if (scaled[high] < weightSum) {
-      large.pop_back();
-      small.push_back(high);
-    }
-  }
-  player.alias.resize(n);
-  for (std::size_t i = 0; i < n; ++i) {
-    Player::AliasPlace& place = player.alias[i];
-    // A whole column is kept always; else keep / weightSum of 2^64, rounded down.
-    place.keep = keep[i] >= weightSum
-                     ? UINT64_MAX
-                     : static_cast<uint64_t>((static_cast<unsigned __int128>(keep[i]) << 64) /
-                                             static_cast<unsigned __int128>(weightSum));
-    place.bits = player.holdings[i].bits;
-    place.otherBits = player.holdings[other[i]].bits;
-    place.other = other[i];
-  }
-}
-
-// A player's holding drawn in proportion to its weight (one number gives both the place, from the high
-// half of its product with the places, and the chance of keeping it, from the low half): its cards.
-inline uint64_t DrawByWeight(const Player& player, uint64_t& rng, const Holding*& chosen) {
-  if (player.uniform) {
-    chosen = &player.holdings[static_cast<std::size_t>(Below(rng, player.holdings.size()))];
-    return chosen->bits;
-  }
-  const auto product = static_cast<unsigned __int128>(SplitMix(rng)) * player.holdings.size();
-  const auto place = static_cast<std::size_t>(product >> 64);
-  const Player::AliasPlace& slot = player.alias[place];
-  const bool own = static_cast<uint64_t>(product) < slot.keep;
-  chosen = &player.holdings[own ? place : slot.other];
-  return own ? slot.bits : slot.otherBits;
-}
-
-// One thread's round of Monte Carlo samples.
-void SampleRound(const std::vector<Player>& players, uint64_t knownBoard, uint64_t deadAll, int coming,
-                 int samples, uint64_t& rng, Sums& sums) {
-  const int count = static_cast<int>(players.size());
-  std::array<const Holding*, kMultiwayMaxPlayers> chosen{};
-  std::array<HandValue, kMultiwayMaxPlayers> values{};
-  BoardReader reader;
-  int kept = 0;
-  std::array<Holding, kMultiwayMaxPlayers> dealt{};
-  const auto drawCard = [&](uint64_t& used) {
-    uint64_t bit = 0;
-    do {
-      bit = uint64_t{1} << Below(rng, kDeckSize);
-    } while ((used & bit) != 0);
-    used |= bit;
-    return bit;
-  };
-  // Where the players' holdings nearly always collide, a round gives up after so many draws, so that the
-  // caller's time limit and cancel are still looked at between rounds.
-  const int64_t maxDraws = int64_t{samples} * 4096;
-  int64_t draws = 0;
-  while (kept < samples && draws++ < maxDraws) {
-    uint64_t used = knownBoard | deadAll;
-    bool collided = false;
-    // The players with a range first, drawn by weight, the deal thrown away when two share a card; then
-    // the players who may hold anything, dealt from the cards left (as many ways for every outcome of the
-    // first, so the draw stays fair).
-    for (int p = 0; p < count && !collided; ++p) {
-      const Player& player = players[p];
-      if (player.full) continue;
-      const uint64_t bits = DrawByWeight(player, rng, chosen[p]);
-      collided = (bits & used) != 0;
-      used |= bits;
-    }
-    if (collided) continue;
-    for (int p = 0; p < count; ++p) {
-      if (!players[p].full) continue;
-      const uint64_t first = drawCard(used);
-      const uint64_t second = drawCard(used);
-      Holding& h = dealt[p];
-      h.bits = first | second;
-      h.a = DeckCard(std::countr_zero(first));
-      h.b = DeckCard(std::countr_zero(second));
-      chosen[p] = &h;
-    }
-    uint64_t board = knownBoard;
-    for (int c = 0; c < coming; ++c) board |= drawCard(used);
-    reader.Set(board);
-    for (int p = 0; p < count; ++p) values[p] = reader.Value(*chosen[p]);
-    Settle(values, count, 1.0, sums);
-    ++kept;
-  }
-}
-
-double LargestError(const Sums& sums, int count) {
-  if (sums.deals < 2) return 100.0;
-  const double n = static_cast<double>(sums.deals);
-  double largest = 0;
-  for (int i = 0; i < count; ++i) {
-    const double mean = sums.players[i].equity / n;
-    const double variance = std::max(0.0, sums.players[i].square / n - mean * mean);
-    largest = std::max(largest, 100.0 * std::sqrt(variance / (n - 1)));
-  }
-  return largest;
-}
-
 // Sums of place i belong to player order[i].
 void FillResult(const Sums& sums, const std::vector<int>& order, MultiwayResult& result) {
   const int count = static_cast<int>(result.players.size());
@@ -556,7 +409,6 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
   for (int p = 0; p < count; ++p) {
     Player& player = players[p];
     player.needed = ~uint64_t{0};
-    int64_t sum = 0;
     for (int number = 0; number < kHoldingCount; ++number) {
       const int weight = ranges[p].Weight(number);
       if (weight <= 0) continue;
@@ -565,18 +417,11 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
       if ((bits & knownBits) != 0) continue;
       player.holdings.push_back({bits, cards[0], cards[1], weight, number});
       player.needed &= bits;
-      sum += weight;
     }
     if (player.holdings.empty()) {
       result.error = "player " + std::to_string(p + 1) + " has no live holding";
       return result;
     }
-    player.uniform = std::all_of(player.holdings.begin(), player.holdings.end(), [&](const Holding& h) {
-      return h.weight == player.holdings.front().weight;
-    });
-    if (!player.uniform) BuildAliasTable(player, sum);
-    const int64_t left = kDeckSize - std::popcount(knownBits);
-    player.full = player.uniform && static_cast<int64_t>(player.holdings.size()) == left * (left - 1) / 2;
     needed |= player.needed;
     result.players[p].liveHoldings = static_cast<int>(player.holdings.size());
     product *= static_cast<double>(player.holdings.size());
@@ -675,45 +520,7 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
     return result;
   }
 
-  // Monte Carlo in rounds: every thread draws kRoundSamples, the rounds are added in thread order.
-  const auto start = std::chrono::steady_clock::now();
-  std::vector<uint64_t> generators(static_cast<std::size_t>(threads));
-  for (int t = 0; t < threads; ++t) {
-    uint64_t state = options.seed ^ (0xD1B54A32D192ED03ull * static_cast<uint64_t>(t + 1));
-    generators[t] = SplitMix(state);
-  }
-  Sums total;
-  for (;;) {
-    std::vector<Sums> roundSums(static_cast<std::size_t>(threads));
-    {
-      std::vector<std::jthread> workers;
-      for (int t = 0; t < threads; ++t) {
-        workers.emplace_back([&, t] {
-          SampleRound(players, boardBits, deadBits, coming, kRoundSamples, generators[t], roundSums[t]);
-        });
-      }
-    }
-    const uint64_t before = total.deals;
-    for (const Sums& sums : roundSums) total.Add(sums, count);
-    // A whole round of draws without one deal: the holdings all but always collide; sampling cannot answer.
-    if (total.deals == before) break;
-    result.standardError = LargestError(total, count);
-    if (callbacks.progress) callbacks.progress(total.deals, result.standardError);
-    if (total.deals >= kMinSamples && result.standardError <= options.targetError) break;
-    const double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    if (options.seconds > 0 && elapsed >= options.seconds) break;
-    if (cancelled()) {
-      result.cancelled = true;
-      break;
-    }
-  }
-  FillResult(total, order, result);
-  if (!result.cancelled && total.deals == 0) {
-    // A deal exists (checked above), but the weights make one so rare that a whole round drew none.
-    result.error =
-        "sampling found no deal: the players' holdings all but always share a card (an exact count "
-        "can answer)";
-  }
+  SampleMultiwayEquity(ranges, boardBits, deadBits, options, callbacks, threads, result);
   return result;
 }
 

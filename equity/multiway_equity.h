@@ -19,13 +19,15 @@
 //   is itself a live holding. When the last player has few holdings every deal is walked instead. Exact
 //   results do not depend on the number of threads: the boards are cut into fixed slices, each slice is
 //   counted on its own and the slices are added in their order.
-// - Monte Carlo: each sample draws each player's holding by weight, throws the deal away when two of them
-//   share a card, then deals the players who may hold any holding (equal weights) two cards each and the
-//   rest of the board from the cards left. The standard error of each player's
-//   equity is sd / sqrt(n); the run stops when the largest is at most the target, at the time limit, or when
-//   cancelled. Each thread draws from its own generator (seeded from the seed and the thread's number) in
-//   rounds of fixed size, so a given seed and thread count repeat the same samples (unless the time limit
-//   cuts a run short).
+// - Monte Carlo (multiway_sampling.h): each sample draws a deal of holdings by weight (a deal where two
+//   players share a card is thrown away) and values it on a few boards from the cards left; what it adds
+//   to each player is the player's expected pot share over every way of handing the same holdings to the
+//   players (from the permanents of the players' weights), averaged over those boards. Players of one
+//   range thus get equal equity, and when all share one range each has 1/n with no error at all. The
+//   standard error of each player's equity is that estimator's sd / sqrt(samples); the run stops when the
+//   largest is at most the target, at the time limit, or when cancelled. Each thread draws from its own
+//   generator (seeded from the seed and the thread's number) in rounds of fixed size, so a given seed and
+//   thread count repeat the same samples (unless the time limit cuts a run short).
 // - Automatic choice: exact when the cost estimate (boards x the product of the players' live holdings) is
 //   at most kMultiwayExactBudget, else Monte Carlo.
 #pragma once

@@ -358,6 +358,146 @@ TEST(MultiwayEquity, MonteCarloWithPlayersWhoMayHoldAnythingLiesWithinFourStanda
   }
 }
 
+// Monte Carlo on `threads` threads until the largest standard error is at most `targetError` points.
+MultiwayResult MultiwaySampledOn(const std::vector<WeightedHoldingSet>& ranges, const std::string& board,
+                                 double targetError, uint64_t seed, int threads) {
+  MultiwayOptions options;
+  options.method = MultiwayMethod::MonteCarlo;
+  options.targetError = targetError;
+  options.seed = seed;
+  options.threads = threads;
+  options.seconds = 0;
+  return MultiwayEquity(ranges, Cards(board), {}, options);
+}
+
+void ExpectSampledWithinFourStandardErrors(const std::vector<std::string>& texts, const std::string& board,
+                                           double targetError, uint64_t seed) {
+  const auto ranges = MultiwayRanges(texts);
+  const MultiwayResult exact = MultiwayExact(ranges, Cards(board));
+  const MultiwayResult sampled = MultiwaySampled(ranges, board, targetError, seed);
+  ASSERT_TRUE(exact.ok() && sampled.ok()) << exact.error << sampled.error;
+  EXPECT_FALSE(sampled.exact);
+  EXPECT_GT(sampled.standardError, 0.0);
+  EXPECT_LE(sampled.standardError, targetError);
+  for (std::size_t p = 0; p < texts.size(); ++p) {
+    EXPECT_NEAR(sampled.players[p].equity, exact.players[p].equity, 4 * sampled.standardError)
+        << texts[p] << " on '" << board << "'";
+  }
+}
+
+TEST(MultiwayEquity, MonteCarloWithTwoPlayersOfOneRangeLiesWithinFourStandardErrors) {
+  ExpectSampledWithinFourStandardErrors({"QQ+,AK,T9s", "QQ+,AK,T9s", "random:0.4,KQs"}, "Ts8h3s", 0.2, 3);
+}
+
+TEST(MultiwayEquity, MonteCarloWithRangesThatShareNoHoldingLiesWithinFourStandardErrors) {
+  // No holding is in two ranges: every player keeps its own share.
+  ExpectSampledWithinFourStandardErrors({"AA,KQs", "KK:0.3,T9s", "QQ,JJ:0.6,76s"}, "Td8h3s", 0.2, 4);
+}
+
+TEST(MultiwayEquity, MonteCarloWithEightAndTenPlayersLiesWithinFourStandardErrors) {
+  // Each player's range shares a holding with the next one's.
+  ExpectSampledWithinFourStandardErrors({"AhAd,KhKd", "KhKd,QhQd:0.5", "QhQd,JhJd", "JhJd,ThTd",
+                                         "ThTd,9h9d:0.3", "9h9d,8h8d", "8h8d,7h7d", "7h7d,AhAd,6c6s"},
+                                        "2c3s4cJs", 0.25, 5);
+  ExpectSampledWithinFourStandardErrors(
+      {"AhAd,KhKd", "KhKd,QhQd", "QhQd,JhJd:0.5", "JhJd,ThTd", "ThTd,9h9d", "9h9d,8h8d", "8h8d,7h7d:0.2",
+       "7h7d,6h6d", "6h6d,5h5d", "5h5d,AhAd,4c4s"},
+      "2c3s7c", 0.25, 6);
+}
+
+TEST(MultiwayEquity, MonteCarloGivesPlayersOfOneRangeEqualResults) {
+  // Players 1 and 3 hold one range, player 4 the same at half the weights (the same range in the same
+  // proportion); player 2 differs.
+  const auto ranges =
+      MultiwayRanges({"JJ+,AKs,KQ:0.5", "random", "JJ+,AKs,KQ:0.5", "JJ+:0.5,AKs:0.5,KQ:0.25"});
+  const MultiwayResult sampled = MultiwaySampled(ranges, "9c7d2h", 0.3, 9);
+  ASSERT_TRUE(sampled.ok()) << sampled.error;
+  for (const std::size_t p : {2u, 3u}) {
+    EXPECT_EQ(sampled.players[p].equity, sampled.players[0].equity) << p;
+    EXPECT_EQ(sampled.players[p].win, sampled.players[0].win) << p;
+    EXPECT_EQ(sampled.players[p].tie, sampled.players[0].tie) << p;
+  }
+  EXPECT_NE(sampled.players[1].equity, sampled.players[0].equity);
+}
+
+TEST(MultiwayEquity, MonteCarloGivesPlayersWhoAllHoldOneRangeTheirEqualShareWithNoError) {
+  for (const std::string text : {"random", "random:0.5,AA", "88+,A9s+,KTs+"}) {
+    const MultiwayResult sampled =
+        MultiwaySampled(std::vector<WeightedHoldingSet>(6, MultiwayRange(text)), "", 0.01, 2);
+    ASSERT_TRUE(sampled.ok()) << sampled.error;
+    EXPECT_LT(sampled.standardError, 1e-6) << text;
+    double win = 0;
+    double tie = 0;
+    for (const MultiwayPlayerResult& player : sampled.players) {
+      EXPECT_NEAR(player.equity, 100.0 / 6, 1e-9) << text;
+      EXPECT_EQ(player.win, sampled.players[0].win) << text;
+      EXPECT_EQ(player.tie, sampled.players[0].tie) << text;
+      win += player.win;
+      tie += player.tie;
+    }
+    // Win and tie are still estimates: every deal has one winner or a tie among two or more.
+    EXPECT_GT(win, 80.0) << text;
+    EXPECT_GT(tie, 0.0) << text;
+    EXPECT_NEAR(win + tie / 2, 100.0, 50.0) << text;
+  }
+}
+
+TEST(MultiwayEquity, MonteCarloStandardErrorsMatchTheSpreadOfManyRuns) {
+  // A hundred seeds of one small case, each stopped after its first round. The reported standard error is
+  // the largest of the players': for the player it belongs to, the spread of the estimates over the seeds
+  // (their root mean square distance from the exact value) matches the mean reported error, and no
+  // player's spread is larger. A standard error that left out part of the spread, or counted it twice,
+  // would be off by a factor near 1.4. The bounds are loose; the runs are the same on every machine.
+  if (kMultiwayUnderSanitizer) GTEST_SKIP() << "a hundred runs are too slow under the sanitizer";
+  const std::vector<std::vector<std::string>> cases = {
+      {"AA,KK:0.5,AKs", "QQ+,AJs:0.4,KQ", "JJ-99,AK:0.7"},  // ranges that share holdings, weighted
+      {"AA", "KK", "QQ"},                                   // ranges that share none
+  };
+  constexpr int kSeeds = 100;
+  for (const auto& texts : cases) {
+    const auto ranges = MultiwayRanges(texts);
+    const MultiwayResult exact = MultiwayExact(ranges, Cards("Ts8h3s"));
+    ASSERT_TRUE(exact.ok()) << exact.error;
+    std::vector<double> squares(texts.size());
+    double reported = 0;
+    int within = 0;
+    for (uint64_t seed = 1; seed <= kSeeds; ++seed) {
+      const MultiwayResult sampled = MultiwaySampledOn(ranges, "Ts8h3s", 5.0, seed, 1);
+      ASSERT_TRUE(sampled.ok()) << sampled.error;
+      reported += sampled.standardError / kSeeds;
+      for (std::size_t p = 0; p < texts.size(); ++p) {
+        const double distance = sampled.players[p].equity - exact.players[p].equity;
+        squares[p] += distance * distance / kSeeds;
+        within += std::abs(distance) <= 2 * sampled.standardError ? 1 : 0;
+      }
+    }
+    const double spread = std::sqrt(*std::max_element(squares.begin(), squares.end()));
+    EXPECT_GT(spread / reported, 0.75) << texts[0] << ": spread " << spread << ", reported " << reported;
+    EXPECT_LT(spread / reported, 1.3) << texts[0] << ": spread " << spread << ", reported " << reported;
+    // Within two standard errors about 95 times in 100 (more for the players whose error is smaller).
+    EXPECT_GE(within, kSeeds * static_cast<int>(texts.size()) * 88 / 100) << texts[0];
+  }
+}
+
+TEST(MultiwayEquity, MonteCarloRepeatsItselfForOneSeedAndThreadCount) {
+  const auto ranges = MultiwayRanges({"AA,KK:0.5,AKs", "random:0.3,QQ+", "JJ-99,AK:0.7", "random"});
+  for (const int threads : {1, 3}) {
+    const MultiwayResult first = MultiwaySampledOn(ranges, "Ts8h3s", 0.3, 21, threads);
+    const MultiwayResult again = MultiwaySampledOn(ranges, "Ts8h3s", 0.3, 21, threads);
+    ASSERT_TRUE(first.ok() && again.ok());
+    EXPECT_EQ(again.deals, first.deals);
+    EXPECT_EQ(again.standardError, first.standardError);
+    for (std::size_t p = 0; p < 4; ++p) {
+      EXPECT_EQ(again.players[p].equity, first.players[p].equity);
+      EXPECT_EQ(again.players[p].win, first.players[p].win);
+      EXPECT_EQ(again.players[p].tie, first.players[p].tie);
+    }
+    // Another seed draws other deals.
+    const MultiwayResult other = MultiwaySampledOn(ranges, "Ts8h3s", 0.3, 22, threads);
+    EXPECT_NE(other.players[0].equity, first.players[0].equity);
+  }
+}
+
 TEST(MultiwayEquity, HeadsUpEqualsTheRangeEquity) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"AA,KQs,T9s", "JJ+,AK,76s"}, {"random", "QQ"}, {"AhKh,22", "TT-88"}};
@@ -440,8 +580,10 @@ TEST(MultiwayEquity, CancelStopsTheCount) {
   MultiwayOptions options;
   options.method = MultiwayMethod::MonteCarlo;
   options.targetError = 0.0001;
+  // Not all of one range: three players of one range have equal equity with no error at all, and the run
+  // would end after its first round.
   const MultiwayResult result =
-      MultiwayEquity(MultiwayRanges({"random", "random", "random"}), {}, {}, options, callbacks);
+      MultiwayEquity(MultiwayRanges({"random", "random", "QQ+,AK"}), {}, {}, options, callbacks);
   EXPECT_TRUE(result.cancelled);
 }
 
