@@ -1,0 +1,310 @@
+#include "equity/multiway_three_way.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "equity/enumeration.h"
+#include "equity/standard_evaluator.h"
+
+namespace quillet {
+namespace {
+
+// A side with at most this many holdings is walked, not read from its per-card totals.
+constexpr int32_t kThreeWayWalkAtMost = 12;
+
+// The number of the holding of the cards at two different deck places.
+using ThreeWayNumberTable = std::array<std::array<int16_t, kDeckSize>, kDeckSize>;
+constexpr ThreeWayNumberTable kThreeWayNumbers = [] {
+  ThreeWayNumberTable table{};
+  for (int x = 0; x < kDeckSize; ++x) {
+    for (int y = 0; y < kDeckSize; ++y) {
+      table[x][y] = static_cast<int16_t>(x == y ? 0 : x > y ? x * (x - 1) / 2 + y : y * (y - 1) / 2 + x);
+    }
+  }
+  return table;
+}();
+
+// The other two players of player i, and the place of that pair among the pairs 01, 02, 12.
+constexpr std::array<std::array<int, 2>, 3> kThreeWayOthers = {{{1, 2}, {0, 2}, {0, 1}}};
+constexpr int ThreeWayPairOf(int i) {
+  return 2 - i;
+}
+
+// The value of a holding on a complete board whose rank state, suit counts and flush suit are read once.
+struct ThreeWayReader {
+  RankState state = StandardEvaluator::kNoRanks;
+  SuitCounts suits;
+  int32_t flushSuit = -1;
+
+  void Set(uint64_t boardBits) {
+    const StandardEvaluator& evaluator = StandardEvaluator::Get();
+    state = StandardEvaluator::kNoRanks;
+    suits = {};
+    for (uint64_t bits = boardBits; bits != 0; bits &= bits - 1) {
+      const Card card = DeckCard(std::countr_zero(bits));
+      state = evaluator.AddRank(state, card.rank);
+      suits.Add(card);
+    }
+    flushSuit = suits.FlushSuit();
+  }
+  HandValue Value(Card a, Card b) const {
+    const StandardEvaluator& evaluator = StandardEvaluator::Get();
+    if (flushSuit >= 0) {
+      const int32_t count = suits.counts[flushSuit] + (a.suit == flushSuit) + (b.suit == flushSuit);
+      if (count >= 5) return evaluator.FlushValue(suits.ranks[flushSuit] | SuitRanksOf(a, b, flushSuit));
+    }
+    return evaluator.RankValue(evaluator.AddRank(evaluator.AddRank(state, a.rank), b.rank));
+  }
+};
+
+}  // namespace
+
+void ThreeWayCounter::Side::Take(int32_t number, int32_t weight) {
+  const auto& places = HoldingPlaces()[static_cast<std::size_t>(number)];
+  total += weight;
+  ++count;
+  card[places[0]] += weight;
+  card[places[1]] += weight;
+  in[static_cast<std::size_t>(number)] = weight;
+  members.push_back(number);
+}
+
+void ThreeWayCounter::Side::Clear() {
+  const HoldingPlaceTable& places = HoldingPlaces();
+  for (const int32_t number : members) {
+    card[places[number][0]] = 0;
+    card[places[number][1]] = 0;
+    in[static_cast<std::size_t>(number)] = 0;
+  }
+  members.clear();
+  total = 0;
+  count = 0;
+}
+
+void ThreeWayCounter::Common::Take(int32_t number, int64_t product) {
+  const auto& places = HoldingPlaces()[static_cast<std::size_t>(number)];
+  total += product;
+  card[places[0]] += product;
+  card[places[1]] += product;
+  touched.push_back(places[0]);
+  touched.push_back(places[1]);
+}
+
+void ThreeWayCounter::Common::Clear() {
+  for (const uint8_t place : touched) card[place] = 0;
+  touched.clear();
+  total = 0;
+}
+
+ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3> players) {
+  // A holding that shares a card every holding of another player holds is never dealt: left out.
+  std::array<uint64_t, 3> needed{};
+  for (int p = 0; p < 3; ++p) {
+    needed[p] = ~uint64_t{0};
+    for (const ThreeWayHolding& h : players[p]) {
+      const auto cards = CardsOfHolding(h.number);
+      needed[p] &= DeckBits(cards[0], cards[1]);
+    }
+  }
+  std::array<std::array<int32_t, 3>, kHoldingCount> weights{};
+  std::array<std::vector<ThreeWayHolding>, 3> kept;
+  for (int p = 0; p < 3; ++p) {
+    const uint64_t othersNeed = needed[kThreeWayOthers[p][0]] | needed[kThreeWayOthers[p][1]];
+    for (const ThreeWayHolding& h : players[p]) {
+      const auto cards = CardsOfHolding(h.number);
+      if ((DeckBits(cards[0], cards[1]) & othersNeed) != 0) continue;
+      weights[static_cast<std::size_t>(h.number)][p] = h.weight;
+      kept[p].push_back(h);
+      whole_ = whole_ && h.weight == kFullWeight;
+    }
+  }
+  for (int number = 0; number < kHoldingCount; ++number) {
+    const auto& w = weights[static_cast<std::size_t>(number)];
+    if (w[0] == 0 && w[1] == 0 && w[2] == 0) continue;
+    const auto cards = CardsOfHolding(number);
+    entries_.push_back({DeckBits(cards[0], cards[1]), cards[0], cards[1], number, w});
+  }
+  for (int p = 0; p < 3; ++p) {
+    representative_[p] = p;
+    for (int q = 0; q < p; ++q) {
+      if (representative_[q] == q && std::ranges::equal(kept[p], kept[q], [](const auto& x, const auto& y) {
+            return x.number == y.number && x.weight == y.weight;
+          })) {
+        representative_[p] = q;
+        break;
+      }
+    }
+  }
+  order_.reserve(entries_.size());
+  lower_.reserve(entries_.size());
+  for (int p = 0; p < 3; ++p) {
+    below_[p].members.reserve(entries_.size());
+    group_[p].members.reserve(entries_.size());
+    belowBoth_[p].touched.reserve(2 * entries_.size());
+    groupBoth_[p].touched.reserve(2 * entries_.size());
+  }
+}
+
+int64_t ThreeWayCounter::WalkPairs(const Side& small, const Side& other, int c1, int c2) {
+  const HoldingPlaceTable& places = HoldingPlaces();
+  const auto& row1 = kThreeWayNumbers[static_cast<std::size_t>(c1)];
+  const auto& row2 = kThreeWayNumbers[static_cast<std::size_t>(c2)];
+  const int64_t base = other.total - other.card[c1] - other.card[c2] + other.in[row1[c2]];
+  int64_t sum = 0;
+  for (const int32_t number : small.members) {
+    const int a1 = places[number][0];
+    const int a2 = places[number][1];
+    if (a1 == c1 || a1 == c2 || a2 == c1 || a2 == c2) continue;
+    // Inclusion and exclusion over the four cards: a holding of two of them was taken away twice.
+    const int64_t free = base - other.card[a1] - other.card[a2] + other.in[number] + other.in[row1[a1]] +
+                         other.in[row1[a2]] + other.in[row2[a1]] + other.in[row2[a2]];
+    sum += int64_t{small.in[number]} * free;
+  }
+  return sum;
+}
+
+int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common& both, int c1, int c2) {
+  if (x.count == 0 || y.count == 0) return 0;
+  if (x.count <= kThreeWayWalkAtMost && x.count <= y.count) return WalkPairs(x, y, c1, c2);
+  if (y.count <= kThreeWayWalkAtMost) return WalkPairs(y, x, c1, c2);
+  const auto& row1 = kThreeWayNumbers[static_cast<std::size_t>(c1)];
+  const auto& row2 = kThreeWayNumbers[static_cast<std::size_t>(c2)];
+  const int h = row1[c2];
+  const int64_t xFree = x.total - x.card[c1] - x.card[c2] + x.in[h];
+  const int64_t yFree = y.total - y.card[c1] - y.card[c2] + y.in[h];
+  // Pairs sharing a card c: the weight of x's free holdings with c times y's.
+  int64_t shared = 0;
+  for (int c = 0; c < kDeckSize; ++c) {
+    if (c == c1 || c == c2) continue;
+    const int64_t xc = x.card[c] - x.in[row1[c]] - x.in[row2[c]];
+    const int64_t yc = y.card[c] - y.in[row1[c]] - y.in[row2[c]];
+    shared += xc * yc;
+  }
+  // A pair of one holding twice shares two cards: taken away twice above, given back once.
+  const int64_t same = both.total - both.card[c1] - both.card[c2] + int64_t{x.in[h]} * y.in[h];
+  return xFree * yFree - shared + same;
+}
+
+void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
+  sums = {};
+  ThreeWayReader reader;
+  reader.Set(boardBits);
+  order_.clear();
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const Entry& e = entries_[i];
+    if ((e.bits & boardBits) == 0) order_.push_back(uint64_t{reader.Value(e.a, e.b)} << 11 | i);
+  }
+  std::sort(order_.begin(), order_.end());
+  const std::size_t live = order_.size();
+  const HoldingPlaceTable& places = HoldingPlaces();
+  for (std::size_t g0 = 0; g0 < live;) {
+    const uint64_t value = order_[g0] >> 11;
+    std::size_t g1 = g0 + 1;
+    while (g1 < live && order_[g1] >> 11 == value) ++g1;
+    const auto entryAt = [&](std::size_t place) -> const Entry& { return entries_[order_[place] & 0x7FF]; };
+    for (std::size_t g = g0; g < g1; ++g) {
+      const Entry& e = entryAt(g);
+      for (int p = 0; p < 3; ++p) {
+        if (e.weight[p] > 0) group_[p].Take(e.number, e.weight[p]);
+      }
+      for (int i = 0; i < 3; ++i) {
+        const int j = kThreeWayOthers[i][0];
+        const int k = kThreeWayOthers[i][1];
+        if (e.weight[j] > 0 && e.weight[k] > 0)
+          groupBoth_[ThreeWayPairOf(i)].Take(e.number, int64_t{e.weight[j]} * e.weight[k]);
+      }
+    }
+    // The pairs of the other two below each holding of the group, before the group joins them.
+    lower_.resize(g1 - g0);
+    for (std::size_t g = g0; g < g1; ++g) {
+      const Entry& e = entryAt(g);
+      const auto& cards = places[e.number];
+      for (int i = 0; i < 3; ++i) {
+        if (representative_[i] != i || e.weight[i] == 0) continue;
+        const int j = kThreeWayOthers[i][0];
+        const int k = kThreeWayOthers[i][1];
+        lower_[g - g0][i] = Pairs(below_[j], below_[k], belowBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
+      }
+    }
+    for (std::size_t g = g0; g < g1; ++g) {
+      const Entry& e = entryAt(g);
+      for (int p = 0; p < 3; ++p) {
+        if (e.weight[p] > 0) below_[p].Take(e.number, e.weight[p]);
+      }
+      for (int i = 0; i < 3; ++i) {
+        const int j = kThreeWayOthers[i][0];
+        const int k = kThreeWayOthers[i][1];
+        if (e.weight[j] > 0 && e.weight[k] > 0)
+          belowBoth_[ThreeWayPairOf(i)].Take(e.number, int64_t{e.weight[j]} * e.weight[k]);
+      }
+    }
+    for (std::size_t g = g0; g < g1; ++g) {
+      const Entry& e = entryAt(g);
+      const auto& cards = places[e.number];
+      for (int i = 0; i < 3; ++i) {
+        if (representative_[i] != i || e.weight[i] == 0) continue;
+        const int j = kThreeWayOthers[i][0];
+        const int k = kThreeWayOthers[i][1];
+        const int64_t lower = lower_[g - g0][i];
+        const int64_t atMost = Pairs(below_[j], below_[k], belowBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
+        const int64_t equal = Pairs(group_[j], group_[k], groupBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
+        // Both below: won alone; one below and one equal: a pot in two; both equal: in three.
+        const int64_t tied = atMost - lower;
+        const double weight = e.weight[i];
+        const double won = weight * static_cast<double>(lower);
+        const double tie = weight * static_cast<double>(tied);
+        const double pots = weight * (static_cast<double>(lower) + static_cast<double>(tied) / 2.0 -
+                                      static_cast<double>(equal) / 6.0);
+        for (int p = i; p < 3; ++p) {
+          if (representative_[p] != i) continue;
+          sums.equity[p] += pots;
+          sums.win[p] += won;
+          sums.tie[p] += tie;
+        }
+      }
+    }
+    for (int p = 0; p < 3; ++p) {
+      group_[p].Clear();
+      groupBoth_[p].Clear();
+    }
+    g0 = g1;
+  }
+  // Every deal: each holding of the first player against the pairs of the other two.
+  int64_t weight = 0;
+  for (std::size_t place = 0; place < live; ++place) {
+    const Entry& e = entries_[order_[place] & 0x7FF];
+    if (e.weight[0] == 0) continue;
+    const auto& cards = places[e.number];
+    weight +=
+        int64_t{e.weight[0]} * Pairs(below_[1], below_[2], belowBoth_[ThreeWayPairOf(0)], cards[0], cards[1]);
+  }
+  sums.weight = static_cast<double>(weight);
+  if (whole_) {
+    sums.deals = static_cast<uint64_t>(weight / (int64_t{kFullWeight} * kFullWeight * kFullWeight));
+  } else {
+    // The same count at weight 1 each.
+    for (std::size_t place = 0; place < live; ++place) {
+      const Entry& e = entries_[order_[place] & 0x7FF];
+      if (e.weight[1] > 0) group_[1].Take(e.number, 1);
+      if (e.weight[2] > 0) group_[2].Take(e.number, 1);
+      if (e.weight[1] > 0 && e.weight[2] > 0) groupBoth_[ThreeWayPairOf(0)].Take(e.number, 1);
+    }
+    int64_t deals = 0;
+    for (std::size_t place = 0; place < live; ++place) {
+      const Entry& e = entries_[order_[place] & 0x7FF];
+      if (e.weight[0] == 0) continue;
+      const auto& cards = places[e.number];
+      deals += Pairs(group_[1], group_[2], groupBoth_[ThreeWayPairOf(0)], cards[0], cards[1]);
+    }
+    sums.deals = static_cast<uint64_t>(deals);
+    group_[1].Clear();
+    group_[2].Clear();
+    groupBoth_[ThreeWayPairOf(0)].Clear();
+  }
+  for (int p = 0; p < 3; ++p) {
+    below_[p].Clear();
+    belowBoth_[p].Clear();
+  }
+}
+
+}  // namespace quillet

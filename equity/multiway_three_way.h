@@ -1,0 +1,98 @@
+// Three players' showdowns on one complete board, counted without walking pairs of holdings.
+//
+// On a board every live holding has one value. For player i's holding h of value v the other two players
+// j and k hold pairs (a, b) of holdings that share no card with h nor with each other; player i wins alone
+// when both are worth less than v, ties two ways when one is worth less and one the same, three ways when
+// both are worth the same. For sets A (of j) and B (of k), the weighted count of such pairs is
+//   |A'| |B'| - sum over cards c of A'_c B'_c + sum over holdings x in both of w_A(x) w_B(x)
+// where A' is A less its holdings that share a card with h, A'_c the weight of A' holding card c, and the
+// last sum also runs over the holdings free of h only. Each is read from running totals (per player: all,
+// per card, per holding) kept while the holdings of all three players are swept in value order, a group
+// of equal value at a time: the totals before a group give the pairs below v, after it the pairs at most
+// v, and the group's own totals the pairs equal to v. A side with few holdings is walked instead (each of
+// its holdings against the other side's totals less the holdings sharing one of four cards).
+//
+// Players with the same weighted set share the work: the counts of one are those of the other.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "cards/card.h"
+#include "cards/holding.h"
+#include "equity/hand_evaluator.h"
+
+namespace quillet {
+
+// A holding with its weight (thousandths) for one player.
+struct ThreeWayHolding {
+  int32_t number = 0;  // cards/holding.h's number
+  int32_t weight = 0;  // thousandths, above 0
+};
+
+// What one board gives: per player, pots won (ties split), deals won alone and deals tied, all weighted
+// by the product of the three holdings' weights in thousandths (so a deal of whole holdings counts 1e9);
+// `weight` is the sum of every deal's weight and `deals` the number of deals.
+struct ThreeWayBoardSums {
+  std::array<double, 3> equity{};
+  std::array<double, 3> win{};
+  std::array<double, 3> tie{};
+  double weight = 0;
+  uint64_t deals = 0;
+};
+
+class ThreeWayCounter {
+ public:
+  // Each player's live holdings (none holding a board or dead card), every weight above 0.
+  explicit ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3> players);
+
+  // Counts the deals on the complete board `boardBits` (deck bits of its five cards); the sums are
+  // replaced, not added to.
+  void CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums);
+
+ private:
+  // The running totals of one player's holdings taken so far.
+  struct Side {
+    int64_t total = 0;
+    int32_t count = 0;
+    std::array<int64_t, kDeckSize> card{};
+    std::array<int32_t, kHoldingCount> in{};  // the weight of a holding taken, else 0
+    std::vector<int32_t> members;             // the holdings taken
+    void Take(int32_t number, int32_t weight);
+    void Clear();
+  };
+  // What two players' totals hold in common: the products of the weights of the holdings both have taken.
+  struct Common {
+    int64_t total = 0;
+    std::array<int64_t, kDeckSize> card{};
+    std::vector<uint8_t> touched;
+    void Take(int32_t number, int64_t product);
+    void Clear();
+  };
+  struct Entry {
+    uint64_t bits;
+    Card a;
+    Card b;
+    int32_t number;
+    std::array<int32_t, 3> weight;
+  };
+
+  // The weighted count of pairs (a of `x`, b of `y`), a and b sharing no card with each other nor with
+  // the holding of cards c1 and c2 (deck places).
+  static int64_t Pairs(const Side& x, const Side& y, const Common& both, int c1, int c2);
+  static int64_t WalkPairs(const Side& small, const Side& other, int c1, int c2);
+
+  std::vector<Entry> entries_;           // the union of the players' holdings
+  std::array<int, 3> representative_{};  // the first player with the same set
+  bool whole_ = true;                    // every weight whole: the deals are the weight / 1e9
+  std::vector<uint64_t> order_;          // value << 11 | entry, this board's live entries
+  std::array<Side, 3> below_;            // the holdings worth less than the group swept
+  std::array<Side, 3> group_;            // the holdings of the group swept
+  std::array<Common, 3> belowBoth_;      // [pair of players: 01, 02, 12]
+  std::array<Common, 3> groupBoth_;
+  std::vector<std::array<int64_t, 3>> lower_;  // per group entry and player: the pairs below
+};
+
+}  // namespace quillet
