@@ -136,7 +136,6 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
     }
   }
   order_.reserve(entries_.size());
-  lower_.reserve(entries_.size());
   for (int p = 0; p < 3; ++p) {
     below_[p].members.reserve(entries_.size());
     group_[p].members.reserve(entries_.size());
@@ -214,8 +213,9 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
           groupBoth_[ThreeWayPairOf(i)].Take(e.number, int64_t{e.weight[j]} * e.weight[k]);
       }
     }
-    // The pairs of the other two below each holding of the group, before the group joins them.
-    lower_.resize(g1 - g0);
+    // Each holding of the group against the pairs of the other two: both below (the totals before the
+    // group joins them), one below and one of the group (no holding is in both: the same-holding term is
+    // 0), both of the group.
     for (std::size_t g = g0; g < g1; ++g) {
       const Entry& e = entryAt(g);
       const auto& cards = places[e.number];
@@ -223,7 +223,22 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
         if (representative_[i] != i || e.weight[i] == 0) continue;
         const int j = kThreeWayOthers[i][0];
         const int k = kThreeWayOthers[i][1];
-        lower_[g - g0][i] = Pairs(below_[j], below_[k], belowBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
+        const int64_t lower = Pairs(below_[j], below_[k], belowBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
+        const int64_t mixed = Pairs(below_[j], group_[k], none_, cards[0], cards[1]) +
+                              Pairs(group_[j], below_[k], none_, cards[0], cards[1]);
+        const int64_t equal = Pairs(group_[j], group_[k], groupBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
+        // Both below: won alone; one below and one equal: a pot in two; both equal: in three.
+        const double weight = e.weight[i];
+        const double won = weight * static_cast<double>(lower);
+        const double tie = weight * static_cast<double>(mixed + equal);
+        const double pots = weight * (static_cast<double>(lower) + static_cast<double>(mixed) / 2.0 +
+                                      static_cast<double>(equal) / 3.0);
+        for (int p = i; p < 3; ++p) {
+          if (representative_[p] != i) continue;
+          sums.equity[p] += pots;
+          sums.win[p] += won;
+          sums.tie[p] += tie;
+        }
       }
     }
     for (std::size_t g = g0; g < g1; ++g) {
@@ -236,31 +251,6 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
         const int k = kThreeWayOthers[i][1];
         if (e.weight[j] > 0 && e.weight[k] > 0)
           belowBoth_[ThreeWayPairOf(i)].Take(e.number, int64_t{e.weight[j]} * e.weight[k]);
-      }
-    }
-    for (std::size_t g = g0; g < g1; ++g) {
-      const Entry& e = entryAt(g);
-      const auto& cards = places[e.number];
-      for (int i = 0; i < 3; ++i) {
-        if (representative_[i] != i || e.weight[i] == 0) continue;
-        const int j = kThreeWayOthers[i][0];
-        const int k = kThreeWayOthers[i][1];
-        const int64_t lower = lower_[g - g0][i];
-        const int64_t atMost = Pairs(below_[j], below_[k], belowBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
-        const int64_t equal = Pairs(group_[j], group_[k], groupBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
-        // Both below: won alone; one below and one equal: a pot in two; both equal: in three.
-        const int64_t tied = atMost - lower;
-        const double weight = e.weight[i];
-        const double won = weight * static_cast<double>(lower);
-        const double tie = weight * static_cast<double>(tied);
-        const double pots = weight * (static_cast<double>(lower) + static_cast<double>(tied) / 2.0 -
-                                      static_cast<double>(equal) / 6.0);
-        for (int p = i; p < 3; ++p) {
-          if (representative_[p] != i) continue;
-          sums.equity[p] += pots;
-          sums.win[p] += won;
-          sums.tie[p] += tie;
-        }
       }
     }
     for (int p = 0; p < 3; ++p) {

@@ -8,9 +8,10 @@
 // where A' is A less its holdings that share a card with h, A'_c the weight of A' holding card c, and the
 // last sum also runs over the holdings free of h only. Each is read from running totals (per player: all,
 // per card, per holding) kept while the holdings of all three players are swept in value order, a group
-// of equal value at a time: the totals before a group give the pairs below v, after it the pairs at most
-// v, and the group's own totals the pairs equal to v. A side with few holdings is walked instead (each of
-// its holdings against the other side's totals less the holdings sharing one of four cards).
+// of equal value at a time: the totals before a group give the pairs below v, the group's own totals the
+// pairs equal to v, and the two together the pairs of one below and one equal. A side with few holdings is
+// walked instead (each of its holdings against the other side's totals less the holdings sharing one of four
+// cards).
 //
 // Players with the same weighted set share the work: the counts of one are those of the other.
 #pragma once
@@ -92,7 +93,7 @@ class ThreeWayCounter {
   std::array<Side, 3> group_;            // the holdings of the group swept
   std::array<Common, 3> belowBoth_;      // [pair of players: 01, 02, 12]
   std::array<Common, 3> groupBoth_;
-  std::vector<std::array<int64_t, 3>> lower_;  // per group entry and player: the pairs below
+  Common none_;  // nothing in common
 };
 
 }  // namespace quillet
