@@ -59,16 +59,6 @@ struct ThreeWayReader {
 
 }  // namespace
 
-void ThreeWayCounter::Side::Take(int32_t number, int32_t weight) {
-  const auto& places = HoldingPlaces()[static_cast<std::size_t>(number)];
-  total += weight;
-  ++count;
-  card[places[0]] += weight;
-  card[places[1]] += weight;
-  in[static_cast<std::size_t>(number)] = weight;
-  members.push_back(number);
-}
-
 void ThreeWayCounter::Side::Clear() {
   const HoldingPlaceTable& places = HoldingPlaces();
   for (const int32_t number : members) {
@@ -79,15 +69,6 @@ void ThreeWayCounter::Side::Clear() {
   members.clear();
   total = 0;
   count = 0;
-}
-
-void ThreeWayCounter::Common::Take(int32_t number, int64_t product) {
-  const auto& places = HoldingPlaces()[static_cast<std::size_t>(number)];
-  total += product;
-  card[places[0]] += product;
-  card[places[1]] += product;
-  touched.push_back(places[0]);
-  touched.push_back(places[1]);
 }
 
 void ThreeWayCounter::Common::Clear() {
@@ -122,8 +103,23 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
     const auto& w = weights[static_cast<std::size_t>(number)];
     if (w[0] == 0 && w[1] == 0 && w[2] == 0) continue;
     const auto cards = CardsOfHolding(number);
-    entries_.push_back({DeckBits(cards[0], cards[1]), cards[0], cards[1], number, w});
+    const auto& places = HoldingPlaces()[static_cast<std::size_t>(number)];
+    const auto index = static_cast<int32_t>(entries_.size());
+    entries_.push_back({DeckBits(cards[0], cards[1]), cards[0], cards[1], number, places[0], places[1], w});
+    const int32_t high = std::max(cards[0].rank, cards[1].rank);
+    const int32_t low = std::min(cards[0].rank, cards[1].rank);
+    auto slot = std::find_if(slots_.begin(), slots_.end(),
+                             [&](const RankSlot& s) { return s.high == high && s.low == low; });
+    if (slot == slots_.end()) slot = slots_.insert(slots_.end(), {high, low, {}});
+    slot->entries.push_back(index);
+    for (int suit = 0; suit < 4; ++suit) {
+      if (cards[0].suit == suit && cards[1].suit == suit) suited_[suit].push_back(index);
+      if (cards[0].suit == suit || cards[1].suit == suit) ofSuit_[suit].push_back(index);
+    }
   }
+  flushMark_.assign(entries_.size(), 0);
+  slotOrder_.reserve(slots_.size());
+  flushOrder_.reserve(entries_.size());
   for (int p = 0; p < 3; ++p) {
     representative_[p] = p;
     for (int q = 0; q < p; ++q) {
@@ -135,6 +131,7 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
       }
     }
   }
+  for (int i = 0; i < 3; ++i) pairUsed_[ThreeWayPairOf(i)] = representative_[i] == i;
   order_.reserve(entries_.size());
   for (int p = 0; p < 3; ++p) {
     below_[p].members.reserve(entries_.size());
@@ -184,49 +181,100 @@ int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common& both,
   return xFree * yFree - shared + same;
 }
 
-void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
-  sums = {};
+void ThreeWayCounter::Order(uint64_t boardBits) {
   ThreeWayReader reader;
   reader.Set(boardBits);
-  order_.clear();
-  for (std::size_t i = 0; i < entries_.size(); ++i) {
-    const Entry& e = entries_[i];
-    if ((e.bits & boardBits) == 0) order_.push_back(uint64_t{reader.Value(e.a, e.b)} << 11 | i);
+  const StandardEvaluator& evaluator = StandardEvaluator::Get();
+  ++boardMark_;
+  // The holdings that make a flush have values of their own; every other holding is worth what its
+  // pair of ranks is worth on this board.
+  flushOrder_.clear();
+  const int32_t suit = reader.flushSuit;
+  if (suit >= 0) {
+    const int32_t onBoard = reader.suits.counts[suit];
+    const std::vector<int32_t>* candidates = onBoard == 3 ? &suited_[suit] : &ofSuit_[suit];
+    if (onBoard == 5) candidates = nullptr;  // every holding
+    const auto consider = [&](int32_t index) {
+      const Entry& e = entries_[static_cast<std::size_t>(index)];
+      if ((e.bits & boardBits) != 0) return;
+      if (onBoard + (e.a.suit == suit) + (e.b.suit == suit) < 5) return;
+      const HandValue value = evaluator.FlushValue(reader.suits.ranks[suit] | SuitRanksOf(e.a, e.b, suit));
+      flushOrder_.push_back(uint64_t{value} << 11 | static_cast<uint64_t>(index));
+      flushMark_[static_cast<std::size_t>(index)] = boardMark_;
+    };
+    if (candidates != nullptr) {
+      for (const int32_t index : *candidates) consider(index);
+    } else {
+      for (std::size_t index = 0; index < entries_.size(); ++index) consider(static_cast<int32_t>(index));
+    }
+    std::sort(flushOrder_.begin(), flushOrder_.end());
   }
-  std::sort(order_.begin(), order_.end());
+  slotOrder_.clear();
+  for (std::size_t s = 0; s < slots_.size(); ++s) {
+    const HandValue value = evaluator.RankValue(
+        evaluator.AddRank(evaluator.AddRank(reader.state, slots_[s].high), slots_[s].low));
+    slotOrder_.push_back(uint64_t{value} << 8 | s);
+  }
+  std::sort(slotOrder_.begin(), slotOrder_.end());
+  order_.clear();
+  std::size_t flush = 0;
+  for (const uint64_t key : slotOrder_) {
+    const uint64_t value = key >> 8;
+    while (flush < flushOrder_.size() && flushOrder_[flush] >> 11 < value)
+      order_.push_back(flushOrder_[flush++]);
+    for (const int32_t index : slots_[key & 0xFF].entries) {
+      const Entry& e = entries_[static_cast<std::size_t>(index)];
+      if ((e.bits & boardBits) != 0 || flushMark_[static_cast<std::size_t>(index)] == boardMark_) continue;
+      order_.push_back(value << 11 | static_cast<uint64_t>(index));
+    }
+  }
+  while (flush < flushOrder_.size()) order_.push_back(flushOrder_[flush++]);
+}
+
+void ThreeWayCounter::Take(const Entry& e, std::array<Side, 3>& sides, std::array<Common, 3>& both) const {
+  for (int p = 0; p < 3; ++p) {
+    if (representative_[p] == p && e.weight[p] > 0) sides[p].Take(e.number, e.place1, e.place2, e.weight[p]);
+  }
+  for (int i = 0; i < 3; ++i) {
+    const int j = kThreeWayOthers[i][0];
+    const int k = kThreeWayOthers[i][1];
+    if (pairUsed_[ThreeWayPairOf(i)] && e.weight[j] > 0 && e.weight[k] > 0)
+      both[ThreeWayPairOf(i)].Take(e.place1, e.place2, int64_t{e.weight[j]} * e.weight[k]);
+  }
+}
+
+void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
+  sums = {};
+  Order(boardBits);
   const std::size_t live = order_.size();
-  const HoldingPlaceTable& places = HoldingPlaces();
+  // A player's running totals are its representative's.
+  const auto sideOf = [&](const std::array<Side, 3>& sides, int p) -> const Side& {
+    return sides[static_cast<std::size_t>(representative_[p])];
+  };
   for (std::size_t g0 = 0; g0 < live;) {
     const uint64_t value = order_[g0] >> 11;
     std::size_t g1 = g0 + 1;
     while (g1 < live && order_[g1] >> 11 == value) ++g1;
     const auto entryAt = [&](std::size_t place) -> const Entry& { return entries_[order_[place] & 0x7FF]; };
-    for (std::size_t g = g0; g < g1; ++g) {
-      const Entry& e = entryAt(g);
-      for (int p = 0; p < 3; ++p) {
-        if (e.weight[p] > 0) group_[p].Take(e.number, e.weight[p]);
-      }
-      for (int i = 0; i < 3; ++i) {
-        const int j = kThreeWayOthers[i][0];
-        const int k = kThreeWayOthers[i][1];
-        if (e.weight[j] > 0 && e.weight[k] > 0)
-          groupBoth_[ThreeWayPairOf(i)].Take(e.number, int64_t{e.weight[j]} * e.weight[k]);
-      }
-    }
+    for (std::size_t g = g0; g < g1; ++g) Take(entryAt(g), group_, groupBoth_);
     // Each holding of the group against the pairs of the other two: both below (the totals before the
     // group joins them), one below and one of the group (no holding is in both: the same-holding term is
     // 0), both of the group.
     for (std::size_t g = g0; g < g1; ++g) {
       const Entry& e = entryAt(g);
-      const auto& cards = places[e.number];
+      const int c1 = e.place1;
+      const int c2 = e.place2;
       for (int i = 0; i < 3; ++i) {
         if (representative_[i] != i || e.weight[i] == 0) continue;
         const int j = kThreeWayOthers[i][0];
         const int k = kThreeWayOthers[i][1];
-        const int64_t lower = Pairs(below_[j], below_[k], belowBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
-        const int64_t mixed = Pairs(below_[j], group_[k], none_, cards[0], cards[1]) +
-                              Pairs(group_[j], below_[k], none_, cards[0], cards[1]);
-        const int64_t equal = Pairs(group_[j], group_[k], groupBoth_[ThreeWayPairOf(i)], cards[0], cards[1]);
+        const Side& belowJ = sideOf(below_, j);
+        const Side& belowK = sideOf(below_, k);
+        const Side& groupJ = sideOf(group_, j);
+        const Side& groupK = sideOf(group_, k);
+        const int64_t lower = Pairs(belowJ, belowK, belowBoth_[ThreeWayPairOf(i)], c1, c2);
+        const int64_t mixed = Pairs(belowJ, groupK, none_, c1, c2) + Pairs(groupJ, belowK, none_, c1, c2);
+        const int64_t equal = Pairs(groupJ, groupK, groupBoth_[ThreeWayPairOf(i)], c1, c2);
         // Both below: won alone; one below and one equal: a pot in two; both equal: in three.
         const double weight = e.weight[i];
         const double won = weight * static_cast<double>(lower);
@@ -241,18 +289,7 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
         }
       }
     }
-    for (std::size_t g = g0; g < g1; ++g) {
-      const Entry& e = entryAt(g);
-      for (int p = 0; p < 3; ++p) {
-        if (e.weight[p] > 0) below_[p].Take(e.number, e.weight[p]);
-      }
-      for (int i = 0; i < 3; ++i) {
-        const int j = kThreeWayOthers[i][0];
-        const int k = kThreeWayOthers[i][1];
-        if (e.weight[j] > 0 && e.weight[k] > 0)
-          belowBoth_[ThreeWayPairOf(i)].Take(e.number, int64_t{e.weight[j]} * e.weight[k]);
-      }
-    }
+    for (std::size_t g = g0; g < g1; ++g) Take(entryAt(g), below_, belowBoth_);
     for (int p = 0; p < 3; ++p) {
       group_[p].Clear();
       groupBoth_[p].Clear();
@@ -264,9 +301,8 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
   for (std::size_t place = 0; place < live; ++place) {
     const Entry& e = entries_[order_[place] & 0x7FF];
     if (e.weight[0] == 0) continue;
-    const auto& cards = places[e.number];
-    weight +=
-        int64_t{e.weight[0]} * Pairs(below_[1], below_[2], belowBoth_[ThreeWayPairOf(0)], cards[0], cards[1]);
+    weight += int64_t{e.weight[0]} *
+              Pairs(sideOf(below_, 1), sideOf(below_, 2), belowBoth_[ThreeWayPairOf(0)], e.place1, e.place2);
   }
   sums.weight = static_cast<double>(weight);
   if (whole_) {
@@ -275,16 +311,15 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
     // The same count at weight 1 each.
     for (std::size_t place = 0; place < live; ++place) {
       const Entry& e = entries_[order_[place] & 0x7FF];
-      if (e.weight[1] > 0) group_[1].Take(e.number, 1);
-      if (e.weight[2] > 0) group_[2].Take(e.number, 1);
-      if (e.weight[1] > 0 && e.weight[2] > 0) groupBoth_[ThreeWayPairOf(0)].Take(e.number, 1);
+      if (e.weight[1] > 0) group_[1].Take(e.number, e.place1, e.place2, 1);
+      if (e.weight[2] > 0) group_[2].Take(e.number, e.place1, e.place2, 1);
+      if (e.weight[1] > 0 && e.weight[2] > 0) groupBoth_[ThreeWayPairOf(0)].Take(e.place1, e.place2, 1);
     }
     int64_t deals = 0;
     for (std::size_t place = 0; place < live; ++place) {
       const Entry& e = entries_[order_[place] & 0x7FF];
       if (e.weight[0] == 0) continue;
-      const auto& cards = places[e.number];
-      deals += Pairs(group_[1], group_[2], groupBoth_[ThreeWayPairOf(0)], cards[0], cards[1]);
+      deals += Pairs(group_[1], group_[2], groupBoth_[ThreeWayPairOf(0)], e.place1, e.place2);
     }
     sums.deals = static_cast<uint64_t>(deals);
     group_[1].Clear();

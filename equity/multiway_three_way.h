@@ -61,7 +61,14 @@ class ThreeWayCounter {
     std::array<int64_t, kDeckSize> card{};
     std::array<int32_t, kHoldingCount> in{};  // the weight of a holding taken, else 0
     std::vector<int32_t> members;             // the holdings taken
-    void Take(int32_t number, int32_t weight);
+    void Take(int32_t number, int c1, int c2, int32_t weight) {
+      total += weight;
+      ++count;
+      card[c1] += weight;
+      card[c2] += weight;
+      in[static_cast<std::size_t>(number)] = weight;
+      members.push_back(number);
+    }
     void Clear();
   };
   // What two players' totals hold in common: the products of the weights of the holdings both have taken.
@@ -69,7 +76,13 @@ class ThreeWayCounter {
     int64_t total = 0;
     std::array<int64_t, kDeckSize> card{};
     std::vector<uint8_t> touched;
-    void Take(int32_t number, int64_t product);
+    void Take(int c1, int c2, int64_t product) {
+      total += product;
+      card[c1] += product;
+      card[c2] += product;
+      touched.push_back(static_cast<uint8_t>(c1));
+      touched.push_back(static_cast<uint8_t>(c2));
+    }
     void Clear();
   };
   struct Entry {
@@ -77,8 +90,22 @@ class ThreeWayCounter {
     Card a;
     Card b;
     int32_t number;
+    uint8_t place1;  // deck places of the two cards
+    uint8_t place2;
     std::array<int32_t, 3> weight;
   };
+  // The entries of one pair of ranks (high, low): without a flush they are worth the same on any board.
+  struct RankSlot {
+    int32_t high;
+    int32_t low;
+    std::vector<int32_t> entries;
+  };
+
+  // This board's live entries as value << 11 | entry, in rising value.
+  void Order(uint64_t boardBits);
+  // Takes the entry into the running totals of `sides` and `both` (the representatives' sides, the pairs
+  // in use).
+  void Take(const Entry& e, std::array<Side, 3>& sides, std::array<Common, 3>& both) const;
 
   // The weighted count of pairs (a of `x`, b of `y`), a and b sharing no card with each other nor with
   // the holding of cards c1 and c2 (deck places).
@@ -87,11 +114,19 @@ class ThreeWayCounter {
 
   std::vector<Entry> entries_;           // the union of the players' holdings
   std::array<int, 3> representative_{};  // the first player with the same set
-  bool whole_ = true;                    // every weight whole: the deals are the weight / 1e9
-  std::vector<uint64_t> order_;          // value << 11 | entry, this board's live entries
-  std::array<Side, 3> below_;            // the holdings worth less than the group swept
-  std::array<Side, 3> group_;            // the holdings of the group swept
-  std::array<Common, 3> belowBoth_;      // [pair of players: 01, 02, 12]
+  std::array<bool, 3> pairUsed_{};       // the pairs of players some representative counts against
+  std::vector<RankSlot> slots_;
+  std::array<std::vector<int32_t>, 4> suited_;  // per suit, the entries with both cards of it
+  std::array<std::vector<int32_t>, 4> ofSuit_;  // per suit, the entries with a card of it
+  std::vector<uint32_t> flushMark_;             // [entry]: the board that makes it a flush
+  uint32_t boardMark_ = 0;
+  std::vector<uint64_t> slotOrder_;   // value << 8 | slot
+  std::vector<uint64_t> flushOrder_;  // value << 11 | entry, the flushes
+  bool whole_ = true;                 // every weight whole: the deals are the weight / 1e9
+  std::vector<uint64_t> order_;       // value << 11 | entry, this board's live entries
+  std::array<Side, 3> below_;         // the holdings worth less than the group swept
+  std::array<Side, 3> group_;         // the holdings of the group swept
+  std::array<Common, 3> belowBoth_;   // [pair of players: 01, 02, 12]
   std::array<Common, 3> groupBoth_;
   Common none_;  // nothing in common
 };
