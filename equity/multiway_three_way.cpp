@@ -131,7 +131,29 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
       }
     }
   }
-  for (int i = 0; i < 3; ++i) pairUsed_[ThreeWayPairOf(i)] = representative_[i] == i;
+  for (int i = 0; i < 3; ++i) {
+    const int j = kThreeWayOthers[i][0];
+    const int k = kThreeWayOthers[i][1];
+    const int q = ThreeWayPairOf(i);
+    const bool oneWeight = !kept[j].empty() && std::ranges::all_of(kept[j], [&](const auto& h) {
+      return h.weight == kept[j][0].weight;
+    });
+    if (representative_[j] == representative_[k] && oneWeight) {
+      pairSelfWeight_[q] = kept[j][0].weight;
+    } else {
+      pairKept_[q] = representative_[i] == i || i == 0;
+    }
+  }
+  for (Entry& e : entries_) {
+    for (int p = 0; p < 3; ++p) {
+      if (representative_[p] == p && e.weight[p] > 0) e.sides |= static_cast<uint8_t>(1 << p);
+    }
+    for (int i = 0; i < 3; ++i) {
+      const int q = ThreeWayPairOf(i);
+      if (pairKept_[q] && e.weight[kThreeWayOthers[i][0]] > 0 && e.weight[kThreeWayOthers[i][1]] > 0)
+        e.pairs |= static_cast<uint8_t>(1 << q);
+    }
+  }
   order_.reserve(entries_.size());
   for (int p = 0; p < 3; ++p) {
     below_[p].members.reserve(entries_.size());
@@ -159,7 +181,8 @@ int64_t ThreeWayCounter::WalkPairs(const Side& small, const Side& other, int c1,
   return sum;
 }
 
-int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common& both, int c1, int c2) {
+int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common* both, int64_t selfWeight, int c1,
+                               int c2) {
   if (x.count == 0 || y.count == 0) return 0;
   if (x.count <= kThreeWayWalkAtMost && x.count <= y.count) return WalkPairs(x, y, c1, c2);
   if (y.count <= kThreeWayWalkAtMost) return WalkPairs(y, x, c1, c2);
@@ -177,7 +200,9 @@ int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common& both,
     shared += xc * yc;
   }
   // A pair of one holding twice shares two cards: taken away twice above, given back once.
-  const int64_t same = both.total - both.card[c1] - both.card[c2] + int64_t{x.in[h]} * y.in[h];
+  const int64_t same = both != nullptr
+                           ? both->total - both->card[c1] - both->card[c2] + int64_t{x.in[h]} * y.in[h]
+                           : selfWeight * xFree;
   return xFree * yFree - shared + same;
 }
 
@@ -232,14 +257,15 @@ void ThreeWayCounter::Order(uint64_t boardBits) {
 }
 
 void ThreeWayCounter::Take(const Entry& e, std::array<Side, 3>& sides, std::array<Common, 3>& both) const {
-  for (int p = 0; p < 3; ++p) {
-    if (representative_[p] == p && e.weight[p] > 0) sides[p].Take(e.number, e.place1, e.place2, e.weight[p]);
+  for (unsigned bits = e.sides; bits != 0; bits &= bits - 1) {
+    const int p = std::countr_zero(bits);
+    sides[p].Take(e.number, e.place1, e.place2, e.weight[p]);
   }
-  for (int i = 0; i < 3; ++i) {
-    const int j = kThreeWayOthers[i][0];
-    const int k = kThreeWayOthers[i][1];
-    if (pairUsed_[ThreeWayPairOf(i)] && e.weight[j] > 0 && e.weight[k] > 0)
-      both[ThreeWayPairOf(i)].Take(e.place1, e.place2, int64_t{e.weight[j]} * e.weight[k]);
+  for (unsigned bits = e.pairs; bits != 0; bits &= bits - 1) {
+    const int q = std::countr_zero(bits);
+    const int i = 2 - q;
+    both[q].Take(e.place1, e.place2,
+                 int64_t{e.weight[kThreeWayOthers[i][0]]} * e.weight[kThreeWayOthers[i][1]]);
   }
 }
 
@@ -272,9 +298,13 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
         const Side& belowK = sideOf(below_, k);
         const Side& groupJ = sideOf(group_, j);
         const Side& groupK = sideOf(group_, k);
-        const int64_t lower = Pairs(belowJ, belowK, belowBoth_[ThreeWayPairOf(i)], c1, c2);
-        const int64_t mixed = Pairs(belowJ, groupK, none_, c1, c2) + Pairs(groupJ, belowK, none_, c1, c2);
-        const int64_t equal = Pairs(groupJ, groupK, groupBoth_[ThreeWayPairOf(i)], c1, c2);
+        const int q = ThreeWayPairOf(i);
+        const bool kept = pairKept_[q];
+        const int64_t self = pairSelfWeight_[q];
+        const int64_t lower = Pairs(belowJ, belowK, kept ? &belowBoth_[q] : nullptr, self, c1, c2);
+        const int64_t mixed =
+            Pairs(belowJ, groupK, &none_, 0, c1, c2) + Pairs(groupJ, belowK, &none_, 0, c1, c2);
+        const int64_t equal = Pairs(groupJ, groupK, kept ? &groupBoth_[q] : nullptr, self, c1, c2);
         // Both below: won alone; one below and one equal: a pot in two; both equal: in three.
         const double weight = e.weight[i];
         const double won = weight * static_cast<double>(lower);
@@ -301,8 +331,9 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
   for (std::size_t place = 0; place < live; ++place) {
     const Entry& e = entries_[order_[place] & 0x7FF];
     if (e.weight[0] == 0) continue;
-    weight += int64_t{e.weight[0]} *
-              Pairs(sideOf(below_, 1), sideOf(below_, 2), belowBoth_[ThreeWayPairOf(0)], e.place1, e.place2);
+    weight += int64_t{e.weight[0]} * Pairs(sideOf(below_, 1), sideOf(below_, 2),
+                                           pairKept_[2] ? &belowBoth_[2] : nullptr, pairSelfWeight_[2],
+                                           e.place1, e.place2);
   }
   sums.weight = static_cast<double>(weight);
   if (whole_) {
@@ -319,7 +350,7 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
     for (std::size_t place = 0; place < live; ++place) {
       const Entry& e = entries_[order_[place] & 0x7FF];
       if (e.weight[0] == 0) continue;
-      deals += Pairs(group_[1], group_[2], groupBoth_[ThreeWayPairOf(0)], e.place1, e.place2);
+      deals += Pairs(group_[1], group_[2], &groupBoth_[2], 0, e.place1, e.place2);
     }
     sums.deals = static_cast<uint64_t>(deals);
     group_[1].Clear();

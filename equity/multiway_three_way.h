@@ -93,6 +93,8 @@ class ThreeWayCounter {
     uint8_t place1;  // deck places of the two cards
     uint8_t place2;
     std::array<int32_t, 3> weight;
+    uint8_t sides = 0;  // bit p: taken into representative p's totals
+    uint8_t pairs = 0;  // bit q: taken into the totals in common of pair q
   };
   // The entries of one pair of ranks (high, low): without a flush they are worth the same on any board.
   struct RankSlot {
@@ -109,12 +111,17 @@ class ThreeWayCounter {
 
   // The weighted count of pairs (a of `x`, b of `y`), a and b sharing no card with each other nor with
   // the holding of cards c1 and c2 (deck places).
-  static int64_t Pairs(const Side& x, const Side& y, const Common& both, int c1, int c2);
+  // `both` null: x and y are one side whose holdings all weigh `selfWeight`, so what they hold in common
+  // is that weight times the side.
+  static int64_t Pairs(const Side& x, const Side& y, const Common* both, int64_t selfWeight, int c1, int c2);
   static int64_t WalkPairs(const Side& small, const Side& other, int c1, int c2);
 
   std::vector<Entry> entries_;           // the union of the players' holdings
   std::array<int, 3> representative_{};  // the first player with the same set
-  std::array<bool, 3> pairUsed_{};       // the pairs of players some representative counts against
+  // Per pair of players: what they hold in common is kept as totals of its own (a pair some representative
+  // counts against, unless both players are one side of one weight throughout); else the weight.
+  std::array<bool, 3> pairKept_{};
+  std::array<int64_t, 3> pairSelfWeight_{};
   std::vector<RankSlot> slots_;
   std::array<std::vector<int32_t>, 4> suited_;  // per suit, the entries with both cards of it
   std::array<std::vector<int32_t>, 4> ofSuit_;  // per suit, the entries with a card of it
