@@ -12,6 +12,10 @@ namespace {
 // A side with at most this many holdings is walked, not read from its per-card totals.
 constexpr int32_t kThreeWayWalkAtMost = 12;
 
+// Boards alike are looked for when at least this many cards are held by no holding.
+constexpr int kThreeWayRememberFromFree = 12;
+constexpr uint64_t kThreeWaySuitCards = 0x1FFF;
+
 // The number of the holding of the cards at two different deck places.
 using ThreeWayNumberTable = std::array<std::array<int16_t, kDeckSize>, kDeckSize>;
 constexpr ThreeWayNumberTable kThreeWayNumbers = [] {
@@ -118,6 +122,10 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
     }
   }
   flushMark_.assign(entries_.size(), 0);
+  for (const Entry& e : entries_) held_ |= e.bits;
+  // Boards alike are remembered when enough cards are held by no holding for boards to be alike.
+  if (std::popcount(~held_ & ((uint64_t{1} << kDeckSize) - 1)) >= kThreeWayRememberFromFree)
+    remembered_.resize(kRememberedBoards);
   slotOrder_.reserve(slots_.size());
   flushOrder_.reserve(entries_.size());
   for (int p = 0; p < 3; ++p) {
@@ -269,7 +277,46 @@ void ThreeWayCounter::Take(const Entry& e, std::array<Side, 3>& sides, std::arra
   }
 }
 
+ThreeWayCounter::BoardKey ThreeWayCounter::KeyOf(uint64_t boardBits) const {
+  // A suit of three or more board cards keeps its cards exact.
+  uint64_t exact = boardBits & held_;
+  for (int suit = 0; suit < 4; ++suit) {
+    const uint64_t suitCards = boardBits & kThreeWaySuitCards << (13 * suit);
+    if (std::popcount(suitCards) >= 3) exact |= suitCards;
+  }
+  BoardKey key{exact, 0};
+  for (uint64_t bits = boardBits & ~exact; bits != 0; bits &= bits - 1) {
+    key.ranks += uint64_t{1} << (3 * (std::countr_zero(bits) % 13));
+  }
+  return key;
+}
+
 void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
+  ++boardsCounted_;
+  if (remembered_.empty()) {
+    CountNewBoard(boardBits, sums);
+    return;
+  }
+  const BoardKey key = KeyOf(boardBits);
+  const uint64_t hash = (key.exact * 0x9E3779B97F4A7C15ull) ^ (key.ranks * 0xC2B2AE3D27D4EB4Full);
+  std::size_t slot = static_cast<std::size_t>(hash >> 40) & (kRememberedBoards - 1);
+  while (remembered_[slot].used) {
+    if (remembered_[slot].key == key) {
+      sums = remembered_[slot].sums;
+      ++boardsRecalled_;
+      return;
+    }
+    slot = (slot + 1) & (kRememberedBoards - 1);
+  }
+  CountNewBoard(boardBits, sums);
+  // Three quarters full: no more are kept.
+  if (rememberedCount_ < kRememberedBoards / 4 * 3) {
+    remembered_[slot] = {key, true, sums};
+    ++rememberedCount_;
+  }
+}
+
+void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
   sums = {};
   Order(boardBits);
   const std::size_t live = order_.size();

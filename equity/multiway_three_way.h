@@ -53,6 +53,10 @@ class ThreeWayCounter {
   // replaced, not added to.
   void CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums);
 
+  // Boards counted, and of them those answered from boards alike counted before.
+  uint64_t BoardsCounted() const { return boardsCounted_; }
+  uint64_t BoardsRecalled() const { return boardsRecalled_; }
+
  private:
   // The running totals of one player's holdings taken so far.
   struct Side {
@@ -103,6 +107,23 @@ class ThreeWayCounter {
     std::vector<int32_t> entries;
   };
 
+  // Boards alike give the same sums: a board card that no holding holds, of a suit without three cards
+  // on the board, counts only by its rank. The key of a board: its other cards as they are, and how many
+  // of these it holds of each rank.
+  struct BoardKey {
+    uint64_t exact = 0;
+    uint64_t ranks = 0;  // 3 bits a rank
+    friend bool operator==(const BoardKey&, const BoardKey&) = default;
+  };
+  struct Remembered {
+    BoardKey key;
+    bool used = false;
+    ThreeWayBoardSums sums;
+  };
+  static constexpr std::size_t kRememberedBoards = std::size_t{1} << 16;
+  BoardKey KeyOf(uint64_t boardBits) const;
+  void CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums);
+
   // This board's live entries as value << 11 | entry, in rising value.
   void Order(uint64_t boardBits);
   // Takes the entry into the running totals of `sides` and `both` (the representatives' sides, the pairs
@@ -127,13 +148,18 @@ class ThreeWayCounter {
   std::array<std::vector<int32_t>, 4> ofSuit_;  // per suit, the entries with a card of it
   std::vector<uint32_t> flushMark_;             // [entry]: the board that makes it a flush
   uint32_t boardMark_ = 0;
-  std::vector<uint64_t> slotOrder_;   // value << 8 | slot
-  std::vector<uint64_t> flushOrder_;  // value << 11 | entry, the flushes
-  bool whole_ = true;                 // every weight whole: the deals are the weight / 1e9
-  std::vector<uint64_t> order_;       // value << 11 | entry, this board's live entries
-  std::array<Side, 3> below_;         // the holdings worth less than the group swept
-  std::array<Side, 3> group_;         // the holdings of the group swept
-  std::array<Common, 3> belowBoth_;   // [pair of players: 01, 02, 12]
+  std::vector<uint64_t> slotOrder_;     // value << 8 | slot
+  std::vector<uint64_t> flushOrder_;    // value << 11 | entry, the flushes
+  uint64_t held_ = 0;                   // the cards some holding holds
+  std::vector<Remembered> remembered_;  // open addressing by the key's hash; empty when not worth it
+  std::size_t rememberedCount_ = 0;
+  uint64_t boardsCounted_ = 0;
+  uint64_t boardsRecalled_ = 0;
+  bool whole_ = true;                // every weight whole: the deals are the weight / 1e9
+  std::vector<uint64_t> order_;      // value << 11 | entry, this board's live entries
+  std::array<Side, 3> below_;        // the holdings worth less than the group swept
+  std::array<Side, 3> group_;        // the holdings of the group swept
+  std::array<Common, 3> belowBoth_;  // [pair of players: 01, 02, 12]
   std::array<Common, 3> groupBoth_;
   Common none_;  // nothing in common
 };

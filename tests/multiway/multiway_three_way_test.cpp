@@ -165,6 +165,49 @@ TEST(ThreeWayCounter, BoardsThatTieManyHoldingsAndFlushBoardsCountEveryDeal) {
   }
 }
 
+TEST(ThreeWayCounter, BoardsAlikeInTheCardsNoHoldingHoldsAreRecalledWithTheSameSums) {
+  // Holdings of tens to aces only: boards that differ in the suits of their low cards (no three of a
+  // suit) give the same sums, and are answered from the first of them.
+  std::mt19937 random(5);
+  std::vector<int> high;
+  for (int number = 0; number < kHoldingCount; ++number) {
+    const auto cards = CardsOfHolding(number);
+    if (cards[0].rank >= 10 && cards[1].rank >= 10) high.push_back(number);
+  }
+  Sets players;
+  for (int p = 0; p < 3; ++p) {
+    std::shuffle(high.begin(), high.end(), random);
+    for (int i = 0; i < 25 + 10 * p; ++i)
+      players[p].push_back({high[static_cast<std::size_t>(i)], p == 2 ? 400 + i : kFullWeight});
+    std::sort(players[p].begin(), players[p].end(),
+              [](const ThreeWayHolding& x, const ThreeWayHolding& y) { return x.number < y.number; });
+  }
+  ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players)};
+  // Boards of low cards in every suit pattern, some with a high card or three of a suit.
+  const std::vector<std::string> boards = {"2c5d9h3s7c", "2d5c9s3h7d", "2h5s9c3d7h", "2c5c9c3s7d",
+                                           "2d5d9d3h7c", "2c5d9hTs7c", "2d5c9sTs7d", "Ah5d9h3s7h",
+                                           "Ah5s9h3h7h", "2s5h9d3c7s"};
+  for (const std::string& text : boards) {
+    uint64_t board = 0;
+    for (const Card card : Cards(text)) board |= DeckBit(card);
+    ThreeWayBoardSums counted;
+    counter.CountBoard(board, counted);
+    Sets live;
+    for (int p = 0; p < 3; ++p) {
+      for (const ThreeWayHolding& h : players[p]) {
+        const auto cards = CardsOfHolding(h.number);
+        if ((DeckBits(cards[0], cards[1]) & board) == 0) live[p].push_back(h);
+      }
+    }
+    SCOPED_TRACE(text);
+    ExpectSameSums(counted, WalkEveryDeal(live, board));
+  }
+  EXPECT_EQ(counter.BoardsCounted(), boards.size());
+  // Recalled: the second, the third and the last (like the first) and the seventh (like the sixth, whose
+  // ten is held by holdings and stays exact); three of a suit keeps that suit's cards exact.
+  EXPECT_EQ(counter.BoardsRecalled(), 4u);
+}
+
 WeightedHoldingSet Range(const char* text) {
   return ParseWeightedRangeNotation(text).weights;
 }
