@@ -185,8 +185,8 @@ TEST(ThreeWayCounter, BoardsAlikeInTheCardsNoHoldingHoldsAreRecalledWithTheSameS
   ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players)};
   // Boards of low cards in every suit pattern, some with a high card or three of a suit.
   const std::vector<std::string> boards = {"2c5d9h3s7c", "2d5c9s3h7d", "2h5s9c3d7h", "2c5c9c3s7d",
-                                           "2d5d9d3h7c", "2c5d9hTs7c", "2d5c9sTs7d", "Ah5d9h3s7h",
-                                           "Ah5s9h3h7h", "2s5h9d3c7s"};
+                                           "2d5d9d3h7c", "2c5d9hTs7c", "2d5c9sTs7d", "2c5d9hTh7c",
+                                           "Ah5d9h3s7h", "Ah5s9h3h7h", "2s5h9d3c7s"};
   for (const std::string& text : boards) {
     uint64_t board = 0;
     for (const Card card : Cards(text)) board |= DeckBit(card);
@@ -204,7 +204,8 @@ TEST(ThreeWayCounter, BoardsAlikeInTheCardsNoHoldingHoldsAreRecalledWithTheSameS
   }
   EXPECT_EQ(counter.BoardsCounted(), boards.size());
   // Recalled: the second, the third and the last (like the first) and the seventh (like the sixth, whose
-  // ten is held by holdings and stays exact); three of a suit keeps that suit's cards exact.
+  // ten is held by holdings and stays exact, so the eighth, with another ten, is not); three of a suit keeps
+  // that suit's cards exact.
   EXPECT_EQ(counter.BoardsRecalled(), 4u);
 }
 
