@@ -16,18 +16,6 @@ constexpr int32_t kThreeWayWalkAtMost = 12;
 constexpr int kThreeWayRememberFromFree = 12;
 constexpr uint64_t kThreeWaySuitCards = 0x1FFF;
 
-// The number of the holding of the cards at two different deck places.
-using ThreeWayNumberTable = std::array<std::array<int16_t, kDeckSize>, kDeckSize>;
-constexpr ThreeWayNumberTable kThreeWayNumbers = [] {
-  ThreeWayNumberTable table{};
-  for (int x = 0; x < kDeckSize; ++x) {
-    for (int y = 0; y < kDeckSize; ++y) {
-      table[x][y] = static_cast<int16_t>(x == y ? 0 : x > y ? x * (x - 1) / 2 + y : y * (y - 1) / 2 + x);
-    }
-  }
-  return table;
-}();
-
 // The other two players of player i, and the place of that pair among the pairs 01, 02, 12.
 constexpr std::array<std::array<int, 2>, 3> kThreeWayOthers = {{{1, 2}, {0, 2}, {0, 1}}};
 constexpr int ThreeWayPairOf(int i) {
@@ -66,9 +54,12 @@ struct ThreeWayReader {
 void ThreeWayCounter::Side::Clear() {
   const HoldingPlaceTable& places = HoldingPlaces();
   for (const int32_t number : members) {
-    card[places[number][0]] = 0;
-    card[places[number][1]] = 0;
-    in[static_cast<std::size_t>(number)] = 0;
+    const int c1 = places[number][0];
+    const int c2 = places[number][1];
+    card[c1] = 0;
+    card[c2] = 0;
+    holding[c1][c2] = 0;
+    holding[c2][c1] = 0;
   }
   members.clear();
   total = 0;
@@ -173,20 +164,20 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
 
 int64_t ThreeWayCounter::WalkPairs(const Side& small, const Side& other, int c1, int c2) {
   const HoldingPlaceTable& places = HoldingPlaces();
-  const auto& row1 = kThreeWayNumbers[static_cast<std::size_t>(c1)];
-  const auto& row2 = kThreeWayNumbers[static_cast<std::size_t>(c2)];
-  const int64_t base = other.total - other.card[c1] - other.card[c2] + other.in[row1[c2]];
-  int64_t sum = 0;
+  const auto& row1 = other.holding[static_cast<std::size_t>(c1)];
+  const auto& row2 = other.holding[static_cast<std::size_t>(c2)];
+  const double base = other.total - other.card[c1] - other.card[c2] + row1[c2];
+  double sum = 0;
   for (const int32_t number : small.members) {
     const int a1 = places[number][0];
     const int a2 = places[number][1];
     if (a1 == c1 || a1 == c2 || a2 == c1 || a2 == c2) continue;
     // Inclusion and exclusion over the four cards: a holding of two of them was taken away twice.
-    const int64_t free = base - other.card[a1] - other.card[a2] + other.in[number] + other.in[row1[a1]] +
-                         other.in[row1[a2]] + other.in[row2[a1]] + other.in[row2[a2]];
-    sum += int64_t{small.in[number]} * free;
+    const double free = base - other.card[a1] - other.card[a2] + other.holding[a1][a2] + row1[a1] + row1[a2] +
+                        row2[a1] + row2[a2];
+    sum += small.holding[a1][a2] * free;
   }
-  return sum;
+  return static_cast<int64_t>(sum);
 }
 
 int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common* both, int64_t selfWeight, int c1,
@@ -194,24 +185,31 @@ int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common* both,
   if (x.count == 0 || y.count == 0) return 0;
   if (x.count <= kThreeWayWalkAtMost && x.count <= y.count) return WalkPairs(x, y, c1, c2);
   if (y.count <= kThreeWayWalkAtMost) return WalkPairs(y, x, c1, c2);
-  const auto& row1 = kThreeWayNumbers[static_cast<std::size_t>(c1)];
-  const auto& row2 = kThreeWayNumbers[static_cast<std::size_t>(c2)];
-  const int h = row1[c2];
-  const int64_t xFree = x.total - x.card[c1] - x.card[c2] + x.in[h];
-  const int64_t yFree = y.total - y.card[c1] - y.card[c2] + y.in[h];
-  // Pairs sharing a card c: the weight of x's free holdings with c times y's.
-  int64_t shared = 0;
-  for (int c = 0; c < kDeckSize; ++c) {
-    if (c == c1 || c == c2) continue;
-    const int64_t xc = x.card[c] - x.in[row1[c]] - x.in[row2[c]];
-    const int64_t yc = y.card[c] - y.in[row1[c]] - y.in[row2[c]];
-    shared += xc * yc;
+  const auto& x1 = x.holding[static_cast<std::size_t>(c1)];
+  const auto& x2 = x.holding[static_cast<std::size_t>(c2)];
+  const auto& y1 = y.holding[static_cast<std::size_t>(c1)];
+  const auto& y2 = y.holding[static_cast<std::size_t>(c2)];
+  const double xHeld = x1[c2];
+  const double yHeld = y1[c2];
+  const double xFree = x.total - x.card[c1] - x.card[c2] + xHeld;
+  const double yFree = y.total - y.card[c1] - y.card[c2] + yHeld;
+  // Pairs sharing a card c: the weight of x's free holdings with c times y's, over every card (in four
+  // running sums: whole numbers, so any order gives the same), then c1 and c2 themselves taken back out.
+  std::array<double, 4> partial{};
+  for (int c = 0; c < kDeckSize; c += 4) {
+    for (int lane = 0; lane < 4; ++lane) {
+      const int d = c + lane;
+      partial[lane] += (x.card[d] - x1[d] - x2[d]) * (y.card[d] - y1[d] - y2[d]);
+    }
   }
+  const double shared = partial[0] + partial[1] + partial[2] + partial[3] -
+                        (x.card[c1] - xHeld) * (y.card[c1] - yHeld) -
+                        (x.card[c2] - xHeld) * (y.card[c2] - yHeld);
   // A pair of one holding twice shares two cards: taken away twice above, given back once.
-  const int64_t same = both != nullptr
-                           ? both->total - both->card[c1] - both->card[c2] + int64_t{x.in[h]} * y.in[h]
-                           : selfWeight * xFree;
-  return xFree * yFree - shared + same;
+  const double same = both != nullptr
+                          ? static_cast<double>(both->total - both->card[c1] - both->card[c2]) + xHeld * yHeld
+                          : static_cast<double>(selfWeight) * xFree;
+  return static_cast<int64_t>(xFree * yFree - shared + same);
 }
 
 void ThreeWayCounter::Order(uint64_t boardBits) {

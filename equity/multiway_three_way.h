@@ -58,19 +58,23 @@ class ThreeWayCounter {
   uint64_t BoardsRecalled() const { return boardsRecalled_; }
 
  private:
-  // The running totals of one player's holdings taken so far.
+  // The running totals of one player's holdings taken so far. The weights are whole numbers, kept as
+  // doubles (exact far beyond these sums) so that a row of 52 reads in one sweep.
   struct Side {
-    int64_t total = 0;
+    double total = 0;
     int32_t count = 0;
-    std::array<int64_t, kDeckSize> card{};
-    std::array<int32_t, kHoldingCount> in{};  // the weight of a holding taken, else 0
-    std::vector<int32_t> members;             // the holdings taken
+    std::array<double, kDeckSize> card{};
+    // [c1][c2]: the weight of the holding of the cards at deck places c1 and c2 when taken, else 0 (0 on
+    // the diagonal).
+    std::array<std::array<double, kDeckSize>, kDeckSize> holding{};
+    std::vector<int32_t> members;  // the holdings taken
     void Take(int32_t number, int c1, int c2, int32_t weight) {
       total += weight;
       ++count;
       card[c1] += weight;
       card[c2] += weight;
-      in[static_cast<std::size_t>(number)] = weight;
+      holding[c1][c2] = weight;
+      holding[c2][c1] = weight;
       members.push_back(number);
     }
     void Clear();
