@@ -51,19 +51,30 @@ struct ThreeWayReader {
 
 }  // namespace
 
+void ThreeWayCounter::Side::Fill() {
+  if (full) return;
+  for (const Member& m : members) {
+    card[m.c1] += m.weight;
+    card[m.c2] += m.weight;
+    holding[m.c1][m.c2] = m.weight;
+    holding[m.c2][m.c1] = m.weight;
+  }
+  full = true;
+}
+
 void ThreeWayCounter::Side::Clear() {
-  const HoldingPlaceTable& places = HoldingPlaces();
-  for (const int32_t number : members) {
-    const int c1 = places[number][0];
-    const int c2 = places[number][1];
-    card[c1] = 0;
-    card[c2] = 0;
-    holding[c1][c2] = 0;
-    holding[c2][c1] = 0;
+  if (full) {
+    for (const Member& m : members) {
+      card[m.c1] = 0;
+      card[m.c2] = 0;
+      holding[m.c1][m.c2] = 0;
+      holding[m.c2][m.c1] = 0;
+    }
   }
   members.clear();
   total = 0;
   count = 0;
+  full = false;
 }
 
 void ThreeWayCounter::Common::Clear() {
@@ -163,19 +174,31 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
 }
 
 int64_t ThreeWayCounter::WalkPairs(const Side& small, const Side& other, int c1, int c2) {
-  const HoldingPlaceTable& places = HoldingPlaces();
   const auto& row1 = other.holding[static_cast<std::size_t>(c1)];
   const auto& row2 = other.holding[static_cast<std::size_t>(c2)];
   const double base = other.total - other.card[c1] - other.card[c2] + row1[c2];
+  const uint64_t held = uint64_t{1} << c1 | uint64_t{1} << c2;
   double sum = 0;
-  for (const int32_t number : small.members) {
-    const int a1 = places[number][0];
-    const int a2 = places[number][1];
-    if (a1 == c1 || a1 == c2 || a2 == c1 || a2 == c2) continue;
+  for (const Member& m : small.members) {
+    if ((m.bits & held) != 0) continue;
+    const int a1 = m.c1;
+    const int a2 = m.c2;
     // Inclusion and exclusion over the four cards: a holding of two of them was taken away twice.
     const double free = base - other.card[a1] - other.card[a2] + other.holding[a1][a2] + row1[a1] + row1[a2] +
                         row2[a1] + row2[a2];
-    sum += small.holding[a1][a2] * free;
+    sum += m.weight * free;
+  }
+  return static_cast<int64_t>(sum);
+}
+
+int64_t ThreeWayCounter::ListPairs(const Side& x, const Side& y, int c1, int c2) {
+  const uint64_t held = uint64_t{1} << c1 | uint64_t{1} << c2;
+  double sum = 0;
+  for (const Member& a : x.members) {
+    if ((a.bits & held) != 0) continue;
+    for (const Member& b : y.members) {
+      if ((b.bits & (held | a.bits)) == 0) sum += a.weight * b.weight;
+    }
   }
   return static_cast<int64_t>(sum);
 }
@@ -183,6 +206,10 @@ int64_t ThreeWayCounter::WalkPairs(const Side& small, const Side& other, int c1,
 int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common* both, int64_t selfWeight, int c1,
                                int c2) {
   if (x.count == 0 || y.count == 0) return 0;
+  if (!x.full || !y.full) {
+    if (!x.full && !y.full) return ListPairs(x, y, c1, c2);
+    return x.full ? WalkPairs(y, x, c1, c2) : WalkPairs(x, y, c1, c2);
+  }
   if (x.count <= kThreeWayWalkAtMost && x.count <= y.count) return WalkPairs(x, y, c1, c2);
   if (y.count <= kThreeWayWalkAtMost) return WalkPairs(y, x, c1, c2);
   const auto& x1 = x.holding[static_cast<std::size_t>(c1)];
@@ -262,10 +289,15 @@ void ThreeWayCounter::Order(uint64_t boardBits) {
   while (flush < flushOrder_.size()) order_.push_back(flushOrder_[flush++]);
 }
 
-void ThreeWayCounter::Take(const Entry& e, std::array<Side, 3>& sides, std::array<Common, 3>& both) const {
+void ThreeWayCounter::Take(const Entry& e, std::array<Side, 3>& sides, std::array<Common, 3>& both,
+                           bool list) const {
   for (unsigned bits = e.sides; bits != 0; bits &= bits - 1) {
     const int p = std::countr_zero(bits);
-    sides[p].Take(e.number, e.place1, e.place2, e.weight[p]);
+    if (list) {
+      sides[p].Note(e.bits, e.place1, e.place2, e.weight[p]);
+    } else {
+      sides[p].Take(e.bits, e.place1, e.place2, e.weight[p]);
+    }
   }
   for (unsigned bits = e.pairs; bits != 0; bits &= bits - 1) {
     const int q = std::countr_zero(bits);
@@ -327,7 +359,11 @@ void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums)
     std::size_t g1 = g0 + 1;
     while (g1 < live && order_[g1] >> 11 == value) ++g1;
     const auto entryAt = [&](std::size_t place) -> const Entry& { return entries_[order_[place] & 0x7FF]; };
-    for (std::size_t g = g0; g < g1; ++g) Take(entryAt(g), group_, groupBoth_);
+    // The group's sides are lists; a large one gets its totals too.
+    for (std::size_t g = g0; g < g1; ++g) Take(entryAt(g), group_, groupBoth_, true);
+    for (Side& side : group_) {
+      if (side.count > kThreeWayWalkAtMost) side.Fill();
+    }
     // Each holding of the group against the pairs of the other two: both below (the totals before the
     // group joins them), one below and one of the group (no holding is in both: the same-holding term is
     // 0), both of the group.
@@ -364,7 +400,7 @@ void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums)
         }
       }
     }
-    for (std::size_t g = g0; g < g1; ++g) Take(entryAt(g), below_, belowBoth_);
+    for (std::size_t g = g0; g < g1; ++g) Take(entryAt(g), below_, belowBoth_, false);
     for (int p = 0; p < 3; ++p) {
       group_[p].Clear();
       groupBoth_[p].Clear();
@@ -387,8 +423,8 @@ void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums)
     // The same count at weight 1 each.
     for (std::size_t place = 0; place < live; ++place) {
       const Entry& e = entries_[order_[place] & 0x7FF];
-      if (e.weight[1] > 0) group_[1].Take(e.number, e.place1, e.place2, 1);
-      if (e.weight[2] > 0) group_[2].Take(e.number, e.place1, e.place2, 1);
+      if (e.weight[1] > 0) group_[1].Take(e.bits, e.place1, e.place2, 1);
+      if (e.weight[2] > 0) group_[2].Take(e.bits, e.place1, e.place2, 1);
       if (e.weight[1] > 0 && e.weight[2] > 0) groupBoth_[ThreeWayPairOf(0)].Take(e.place1, e.place2, 1);
     }
     int64_t deals = 0;

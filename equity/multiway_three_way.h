@@ -59,24 +59,40 @@ class ThreeWayCounter {
 
  private:
   // The running totals of one player's holdings taken so far. The weights are whole numbers, kept as
-  // doubles (exact far beyond these sums) so that a row of 52 reads in one sweep.
+  // doubles (exact far beyond these sums) so that a row of 52 reads in one sweep. A side may hold only
+  // its list of holdings (`full` false) while it is small: it is then walked, never read from totals.
+  struct Member {
+    uint64_t bits;
+    uint8_t c1;
+    uint8_t c2;
+    double weight;
+  };
   struct Side {
     double total = 0;
     int32_t count = 0;
+    bool full = false;
     std::array<double, kDeckSize> card{};
     // [c1][c2]: the weight of the holding of the cards at deck places c1 and c2 when taken, else 0 (0 on
     // the diagonal).
     std::array<std::array<double, kDeckSize>, kDeckSize> holding{};
-    std::vector<int32_t> members;  // the holdings taken
-    void Take(int32_t number, int c1, int c2, int32_t weight) {
+    std::vector<Member> members;  // the holdings taken
+    // Lists a holding only.
+    void Note(uint64_t bits, int c1, int c2, int32_t weight) {
       total += weight;
       ++count;
+      members.push_back(
+          {bits, static_cast<uint8_t>(c1), static_cast<uint8_t>(c2), static_cast<double>(weight)});
+    }
+    void Take(uint64_t bits, int c1, int c2, int32_t weight) {
+      Note(bits, c1, c2, weight);
       card[c1] += weight;
       card[c2] += weight;
       holding[c1][c2] = weight;
       holding[c2][c1] = weight;
-      members.push_back(number);
+      full = true;
     }
+    // The totals of the holdings listed.
+    void Fill();
     void Clear();
   };
   // What two players' totals hold in common: the products of the weights of the holdings both have taken.
@@ -132,7 +148,7 @@ class ThreeWayCounter {
   void Order(uint64_t boardBits);
   // Takes the entry into the running totals of `sides` and `both` (the representatives' sides, the pairs
   // in use).
-  void Take(const Entry& e, std::array<Side, 3>& sides, std::array<Common, 3>& both) const;
+  void Take(const Entry& e, std::array<Side, 3>& sides, std::array<Common, 3>& both, bool list) const;
 
   // The weighted count of pairs (a of `x`, b of `y`), a and b sharing no card with each other nor with
   // the holding of cards c1 and c2 (deck places).
@@ -140,6 +156,7 @@ class ThreeWayCounter {
   // is that weight times the side.
   static int64_t Pairs(const Side& x, const Side& y, const Common* both, int64_t selfWeight, int c1, int c2);
   static int64_t WalkPairs(const Side& small, const Side& other, int c1, int c2);
+  static int64_t ListPairs(const Side& x, const Side& y, int c1, int c2);
 
   std::vector<Entry> entries_;           // the union of the players' holdings
   std::array<int, 3> representative_{};  // the first player with the same set
