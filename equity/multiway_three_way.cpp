@@ -349,6 +349,11 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
 void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
   sums = {};
   Order(boardBits);
+  // Whole numbers per representative (pots in sixths), so that the sums do not depend on the order the
+  // holdings are met in.
+  std::array<__int128, 3> won{};
+  std::array<__int128, 3> tied{};
+  std::array<__int128, 3> sixths{};
   const std::size_t live = order_.size();
   // A player's running totals are its representative's.
   const auto sideOf = [&](const std::array<Side, 3>& sides, int p) -> const Side& {
@@ -387,17 +392,10 @@ void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums)
             Pairs(belowJ, groupK, &none_, 0, c1, c2) + Pairs(groupJ, belowK, &none_, 0, c1, c2);
         const int64_t equal = Pairs(groupJ, groupK, kept ? &groupBoth_[q] : nullptr, self, c1, c2);
         // Both below: won alone; one below and one equal: a pot in two; both equal: in three.
-        const double weight = e.weight[i];
-        const double won = weight * static_cast<double>(lower);
-        const double tie = weight * static_cast<double>(mixed + equal);
-        const double pots = weight * (static_cast<double>(lower) + static_cast<double>(mixed) / 2.0 +
-                                      static_cast<double>(equal) / 3.0);
-        for (int p = i; p < 3; ++p) {
-          if (representative_[p] != i) continue;
-          sums.equity[p] += pots;
-          sums.win[p] += won;
-          sums.tie[p] += tie;
-        }
+        const __int128 weight = e.weight[i];
+        won[i] += weight * lower;
+        tied[i] += weight * (mixed + equal);
+        sixths[i] += weight * (6 * lower + 3 * mixed + 2 * equal);
       }
     }
     for (std::size_t g = g0; g < g1; ++g) Take(entryAt(g), below_, belowBoth_, false);
@@ -406,6 +404,12 @@ void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums)
       groupBoth_[p].Clear();
     }
     g0 = g1;
+  }
+  for (int p = 0; p < 3; ++p) {
+    const int i = representative_[p];
+    sums.equity[p] = static_cast<double>(sixths[i]) / 6.0;
+    sums.win[p] = static_cast<double>(won[i]);
+    sums.tie[p] = static_cast<double>(tied[i]);
   }
   // Every deal: each holding of the first player against the pairs of the other two.
   int64_t weight = 0;
