@@ -662,7 +662,8 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
         workers.emplace_back([&] {
           ExactWalk walk(ordered);
           std::unique_ptr<ThreeWayCounter> threeWayCounter;
-          if (count == 3) threeWayCounter = std::make_unique<ThreeWayCounter>(threeWay);
+          if (count == 3)
+            threeWayCounter = std::make_unique<ThreeWayCounter>(threeWay, boardList.size() / threads + 1);
           Sums boardSums;
           ThreeWayBoardSums threeWaySums;
           for (;;) {

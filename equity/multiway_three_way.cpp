@@ -83,7 +83,8 @@ void ThreeWayCounter::Common::Clear() {
   total = 0;
 }
 
-ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3> players) {
+ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3> players,
+                                 std::size_t boards) {
   // A holding that shares a card every holding of another player holds is never dealt: left out.
   std::array<uint64_t, 3> needed{};
   for (int p = 0; p < 3; ++p) {
@@ -127,7 +128,8 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
   for (const Entry& e : entries_) held_ |= e.bits;
   // Boards alike are remembered when enough cards are held by no holding for boards to be alike.
   if (std::popcount(~held_ & ((uint64_t{1} << kDeckSize) - 1)) >= kThreeWayRememberFromFree)
-    remembered_.resize(kRememberedBoards);
+    remembered_.resize(std::min(kMostRemembered, std::bit_ceil(boards)));
+  if (remembered_.size() < 64) remembered_.clear();
   slotOrder_.reserve(slots_.size());
   flushOrder_.reserve(entries_.size());
   for (int p = 0; p < 3; ++p) {
@@ -329,18 +331,19 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
   }
   const BoardKey key = KeyOf(boardBits);
   const uint64_t hash = (key.exact * 0x9E3779B97F4A7C15ull) ^ (key.ranks * 0xC2B2AE3D27D4EB4Full);
-  std::size_t slot = static_cast<std::size_t>(hash >> 40) & (kRememberedBoards - 1);
+  const std::size_t mask = remembered_.size() - 1;
+  std::size_t slot = static_cast<std::size_t>(hash >> 40) & mask;
   while (remembered_[slot].used) {
     if (remembered_[slot].key == key) {
       sums = remembered_[slot].sums;
       ++boardsRecalled_;
       return;
     }
-    slot = (slot + 1) & (kRememberedBoards - 1);
+    slot = (slot + 1) & mask;
   }
   CountNewBoard(boardBits, sums);
   // Three quarters full: no more are kept.
-  if (rememberedCount_ < kRememberedBoards / 4 * 3) {
+  if (rememberedCount_ < remembered_.size() / 4 * 3) {
     remembered_[slot] = {key, true, sums};
     ++rememberedCount_;
   }

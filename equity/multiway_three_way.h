@@ -46,8 +46,9 @@ struct ThreeWayBoardSums {
 
 class ThreeWayCounter {
  public:
-  // Each player's live holdings (none holding a board or dead card), every weight above 0.
-  explicit ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3> players);
+  // Each player's live holdings (none holding a board or dead card), every weight above 0. `boards`: about
+  // how many boards this counter will count, which sizes the memory of boards counted (none below 64).
+  ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3> players, std::size_t boards);
 
   // Counts the deals on the complete board `boardBits` (deck bits of its five cards); the sums are
   // replaced, not added to.
@@ -140,7 +141,7 @@ class ThreeWayCounter {
     bool used = false;
     ThreeWayBoardSums sums;
   };
-  static constexpr std::size_t kRememberedBoards = std::size_t{1} << 16;
+  static constexpr std::size_t kMostRemembered = std::size_t{1} << 16;
   BoardKey KeyOf(uint64_t boardBits) const;
   void CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums);
 

@@ -109,7 +109,7 @@ TEST(ThreeWayCounter, CountsEveryDealOfRandomSetsOnRandomBoards) {
       const uint64_t board = RandomBoard(random);
       Sets players;
       for (int p = 0; p < 3; ++p) players[p] = RandomSet(random, size[p], board, weighted);
-      ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players)};
+      ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players), 1024};
       ThreeWayBoardSums counted;
       counter.CountBoard(board, counted);
       SCOPED_TRACE(::testing::Message() << "sizes " << size[0] << "/" << size[1] << "/" << size[2]
@@ -130,7 +130,7 @@ TEST(ThreeWayCounter, PlayersWithTheSameSetShareTheWorkAndStillCountEveryDeal) {
       if (shape == 1) players[2] = RandomSet(random, 30, board, weighted);
       if (shape == 2) players[1] = RandomSet(random, 1, board, weighted);
       if (shape == 3) players[0] = RandomSet(random, 3, board, weighted);
-      ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players)};
+      ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players), 1024};
       ThreeWayBoardSums counted;
       counter.CountBoard(board, counted);
       SCOPED_TRACE(::testing::Message() << "shape " << shape << (weighted ? " weighted" : " whole"));
@@ -149,7 +149,7 @@ TEST(ThreeWayCounter, BoardsThatTieManyHoldingsAndFlushBoardsCountEveryDeal) {
     for (const Card card : Cards(text)) board |= DeckBit(card);
     Sets players;
     for (int p = 0; p < 3; ++p) players[p] = RandomSet(random, 150, 0, p == 1);
-    ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players)};
+    ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players), 1024};
     ThreeWayBoardSums counted;
     counter.CountBoard(board, counted);
     SCOPED_TRACE(text);
@@ -182,7 +182,7 @@ TEST(ThreeWayCounter, BoardsAlikeInTheCardsNoHoldingHoldsAreRecalledWithTheSameS
     std::sort(players[p].begin(), players[p].end(),
               [](const ThreeWayHolding& x, const ThreeWayHolding& y) { return x.number < y.number; });
   }
-  ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players)};
+  ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players), 1024};
   // Boards of low cards in every suit pattern, some with a high card or three of a suit.
   const std::vector<std::string> boards = {"2c5d9h3s7c", "2d5c9s3h7d", "2h5s9c3d7h", "2c5c9c3s7d",
                                            "2d5d9d3h7c", "2c5d9hTs7c", "2d5c9sTs7d", "2c5d9hTh7c",
