@@ -16,9 +16,13 @@
 //   equal value, with running totals (count and weight) over all of them and per card, so how many of them
 //   lose to, tie with or beat the best of the others, less those sharing a card with the chosen holdings,
 //   is read from the totals with one correction per chosen card and one back per pair of chosen cards that
-//   is itself a live holding. When the last player has few holdings every deal is walked instead. Exact
-//   results do not depend on the number of threads: the boards are cut into fixed slices, each slice is
-//   counted on its own and the slices are added in their order.
+//   is itself a live holding. When the last player has few holdings every deal is walked instead. Three
+//   players are counted without walking any of them (equity/multiway_three_way.h): all their holdings in
+//   value order, each against the pairs of the other two read from running totals. Boards that a
+//   permutation of the suits keeping every player's weights, the board and the dead cards maps onto each
+//   other are counted once, times their number (equity/board_symmetry.h). Exact results do not depend on
+//   the number of threads: the boards are cut into fixed slices, each slice is counted on its own and the
+//   slices are added in their order.
 // - Monte Carlo: each sample draws each player's holding by weight, throws the deal away when two of them
 //   share a card, then deals the players who may hold any holding (equal weights) two cards each and the
 //   rest of the board from the cards left. The standard error of each player's

@@ -143,6 +143,8 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
       }
     }
   }
+  sameHoldings12_ =
+      std::ranges::equal(kept[1], kept[2], [](const auto& x, const auto& y) { return x.number == y.number; });
   for (int i = 0; i < 3; ++i) {
     const int j = kThreeWayOthers[i][0];
     const int k = kThreeWayOthers[i][1];
@@ -414,36 +416,35 @@ void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums)
     sums.win[p] = static_cast<double>(won[i]);
     sums.tie[p] = static_cast<double>(tied[i]);
   }
-  // Every deal: each holding of the first player against the pairs of the other two.
-  int64_t weight = 0;
-  for (std::size_t place = 0; place < live; ++place) {
-    const Entry& e = entries_[order_[place] & 0x7FF];
-    if (e.weight[0] == 0) continue;
-    weight += int64_t{e.weight[0]} * Pairs(sideOf(below_, 1), sideOf(below_, 2),
-                                           pairKept_[2] ? &belowBoth_[2] : nullptr, pairSelfWeight_[2],
-                                           e.place1, e.place2);
-  }
+  // Every deal shares its pot out whole: six sixths of its weight in all.
+  __int128 allSixths = 0;
+  for (int p = 0; p < 3; ++p) allSixths += sixths[representative_[p]];
+  const auto weight = static_cast<int64_t>(allSixths / 6);
   sums.weight = static_cast<double>(weight);
   if (whole_) {
     sums.deals = static_cast<uint64_t>(weight / (int64_t{kFullWeight} * kFullWeight * kFullWeight));
   } else {
-    // The same count at weight 1 each.
+    // The same count at weight 1 each: each holding of the first player against the pairs of the other
+    // two (one side when they hold the same holdings).
+    Side& second = group_[1];
+    Side& third = sameHoldings12_ ? group_[1] : group_[2];
     for (std::size_t place = 0; place < live; ++place) {
       const Entry& e = entries_[order_[place] & 0x7FF];
-      if (e.weight[1] > 0) group_[1].Take(e.bits, e.place1, e.place2, 1);
-      if (e.weight[2] > 0) group_[2].Take(e.bits, e.place1, e.place2, 1);
-      if (e.weight[1] > 0 && e.weight[2] > 0) groupBoth_[ThreeWayPairOf(0)].Take(e.place1, e.place2, 1);
+      if (e.weight[1] > 0) second.Take(e.bits, e.place1, e.place2, 1);
+      if (sameHoldings12_) continue;
+      if (e.weight[2] > 0) third.Take(e.bits, e.place1, e.place2, 1);
+      if (e.weight[1] > 0 && e.weight[2] > 0) groupBoth_[2].Take(e.place1, e.place2, 1);
     }
     int64_t deals = 0;
     for (std::size_t place = 0; place < live; ++place) {
       const Entry& e = entries_[order_[place] & 0x7FF];
       if (e.weight[0] == 0) continue;
-      deals += Pairs(group_[1], group_[2], &groupBoth_[2], 0, e.place1, e.place2);
+      deals += Pairs(second, third, sameHoldings12_ ? nullptr : &groupBoth_[2], 1, e.place1, e.place2);
     }
     sums.deals = static_cast<uint64_t>(deals);
     group_[1].Clear();
     group_[2].Clear();
-    groupBoth_[ThreeWayPairOf(0)].Clear();
+    groupBoth_[2].Clear();
   }
   for (int p = 0; p < 3; ++p) {
     below_[p].Clear();

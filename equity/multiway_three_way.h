@@ -177,6 +177,7 @@ class ThreeWayCounter {
   std::size_t rememberedCount_ = 0;
   uint64_t boardsCounted_ = 0;
   uint64_t boardsRecalled_ = 0;
+  bool sameHoldings12_ = false;      // the second and third players hold the same holdings, whatever weights
   bool whole_ = true;                // every weight whole: the deals are the weight / 1e9
   std::vector<uint64_t> order_;      // value << 11 | entry, this board's live entries
   std::array<Side, 3> below_;        // the holdings worth less than the group swept
