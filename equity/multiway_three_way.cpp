@@ -15,6 +15,8 @@ constexpr int32_t kThreeWayWalkAtMost = 12;
 // Boards alike are looked for when at least this many cards are held by no holding.
 constexpr int kThreeWayRememberFromFree = 12;
 constexpr uint64_t kThreeWaySuitCards = 0x1FFF;
+// The most words of board orders a counter keeps (8 MB).
+constexpr std::size_t kMostOrderWords = std::size_t{1} << 22;
 
 // The other two players of player i, and the place of that pair among the pairs 01, 02, 12.
 constexpr std::array<std::array<int, 2>, 3> kThreeWayOthers = {{{1, 2}, {0, 2}, {0, 1}}};
@@ -130,6 +132,11 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
   if (std::popcount(~held_ & ((uint64_t{1} << kDeckSize) - 1)) >= kThreeWayRememberFromFree)
     remembered_.resize(std::min(kMostRemembered, std::bit_ceil(boards)));
   if (remembered_.size() < 64) remembered_.clear();
+  if (!remembered_.empty()) {
+    rememberedOrders_.resize(remembered_.size());
+    orders_.reserve(std::min(kMostOrderWords, remembered_.size() * entries_.size()));
+    signature_.reserve(entries_.size());
+  }
   slotOrder_.reserve(slots_.size());
   flushOrder_.reserve(entries_.size());
   for (int p = 0; p < 3; ++p) {
@@ -328,7 +335,8 @@ ThreeWayCounter::BoardKey ThreeWayCounter::KeyOf(uint64_t boardBits) const {
 void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
   ++boardsCounted_;
   if (remembered_.empty()) {
-    CountNewBoard(boardBits, sums);
+    Order(boardBits);
+    Sweep(sums);
     return;
   }
   const BoardKey key = KeyOf(boardBits);
@@ -343,7 +351,8 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
     }
     slot = (slot + 1) & mask;
   }
-  CountNewBoard(boardBits, sums);
+  Order(boardBits);
+  CountOrdered(sums);
   // Three quarters full: no more are kept.
   if (rememberedCount_ < remembered_.size() / 4 * 3) {
     remembered_[slot] = {key, true, sums};
@@ -351,9 +360,40 @@ void ThreeWayCounter::CountBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
   }
 }
 
-void ThreeWayCounter::CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums) {
+void ThreeWayCounter::CountOrdered(ThreeWayBoardSums& sums) {
+  signature_.clear();
+  uint64_t hash = 0x9E3779B97F4A7C15ull;
+  for (std::size_t place = 0; place < order_.size(); ++place) {
+    const bool starts = place > 0 && order_[place] >> 11 != order_[place - 1] >> 11;
+    const auto word = static_cast<uint16_t>((order_[place] & 0x7FF) | (starts ? 0x8000u : 0u));
+    signature_.push_back(word);
+    hash = (hash ^ word) * 0x100000001B3ull;
+    hash ^= hash >> 29;
+  }
+  const std::size_t mask = rememberedOrders_.size() - 1;
+  std::size_t slot = static_cast<std::size_t>(hash >> 40) & mask;
+  while (rememberedOrders_[slot].used) {
+    const RememberedOrder& kept = rememberedOrders_[slot];
+    if (kept.hash == hash && kept.length == signature_.size() &&
+        std::equal(signature_.begin(), signature_.end(), orders_.begin() + kept.start)) {
+      sums = kept.sums;
+      ++ordersRecalled_;
+      return;
+    }
+    slot = (slot + 1) & mask;
+  }
+  Sweep(sums);
+  if (rememberedOrderCount_ < rememberedOrders_.size() / 4 * 3 &&
+      orders_.size() + signature_.size() <= orders_.capacity()) {
+    rememberedOrders_[slot] = {hash, static_cast<uint32_t>(orders_.size()),
+                               static_cast<uint32_t>(signature_.size()), true, sums};
+    orders_.insert(orders_.end(), signature_.begin(), signature_.end());
+    ++rememberedOrderCount_;
+  }
+}
+
+void ThreeWayCounter::Sweep(ThreeWayBoardSums& sums) {
   sums = {};
-  Order(boardBits);
   // Whole numbers per representative (pots in sixths), so that the sums do not depend on the order the
   // holdings are met in.
   std::array<__int128, 3> won{};

@@ -57,6 +57,7 @@ class ThreeWayCounter {
   // Boards counted, and of them those answered from boards alike counted before.
   uint64_t BoardsCounted() const { return boardsCounted_; }
   uint64_t BoardsRecalled() const { return boardsRecalled_; }
+  uint64_t OrdersRecalled() const { return ordersRecalled_; }
 
  private:
   // The running totals of one player's holdings taken so far. The weights are whole numbers, kept as
@@ -143,7 +144,19 @@ class ThreeWayCounter {
   };
   static constexpr std::size_t kMostRemembered = std::size_t{1} << 16;
   BoardKey KeyOf(uint64_t boardBits) const;
-  void CountNewBoard(uint64_t boardBits, ThreeWayBoardSums& sums);
+  // A board's sums depend only on its live holdings in value order and where the value changes: boards
+  // with the same order share their sums too. An order is kept as its entries (bit 15 set where a new
+  // value starts) in `orders_`.
+  struct RememberedOrder {
+    uint64_t hash = 0;
+    uint32_t start = 0;
+    uint32_t length = 0;
+    bool used = false;
+    ThreeWayBoardSums sums;
+  };
+  // The sums of the board whose order is in order_, from a board of the same order or counted.
+  void CountOrdered(ThreeWayBoardSums& sums);
+  void Sweep(ThreeWayBoardSums& sums);
 
   // This board's live entries as value << 11 | entry, in rising value.
   void Order(uint64_t boardBits);
@@ -175,8 +188,13 @@ class ThreeWayCounter {
   uint64_t held_ = 0;                   // the cards some holding holds
   std::vector<Remembered> remembered_;  // open addressing by the key's hash; empty when not worth it
   std::size_t rememberedCount_ = 0;
+  std::vector<RememberedOrder> rememberedOrders_;  // open addressing by the order's hash
+  std::size_t rememberedOrderCount_ = 0;
+  std::vector<uint16_t> orders_;     // the orders kept, one after another (no more once its capacity is used)
+  std::vector<uint16_t> signature_;  // this board's order
   uint64_t boardsCounted_ = 0;
   uint64_t boardsRecalled_ = 0;
+  uint64_t ordersRecalled_ = 0;
   bool sameHoldings12_ = false;      // the second and third players hold the same holdings, whatever weights
   bool whole_ = true;                // every weight whole: the deals are the weight / 1e9
   std::vector<uint64_t> order_;      // value << 11 | entry, this board's live entries

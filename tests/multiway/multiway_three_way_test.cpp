@@ -209,6 +209,43 @@ TEST(ThreeWayCounter, BoardsAlikeInTheCardsNoHoldingHoldsAreRecalledWithTheSameS
   EXPECT_EQ(counter.BoardsRecalled(), 4u);
 }
 
+TEST(ThreeWayCounter, BoardsThatPutTheHoldingsInTheSameOrderShareTheirSums) {
+  // Holdings of tens to aces: a three on the board instead of a four changes no holding's place, nor which
+  // are level, so the second board is answered from the first; the third (a ten on the board) is not.
+  std::mt19937 random(9);
+  std::vector<int> high;
+  for (int number = 0; number < kHoldingCount; ++number) {
+    const auto cards = CardsOfHolding(number);
+    if (cards[0].rank >= 10 && cards[1].rank >= 10) high.push_back(number);
+  }
+  Sets players;
+  for (int p = 0; p < 3; ++p) {
+    std::shuffle(high.begin(), high.end(), random);
+    for (int i = 0; i < 20 + 15 * p; ++i)
+      players[p].push_back({high[static_cast<std::size_t>(i)], 100 + 30 * i});
+    std::sort(players[p].begin(), players[p].end(),
+              [](const ThreeWayHolding& x, const ThreeWayHolding& y) { return x.number < y.number; });
+  }
+  ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players), 1024};
+  for (const char* text : {"2c5d9h3s7c", "2c5d9h4s7c", "2c5d9hTs7c"}) {
+    uint64_t board = 0;
+    for (const Card card : Cards(text)) board |= DeckBit(card);
+    ThreeWayBoardSums counted;
+    counter.CountBoard(board, counted);
+    Sets live;
+    for (int p = 0; p < 3; ++p) {
+      for (const ThreeWayHolding& h : players[p]) {
+        const auto cards = CardsOfHolding(h.number);
+        if ((DeckBits(cards[0], cards[1]) & board) == 0) live[p].push_back(h);
+      }
+    }
+    SCOPED_TRACE(text);
+    ExpectSameSums(counted, WalkEveryDeal(live, board));
+  }
+  EXPECT_EQ(counter.BoardsRecalled(), 0u);
+  EXPECT_EQ(counter.OrdersRecalled(), 1u);
+}
+
 WeightedHoldingSet Range(const char* text) {
   return ParseWeightedRangeNotation(text).weights;
 }
