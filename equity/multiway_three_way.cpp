@@ -16,7 +16,7 @@ constexpr int32_t kThreeWayWalkAtMost = 12;
 constexpr int kThreeWayRememberFromFree = 12;
 constexpr uint64_t kThreeWaySuitCards = 0x1FFF;
 // The most words of board orders a counter keeps (8 MB).
-constexpr std::size_t kMostOrderWords = std::size_t{1} << 22;
+constexpr std::size_t kThreeWayMostOrderWords = std::size_t{1} << 22;
 
 // The other two players of player i, and the place of that pair among the pairs 01, 02, 12.
 constexpr std::array<std::array<int, 2>, 3> kThreeWayOthers = {{{1, 2}, {0, 2}, {0, 1}}};
@@ -24,7 +24,7 @@ constexpr int ThreeWayPairOf(int i) {
   return 2 - i;
 }
 
-// The value of a holding on a complete board whose rank state, suit counts and flush suit are read once.
+// A complete board read once: its rank state, suit counts and flush suit.
 struct ThreeWayReader {
   RankState state = StandardEvaluator::kNoRanks;
   SuitCounts suits;
@@ -40,14 +40,6 @@ struct ThreeWayReader {
       suits.Add(card);
     }
     flushSuit = suits.FlushSuit();
-  }
-  HandValue Value(Card a, Card b) const {
-    const StandardEvaluator& evaluator = StandardEvaluator::Get();
-    if (flushSuit >= 0) {
-      const int32_t count = suits.counts[flushSuit] + (a.suit == flushSuit) + (b.suit == flushSuit);
-      if (count >= 5) return evaluator.FlushValue(suits.ranks[flushSuit] | SuitRanksOf(a, b, flushSuit));
-    }
-    return evaluator.RankValue(evaluator.AddRank(evaluator.AddRank(state, a.rank), b.rank));
   }
 };
 
@@ -134,7 +126,7 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
   if (remembered_.size() < 64) remembered_.clear();
   if (!remembered_.empty()) {
     rememberedOrders_.resize(remembered_.size());
-    orders_.reserve(std::min(kMostOrderWords, remembered_.size() * entries_.size()));
+    orders_.reserve(std::min(kThreeWayMostOrderWords, remembered_.size() * entries_.size()));
     signature_.reserve(entries_.size());
   }
   slotOrder_.reserve(slots_.size());

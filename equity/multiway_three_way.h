@@ -13,7 +13,10 @@
 // walked instead (each of its holdings against the other side's totals less the holdings sharing one of four
 // cards).
 //
-// Players with the same weighted set share the work: the counts of one are those of the other.
+// Players with the same weighted set share the work: the counts of one are those of the other. A board
+// alike to one counted before (the same cards held by some holding, the other cards' ranks, no flush
+// suit among them), or one that puts the live holdings in the same order, level where they are level,
+// takes that board's sums.
 #pragma once
 
 #include <array>
