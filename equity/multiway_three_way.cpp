@@ -142,6 +142,21 @@ ThreeWayCounter::ThreeWayCounter(std::span<const std::vector<ThreeWayHolding>, 3
       }
     }
   }
+  // Every player holding every pair of one set of cards: the deals are counted by a product.
+  {
+    uint64_t cards = 0;
+    for (const ThreeWayHolding& h : kept[0]) {
+      const auto both = CardsOfHolding(h.number);
+      cards |= DeckBits(both[0], both[1]);
+    }
+    const auto sameAsFirst = [&](const std::vector<ThreeWayHolding>& other) {
+      return std::ranges::equal(kept[0], other,
+                                [](const auto& x, const auto& y) { return x.number == y.number; });
+    };
+    const auto n = static_cast<std::size_t>(std::popcount(cards));
+    if (sameAsFirst(kept[1]) && sameAsFirst(kept[2]) && kept[0].size() == n * (n - 1) / 2)
+      everyPairOf_ = cards;
+  }
   sameHoldings12_ =
       std::ranges::equal(kept[1], kept[2], [](const auto& x, const auto& y) { return x.number == y.number; });
   for (int i = 0; i < 3; ++i) {
@@ -243,6 +258,7 @@ int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common* both,
 }
 
 void ThreeWayCounter::Order(uint64_t boardBits) {
+  boardBits_ = boardBits;
   ThreeWayReader reader;
   reader.Set(boardBits);
   const StandardEvaluator& evaluator = StandardEvaluator::Get();
@@ -455,6 +471,12 @@ void ThreeWayCounter::Sweep(ThreeWayBoardSums& sums) {
   sums.weight = static_cast<double>(weight);
   if (whole_) {
     sums.deals = static_cast<uint64_t>(weight / (int64_t{kFullWeight} * kFullWeight * kFullWeight));
+  } else if (everyPairOf_ != 0) {
+    // Every player holds every pair of the cards left of one set: the ways to deal three pairs of them.
+    const int64_t k = std::popcount(everyPairOf_ & ~boardBits_);
+    sums.deals =
+        k < 6 ? 0
+              : static_cast<uint64_t>(k * (k - 1) / 2 * ((k - 2) * (k - 3) / 2) * ((k - 4) * (k - 5) / 2));
   } else {
     // The same count at weight 1 each: each holding of the first player against the pairs of the other
     // two (one side when they hold the same holdings).

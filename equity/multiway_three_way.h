@@ -198,6 +198,8 @@ class ThreeWayCounter {
   uint64_t boardsCounted_ = 0;
   uint64_t boardsRecalled_ = 0;
   uint64_t ordersRecalled_ = 0;
+  uint64_t everyPairOf_ = 0;         // the cards every player holds every pair of, when so; else 0
+  uint64_t boardBits_ = 0;           // the board ordered last
   bool sameHoldings12_ = false;      // the second and third players hold the same holdings, whatever weights
   bool whole_ = true;                // every weight whole: the deals are the weight / 1e9
   std::vector<uint64_t> order_;      // value << 11 | entry, this board's live entries

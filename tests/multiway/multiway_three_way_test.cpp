@@ -246,6 +246,49 @@ TEST(ThreeWayCounter, BoardsThatPutTheHoldingsInTheSameOrderShareTheirSums) {
   EXPECT_EQ(counter.OrdersRecalled(), 1u);
 }
 
+TEST(ThreeWayCounter, PlayersOfEveryPairOfOneSetOfCardsAtMixedWeightsCountEveryDeal) {
+  // Every pair of fourteen cards for each player, at weights of its own: the deals are counted from the
+  // cards left, the pots from the weights.
+  std::mt19937 random(3);
+  std::vector<int> places;
+  for (int place = 0; place < kDeckSize; ++place) places.push_back(place);
+  std::shuffle(places.begin(), places.end(), random);
+  places.resize(14);
+  std::sort(places.begin(), places.end());
+  Sets players;
+  for (int p = 0; p < 3; ++p) {
+    for (std::size_t j = 1; j < places.size(); ++j) {
+      for (std::size_t i = 0; i < j; ++i) {
+        players[p].push_back(
+            {places[j] * (places[j] - 1) / 2 + places[i], static_cast<int32_t>(1 + random() % 1000)});
+      }
+    }
+    std::sort(players[p].begin(), players[p].end(),
+              [](const ThreeWayHolding& x, const ThreeWayHolding& y) { return x.number < y.number; });
+  }
+  ThreeWayCounter counter{std::span<const std::vector<ThreeWayHolding>, 3>(players), 1024};
+  for (int b = 0; b < 4; ++b) {
+    // Boards that take none, one or two of the fourteen cards.
+    uint64_t board = 0;
+    for (int i = 0; i < b && i < 2; ++i) board |= uint64_t{1} << places[static_cast<std::size_t>(i)];
+    while (std::popcount(board) < 5) {
+      const int place = static_cast<int>(random() % kDeckSize);
+      if (std::find(places.begin(), places.end(), place) == places.end()) board |= uint64_t{1} << place;
+    }
+    ThreeWayBoardSums counted;
+    counter.CountBoard(board, counted);
+    Sets live;
+    for (int p = 0; p < 3; ++p) {
+      for (const ThreeWayHolding& h : players[p]) {
+        const auto cards = CardsOfHolding(h.number);
+        if ((DeckBits(cards[0], cards[1]) & board) == 0) live[p].push_back(h);
+      }
+    }
+    SCOPED_TRACE(b);
+    ExpectSameSums(counted, WalkEveryDeal(live, board));
+  }
+}
+
 WeightedHoldingSet Range(const char* text) {
   return ParseWeightedRangeNotation(text).weights;
 }
