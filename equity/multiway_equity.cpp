@@ -7,12 +7,15 @@
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <thread>
 
 #include "cards/holding.h"
+#include "equity/board_symmetry.h"
 #include "equity/enumeration.h"
 #include "equity/multiway_sampling.h"
+#include "equity/multiway_three_way.h"
 #include "equity/standard_evaluator.h"
 
 namespace quillet {
@@ -85,6 +88,29 @@ struct Sums {
     }
     weight += other.weight;
     deals += other.deals;
+  }
+  // Adds `times` copies of one board's sums.
+  void AddTimes(const Sums& other, int count, uint32_t times) {
+    const double factor = times;
+    for (int i = 0; i < count; ++i) {
+      players[i].equity += other.players[i].equity * factor;
+      players[i].square += other.players[i].square * factor;
+      players[i].win += other.players[i].win * factor;
+      players[i].tie += other.players[i].tie * factor;
+    }
+    weight += other.weight * factor;
+    deals += other.deals * times;
+  }
+  // Adds `times` copies of a board's three-player sums (weights in thousandths of each of the three).
+  void AddThreeWay(const ThreeWayBoardSums& board, uint32_t times) {
+    const double factor = times / (static_cast<double>(kFullWeight) * kFullWeight * kFullWeight);
+    for (int i = 0; i < 3; ++i) {
+      players[i].equity += board.equity[i] * factor;
+      players[i].win += board.win[i] * factor;
+      players[i].tie += board.tie[i] * factor;
+    }
+    weight += board.weight * factor;
+    deals += board.deals * times;
   }
 };
 
@@ -340,18 +366,6 @@ class ExactWalk {
   std::array<HandValue, kMultiwayMaxPlayers> values_{};
 };
 
-// Every set of `take` cards of `deck` (deck bits), each as a mask.
-void ListBoards(const std::vector<int>& deck, int take, std::size_t from, uint64_t partial,
-                std::vector<uint64_t>& out) {
-  if (take == 0) {
-    out.push_back(partial);
-    return;
-  }
-  for (std::size_t i = from; i + static_cast<std::size_t>(take) <= deck.size(); ++i) {
-    ListBoards(deck, take - 1, i + 1, partial | uint64_t{1} << deck[i], out);
-  }
-}
-
 // Whether the players can be dealt holdings that share no card (a bounded search: after many steps without
 // an answer a deal is taken to exist, and the count finds out).
 bool SomeDealExists(const std::vector<Player>& players, std::size_t p, uint64_t used, int64_t& steps) {
@@ -467,9 +481,21 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
                 order.end());
     std::vector<Player> ordered;
     for (int p : order) ordered.push_back(players[p]);
+    // One board of each class that a suit symmetry of the players, the board and the dead cards maps onto
+    // each other, counted times its class.
+    const std::vector<SuitPermutation> symmetries = SuitSymmetries(ranges, boardBits, deadBits);
+    uint64_t deckBits = 0;
+    for (const int index : deck) deckBits |= uint64_t{1} << index;
     std::vector<uint64_t> boardList;
-    boardList.reserve(static_cast<std::size_t>(boards));
-    ListBoards(deck, coming, 0, boardBits, boardList);
+    std::vector<uint32_t> boardTimes;
+    ListSymmetricBoards(deckBits, coming, boardBits, symmetries, boardList, boardTimes);
+    // Three players are counted from running totals over their holdings in value order.
+    std::array<std::vector<ThreeWayHolding>, 3> threeWay;
+    if (count == 3) {
+      for (int p = 0; p < 3; ++p) {
+        for (const Holding& h : ordered[p].holdings) threeWay[p].push_back({h.number, h.weight});
+      }
+    }
     const std::size_t slices = (boardList.size() + kSliceBoards - 1) / kSliceBoards;
     std::vector<Sums> sliceSums(slices);
     std::atomic<std::size_t> next{0};
@@ -480,6 +506,11 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
       for (int t = 0; t < threads; ++t) {
         workers.emplace_back([&] {
           ExactWalk walk(ordered);
+          std::unique_ptr<ThreeWayCounter> threeWayCounter;
+          if (count == 3)
+            threeWayCounter = std::make_unique<ThreeWayCounter>(threeWay, boardList.size() / threads + 1);
+          Sums boardSums;
+          ThreeWayBoardSums threeWaySums;
           for (;;) {
             const std::size_t slice = next.fetch_add(1);
             if (slice >= slices || stop.load()) break;
@@ -488,7 +519,16 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
             // Asked to stop, a slice ends at the next board (its count is not used).
             for (std::size_t b = slice * kSliceBoards; b < end && !stop.load(std::memory_order_relaxed);
                  ++b) {
-              walk.CountBoard(boardList[b], sums);
+              if (threeWayCounter) {
+                threeWayCounter->CountBoard(boardList[b], threeWaySums);
+                sums.AddThreeWay(threeWaySums, boardTimes[b]);
+              } else if (boardTimes[b] == 1) {
+                walk.CountBoard(boardList[b], sums);
+              } else {
+                boardSums = {};
+                walk.CountBoard(boardList[b], boardSums);
+                sums.AddTimes(boardSums, count, boardTimes[b]);
+              }
             }
             dealsDone += sums.deals;
             if (done.fetch_add(1) + 1 == slices) {

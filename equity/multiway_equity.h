@@ -16,9 +16,13 @@
 //   equal value, with running totals (count and weight) over all of them and per card, so how many of them
 //   lose to, tie with or beat the best of the others, less those sharing a card with the chosen holdings,
 //   is read from the totals with one correction per chosen card and one back per pair of chosen cards that
-//   is itself a live holding. When the last player has few holdings every deal is walked instead. Exact
-//   results do not depend on the number of threads: the boards are cut into fixed slices, each slice is
-//   counted on its own and the slices are added in their order.
+//   is itself a live holding. When the last player has few holdings every deal is walked instead. Three
+//   players are counted without walking any of them (equity/multiway_three_way.h): all their holdings in
+//   value order, each against the pairs of the other two read from running totals. Boards that a
+//   permutation of the suits keeping every player's weights, the board and the dead cards maps onto each
+//   other are counted once, times their number (equity/board_symmetry.h). Exact results do not depend on
+//   the number of threads: the boards are cut into fixed slices, each slice is counted on its own and the
+//   slices are added in their order.
 // - Monte Carlo (multiway_sampling.h): each sample draws a deal of holdings by weight (a deal where two
 //   players share a card is thrown away) and values it on a few boards from the cards left; what it adds
 //   to each player is the player's expected pot share over every way of handing the same holdings to the

@@ -1232,12 +1232,13 @@ journey_multiway() {
   xdotool key Return
   expect_message "Player 3 is invalid: unknown token 'AKx' at column 6"
   activate "$mw"
-  # A long run: three ranges preflop, every deal counted (a billion deals); Stop while it runs.
-  replace_text "99, 8s8h, 8d8c, 8s8d"
+  # A long run: three ranges preflop whose holdings hold nearly every card of the deck, so that no two
+  # boards are alike, every deal counted (925 million deals); Stop while it runs.
+  replace_text "9h8c, 7d6s, 5c4h, 3s2d, AsKd, QhJc, Td9s, 8d7h, 6c5s"
   xdotool key shift+Tab shift+Tab
-  replace_text "JJ, TsTh, TdTc, TsTd"
+  replace_text "5s4s, 3h2h, AdKd, QcJc, Ts9s, 8h7h, 6d5d, 4c3c, 2sAs"
   xdotool key shift+Tab shift+Tab
-  replace_text "KK, QsQh, QdQc, QsQd"
+  replace_text "AhKh, QdJd, Tc9c, 8s7s, 6h5h, 4d3d, 2cAc, KsQs, JhTh"
   xclip -selection clipboard -i /dev/null
   xdotool key Return
   sleep 0.5
