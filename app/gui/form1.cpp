@@ -382,8 +382,9 @@ void Form1::ConnectEvents() {
           [this](int index) { Act([this, index] { model_.picSuit_Click(index); }); });
 
   // The range text: every edit is the box's change; key releases and clicks go to their handlers.
-  connect(txtRange_, &QLineEdit::textEdited, this,
-          [this](const QString& text) { Act([this, text] { model_.grid().SetRangeText(ToStdString(text)); }); });
+  connect(txtRange_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    Act([this, text] { model_.grid().SetRangeText(ToStdString(text)); });
+  });
   txtRange_->installEventFilter(this);
 
   // The slider: a move by the mouse applies at once; the keyboard moves it and the timer applies it.
@@ -513,7 +514,8 @@ void Form1::Refresh() {
   lblSeen_->setVisible(model_.grid().lblSeenVisible);
 
   lblMyEquity_->setText(ToQString(model_.results().lblMyEquity.caption));
-  ShowLabelBackground(*lblMyEquity_, model_.results().lblMyEquity.opaque, model_.results().lblMyEquity.backColour);
+  ShowLabelBackground(*lblMyEquity_, model_.results().lblMyEquity.opaque,
+                      model_.results().lblMyEquity.backColour);
   lbloppEquity_->setText(ToQString(model_.results().lbloppEquity.caption));
   for (const auto& [label, mine] : {std::pair{lblMyEquity_, true}, std::pair{lbloppEquity_, false}}) {
     const QString tip = ToQString(model_.results().EquityToolTip(mine));

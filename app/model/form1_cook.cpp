@@ -67,8 +67,8 @@ void Form1Model::cmdCheckPossibleHands_Click() {
   results_.cookLiveCount = cooked.liveCount;
   // The combinations the holdings make: with whole weights the counts themselves, else "12.5".
   results_.lblCheckPossibleHands = CombosText(cooked.rangeWeight) + " Hands in Opponent's Range\r\n" +
-                          CombosText(cooked.liveWeight) + " Possible Hands\r\n" +
-                          CombosText(results_.categories.categorisedWeight) + " Hands in categories";
+                                   CombosText(cooked.liveWeight) + " Possible Hands\r\n" +
+                                   CombosText(results_.categories.categorisedWeight) + " Hands in categories";
 
   // "Auto Calc Equity on Cook": the equity command runs with all its own checks and messages.
   if (options.calcEquityOnCook) cmdCalcEquity_Click();

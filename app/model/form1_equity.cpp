@@ -96,7 +96,8 @@ void Form1Model::CalcMyRangeEquity() {
   const EquityResult values = EquityFromTally(result.tally);  // -1 and -1 without a showdown
   results_.ShowEquityReadOuts(values, cards.street, true);
   if (result.tally.Showdowns() == 0) {
-    results_.lblMyEquity.toolTip = ShowdownTallyText(result.tally) + ": " + NoShowdownReason(result, mine, theirs);
+    results_.lblMyEquity.toolTip =
+        ShowdownTallyText(result.tally) + ": " + NoShowdownReason(result, mine, theirs);
     results_.lbloppEquity.toolTip = results_.lblMyEquity.toolTip;
   } else {
     results_.lblMyEquity.toolTip = ShowdownTallyText(result.tally);
@@ -131,7 +132,8 @@ void Form1Model::lbloppEquity_MouseUp(int button) {
 }
 
 void Form1Model::mnuCopyEquity_Click() {
-  const std::string& shown = results_.equityMenuOfMine ? results_.lblMyEquity.caption : results_.lbloppEquity.caption;
+  const std::string& shown =
+      results_.equityMenuOfMine ? results_.lblMyEquity.caption : results_.lbloppEquity.caption;
   if (!shown.empty()) services.SetClipboardText(shown);
 }
 

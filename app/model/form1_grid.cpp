@@ -32,7 +32,8 @@ void Form1Model::SetBlockColours() {
 
 Colour Form1Model::ShownBlockColour(int index) const {
   if (!IsBlockIndex(index)) return 0;
-  if (results_.heatMap && (*results_.heatMap)[index]) return HeatMapColour((*results_.heatMap)[index]->equity);
+  if (results_.heatMap && (*results_.heatMap)[index])
+    return HeatMapColour((*results_.heatMap)[index]->equity);
   return grid_.blockColour[index];
 }
 

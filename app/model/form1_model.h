@@ -89,13 +89,6 @@ inline constexpr int kCommandLabelCount = 14;
 // What a command label does, with its key where it has one (form1_tooltips.cpp).
 std::string CommandLabelToolTip(CommandLabel label);
 
-
-
-
-
-
-
-
 // The window's width is fixed and its height has a floor (twips, 15 to a pixel).
 inline constexpr int kWindowWidth = 13545;
 inline constexpr int kWindowMinHeight = 8010;

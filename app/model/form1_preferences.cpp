@@ -86,7 +86,7 @@ bool Form1Model::SavePreferences() {
       return true;
     }
     if (!AskToRetryLockedSave(
-            services,             PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath))))
+            services, PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath))))
       return false;
   }
 }

@@ -11,7 +11,8 @@ namespace quillet {
 void Form1Model::txtRange_KeyUp(int keyCode) {
   const RangeStep rangeStep(*this);
   // Input stays red until Enter accepts it.
-  const std::optional<PreflopStep> step = keyCode == kKeyEnter ? TopOfOrderStep(grid_.txtRange.text) : std::nullopt;
+  const std::optional<PreflopStep> step =
+      keyCode == kKeyEnter ? TopOfOrderStep(grid_.txtRange.text) : std::nullopt;
   if (!step) {
     grid_.txtRange.foreColour = kRejectedTextColour;
     return;

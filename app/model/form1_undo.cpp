@@ -56,7 +56,7 @@ std::optional<RangeSnapshot> Form1Model::CurrentRangeSnapshot(bool asLastChangeL
   const std::optional<RangeSnapshot>& last = rangeHistory.lastWithProfile;
   if (profile == nullptr) return last;
   RangeSnapshot now{profiles_.currentIndex, profile->name,      profile->rangeLayer, profile->seenLayer,
-                    profile->onWeights,  profile->rangeText, grid_.Slider1.value};
+                    profile->onWeights,     profile->rangeText, grid_.Slider1.value};
   if (asLastChangeLeftIt && last && last->SameRange(now)) {
     // A percentage typed but not yet entered, or a slider moved but not yet applied, is no range of its
     // own: the step keeps the text and place the range had.

@@ -54,7 +54,6 @@ int32_t MeanPartWeight(bool partial, int64_t sum, int count) {
   return std::clamp(mean, 1, kFullWeight - 1);
 }
 
-
 constexpr std::string_view kSuitNames[4] = {"clubs", "diamonds", "hearts", "spades"};
 
 }  // namespace
@@ -206,7 +205,7 @@ void GridModel::RefreshSuitMatrix(bool scan) {
   const auto& cells = SuitMatrixCells();
   for (int k = 0; k < kSuitMatrixCells; ++k) {
     comboShown[k] = (pairPresent && cells[k].pair) || (suitedPresent && cells[k].suited) ||
-                         (offsuitPresent && cells[k].offsuit);
+                    (offsuitPresent && cells[k].offsuit);
   }
   // Cells stay on screen when a click takes their holding out, so that a second click can put it back.
   matrixCellVisible = comboShown;
@@ -237,8 +236,7 @@ bool GridModel::ClearLayers(bool on, bool seen) {
 }
 
 std::string GridModel::SuitCellToolTip(int cell) const {
-  if (cell < 0 || cell >= kSuitMatrixCells || !matrixCellVisible[static_cast<std::size_t>(cell)])
-    return {};
+  if (cell < 0 || cell >= kSuitMatrixCells || !matrixCellVisible[static_cast<std::size_t>(cell)]) return {};
   const SuitMatrixCell& suits = SuitMatrixCells()[static_cast<std::size_t>(cell)];
   const std::string pair = suits.suit1 == suits.suit2
                                ? "Both " + std::string(kSuitNames[suits.suit1])

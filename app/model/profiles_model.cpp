@@ -76,8 +76,7 @@ bool ProfilesModel::LoadProfiles() {
     case ProfileFileContents::Status::Faulty: {
       // Keep the unreadable file before anything can overwrite it, and carry on with what was read.
       std::string text = file.error->message + "\r\n\r\n" +
-                         KeepUnreadableFileAside(path, file.bytes.empty() ? nullptr : &file.bytes) +
-                         " ";
+                         KeepUnreadableFileAside(path, file.bytes.empty() ? nullptr : &file.bytes) + " ";
       text += file.profiles.empty() ? std::string("No profiles could be loaded from it.")
                                     : "The " + ProfilesCount(file.profiles.size()) + " before the fault " +
                                           (file.profiles.size() == 1 ? "was" : "were") + " loaded.";

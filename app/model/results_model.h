@@ -58,8 +58,8 @@ class ResultsModel {
   // ---- state ----
   Categories categories;  // the last cook's result
   // The last cook's counts, set with the caption.
-  int32_t cookRangeCount = 0;  // holdings taken from the grid
-  int32_t cookLiveCount = 0;   // of those, the ones that use no card of My Hand or the Board
+  int32_t cookRangeCount = 0;         // holdings taken from the grid
+  int32_t cookLiveCount = 0;          // of those, the ones that use no card of My Hand or the Board
   std::string lblCheckPossibleHands;  // the cook's three-line caption
   ResultsTree TV;
   // Which nodes of TV are checked (by flat index), while "Check Boxes" is ticked; every rebuild of the
