@@ -105,6 +105,9 @@ struct WindowGeometry {
 class Form1Model {
  public:
   explicit Form1Model(WindowServices& services);
+  // The sub-models and the other windows' models hold on to this one's members: it is never copied.
+  Form1Model(const Form1Model&) = delete;
+  Form1Model& operator=(const Form1Model&) = delete;
 
   // ---- start-up and shutdown (form1_model.cpp) ----
   // Composes the file paths from `programFolder` and runs the start-up sequence. Returns false when the
