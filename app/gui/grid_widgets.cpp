@@ -86,7 +86,7 @@ int HandGridWidget::BlockAt(QPoint point) const {
 bool HandGridWidget::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const int block = BlockAt(static_cast<QHelpEvent*>(event)->pos());
-  return ShowAreaToolTip(this, event, model_.BlockToolTip(block), BlockRect(block));
+  return ShowAreaToolTip(this, event, model_.grid().BlockToolTip(block), BlockRect(block));
 }
 
 void HandGridWidget::paintEvent(QPaintEvent*) {
@@ -98,7 +98,7 @@ void HandGridWidget::paintEvent(QPaintEvent*) {
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
     const QRect cell = BlockRect(i).adjusted(0, 0, -1, -1);
-    const QColor fill = ToQColor(model_.ShownBlockColour(i), palette());
+    const QColor fill = ToQColor(model_.grid().ShownBlockColour(i), palette());
     const int32_t partWeight = model_.grid().blockPartWeight[i];
     QColor text = fill;
     if (partWeight == 0) {

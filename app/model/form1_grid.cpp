@@ -5,7 +5,6 @@
 #include "cards/hand_class.h"
 #include "cards/holding.h"
 #include "range/grid_colours.h"
-#include "range/heat_colours.h"
 #include "range/holding_set.h"
 
 namespace quillet {
@@ -28,13 +27,6 @@ void Form1Model::SetBlockColours() {
   }
   grid_.RefreshShownWeights();
   grid_.WriteRangeNotation();
-}
-
-Colour Form1Model::ShownBlockColour(int index) const {
-  if (!IsBlockIndex(index)) return 0;
-  if (results_.heatMap && (*results_.heatMap)[index])
-    return HeatMapColour((*results_.heatMap)[index]->equity);
-  return grid_.blockColour[index];
 }
 
 void Form1Model::PFHand_MouseUp(int index, int button, int shift) {

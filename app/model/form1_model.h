@@ -351,13 +351,6 @@ class Form1Model {
   void mnuBoardsReport_Click();
 
   // ---- tooltips (form1_tooltips.cpp): what the window shows while the pointer rests on a control ----
-  // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
-  // range"), with the mean weight of the On holdings when it is below 1 ("AQs: 4 of 4 in range at 50 %";
-  // "at 37.5 % on average" when their weights differ).
-  std::string BlockToolTip(int index) const;
-  // What block `index` shows: its heat-map colour while the heat map has an equity for it, else its
-  // block colour (form1_grid.cpp).
-  Colour ShownBlockColour(int index) const;
   // My Hand: empty, except while its text would be read as a range if "Standard Showdown Rules" were
   // ticked (it is not): then it says so.
   std::string MyHandToolTip() const;
@@ -396,8 +389,8 @@ class Form1Model {
 
  private:
   ProfilesModel profiles_{services};
-  GridModel grid_{profiles_, scheme};
   ResultsModel results_{options};
+  GridModel grid_{profiles_, scheme, results_.heatMap};
 };
 
 }  // namespace quillet

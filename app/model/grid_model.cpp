@@ -3,11 +3,13 @@
 #include "app/model/grid_model.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "cards/hand_class.h"
 #include "cards/holding.h"
 #include "cards/preflop_order.h"
 #include "range/grid_colours.h"
+#include "range/heat_colours.h"
 #include "range/holding_set.h"
 #include "range/range_notation.h"
 #include "range/range_text.h"
@@ -55,6 +57,42 @@ int32_t MeanPartWeight(bool partial, int64_t sum, int count) {
 }
 
 constexpr std::string_view kSuitNames[4] = {"clubs", "diamonds", "hearts", "spades"};
+
+int HoldingsOfKind(int32_t kind) {
+  switch (kind) {
+    case kKindPair:
+      return 6;
+    case kKindSuited:
+      return 4;
+    default:
+      return 12;
+  }
+}
+
+// " at 50 %" for the On-layer holdings of a block's record under `weights`: their mean weight, rounded to
+// a tenth of a per cent, when it is below 1, with " on average" when they differ; empty when all are whole.
+std::string BlockWeightText(const BlockRecord& record, int classNumber, const PartialWeights& weights) {
+  BlockRecord probe = record;
+  const ClassHoldings& holdings = HoldingsOfClass(classNumber);
+  int64_t sum = 0;
+  int count = 0;
+  bool partial = false;
+  bool mixed = false;
+  int first = -1;
+  for (int k = 0; k < holdings.count; ++k) {
+    const ClassHolding& h = holdings.holdings[k];
+    if (!SetBlockSuitPair(probe, h.suit1, h.suit2, true, true)) continue;
+    const int w = OnHoldingWeight(weights, h.number);
+    partial = partial || w < kFullWeight;
+    mixed = mixed || (first >= 0 && w != first);
+    if (first < 0) first = w;
+    sum += w;
+    ++count;
+  }
+  if (!partial || count == 0) return {};
+  // Thousandths of a whole are tenths of a per cent.
+  return " at " + FormatTenths((sum + count / 2) / count) + " %" + (mixed ? " on average" : "");
+}
 
 }  // namespace
 
@@ -233,6 +271,35 @@ bool GridModel::ClearLayers(bool on, bool seen) {
   }
   DeselectAllBlocks();
   return true;
+}
+
+Colour GridModel::ShownBlockColour(int index) const {
+  if (!IsBlockIndex(index)) return 0;
+  if (heatMap_ && (*heatMap_)[index]) return HeatMapColour((*heatMap_)[index]->equity);
+  return blockColour[index];
+}
+
+std::string GridModel::BlockToolTip(int index) const {
+  if (index < 0 || index >= kClassCount) return {};
+  const HandClass& block = HandClasses()[static_cast<std::size_t>(index)];
+  const int holdings = HoldingsOfKind(block.kind);
+  const PlayerProfile* profile = profiles_.currentProfile();
+  const int on = profile != nullptr ? profile->rangeLayer[static_cast<std::size_t>(index)].count : 0;
+  const int seen = profile != nullptr ? profile->seenLayer[static_cast<std::size_t>(index)].count : 0;
+  std::string text =
+      block.caption + ": " + std::to_string(on) + " of " + std::to_string(holdings) + " in range";
+  if (on > 0)
+    text += BlockWeightText(profile->rangeLayer[static_cast<std::size_t>(index)], index, profile->onWeights);
+  if (seen > 0)
+    text += "; " + std::to_string(seen) + " of " + std::to_string(holdings) + " in the Seen layer";
+  if (heatMap_ && (*heatMap_)[static_cast<std::size_t>(index)]) {
+    const ClassEquity& heat = *(*heatMap_)[static_cast<std::size_t>(index)];
+    char equity[32];
+    std::snprintf(equity, sizeof equity, "%.1f", heat.equity);
+    text += "; my equity " + std::string(equity) + " % against its " + std::to_string(heat.holdings) +
+            (heat.holdings == 1 ? " live holding" : " live holdings");
+  }
+  return text;
 }
 
 std::string GridModel::SuitCellToolTip(int cell) const {

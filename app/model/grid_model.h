@@ -7,11 +7,13 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "app/model/form1_controls.h"
 #include "app/model/profiles_model.h"
 #include "cards/hand_class.h"
+#include "equity/class_equity.h"
 #include "range/block_record.h"
 #include "range/colour.h"
 #include "range/colour_scheme.h"
@@ -59,8 +61,10 @@ inline int32_t KindOfBlock(int index) {
 
 class GridModel : public GridState {
  public:
-  // The grid edits the layers of `profiles`' current profile and takes its colours from `scheme`.
-  GridModel(ProfilesModel& profiles, const ColourScheme& scheme) : profiles_(profiles), scheme_(scheme) {}
+  // The grid edits the layers of `profiles`' current profile, takes its colours from `scheme` and shows
+  // `heatMap` (the last Calc Equity's, kept with the results) over the blocks while it holds an equity.
+  GridModel(ProfilesModel& profiles, const ColourScheme& scheme, const std::optional<ClassEquities>& heatMap)
+      : profiles_(profiles), scheme_(scheme), heatMap_(heatMap) {}
 
   // ---- blocks and selection ----
   // Fills the base colours of the 169 blocks from the colour scheme.
@@ -92,6 +96,13 @@ class GridModel : public GridState {
   void RefreshShownWeights();
   // The suit matrix's cells from the kinds of the selected blocks (`scan`: look at the selection again).
   void RefreshSuitMatrix(bool scan);
+  // What block `index` shows: its heat-map colour while the heat map has an equity for it, else its
+  // block colour.
+  Colour ShownBlockColour(int index) const;
+  // A grid block: its class and how many of its holdings the On and Seen layers hold ("AKs: 4 of 4 in
+  // range"), with the mean weight of the On holdings when it is below 1 ("AQs: 4 of 4 in range at 50 %";
+  // "at 37.5 % on average" when their weights differ), and its heat-map equity while there is one.
+  std::string BlockToolTip(int index) const;
   // A suit-matrix cell: its suit pair and what a click on it does to the selected blocks.
   std::string SuitCellToolTip(int cell) const;
 
@@ -124,6 +135,7 @@ class GridModel : public GridState {
  private:
   ProfilesModel& profiles_;
   const ColourScheme& scheme_;
+  const std::optional<ClassEquities>& heatMap_;
 };
 
 }  // namespace quillet

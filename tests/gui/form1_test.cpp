@@ -550,7 +550,7 @@ void Form1Test::equityHeatMapColoursTheBlocksAfterCalcEquityAndUntickedLeavesThe
   QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(50.0), form.palette())), QColor(Qt::black));
   QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(100.0), form.palette())), QColor(Qt::white));
   // The tooltip of a block carries my equity against it.
-  QVERIFY(s.model.BlockToolTip(FindClassByName("AA")).find("live holdings") != std::string::npos);
+  QVERIFY(s.model.grid().BlockToolTip(FindClassByName("AA")).find("live holdings") != std::string::npos);
 
   ClickDisplayOption(form, "mnuEquityHeatMap");
   QVERIFY(!option->isChecked());

@@ -96,10 +96,10 @@ void WeightBoxTest::aTypedWeightPaintsTheNextClickAndTheBlockShowsIt() {
   QCOMPARE(s.model.grid().txtWeight, 500);
   ClickBlock(form, "AQs");
   QCOMPARE(form.txtNotation()->text(), QStringLiteral("AQs:0.5"));
-  QCOMPARE(s.model.BlockToolTip(FindClassByName("AQs")), std::string("AQs: 4 of 4 in range at 50 %"));
+  QCOMPARE(s.model.grid().BlockToolTip(FindClassByName("AQs")), std::string("AQs: 4 of 4 in range at 50 %"));
   // Half filled: the block's colour at the bottom, its base colour at the top.
   const int aqs = FindClassByName("AQs");
-  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.ShownBlockColour(aqs)));
+  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.grid().ShownBlockColour(aqs)));
   QCOMPARE(BlockTop(form, "AQs"), ModelColour(s.model.grid().baseColour[aqs]));
   QVERIFY(BlockTop(form, "AQs") != BlockBottom(form, "AQs"));
   // The box keeps its value for the next click.
@@ -112,8 +112,8 @@ void WeightBoxTest::aWholeBlockIsFilledAsBefore() {
   Form1& form = *s.form;
   ClickBlock(form, "AQs");
   const int aqs = FindClassByName("AQs");
-  QCOMPARE(BlockTop(form, "AQs"), ModelColour(s.model.ShownBlockColour(aqs)));
-  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.ShownBlockColour(aqs)));
+  QCOMPARE(BlockTop(form, "AQs"), ModelColour(s.model.grid().ShownBlockColour(aqs)));
+  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.grid().ShownBlockColour(aqs)));
   QCOMPARE(form.txtNotation()->text(), QStringLiteral("AQs"));
 }
 

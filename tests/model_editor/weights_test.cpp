@@ -59,7 +59,7 @@ TEST_F(WeightsInTheEditor, AGridClickPaintsTheBlockAtTheBoxWeight) {
   form.PFHand_MouseUp(Block("AQs"), kLeftButton, 0);
   EXPECT_EQ(OnWeights(), ClassAt("AQs", 500));
   EXPECT_EQ(form.grid().blockPartWeight[Block("AQs")], 500);
-  EXPECT_EQ(form.BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range at 50 %");
+  EXPECT_EQ(form.grid().BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range at 50 %");
   EXPECT_EQ(form.grid().txtNotation.text, "AQs:0.5");
   // Every other block shows as before.
   for (int i = 0; i < kClassCount; ++i) {
@@ -73,7 +73,7 @@ TEST_F(WeightsInTheEditor, AtAWholeWeightABlockLooksAndReadsAsBefore) {
   form.PFHand_MouseUp(Block("AQs"), kLeftButton, 0);
   EXPECT_EQ(OnWeights(), ClassAt("AQs", kFullWeight));
   EXPECT_EQ(form.grid().blockPartWeight[Block("AQs")], 0);
-  EXPECT_EQ(form.BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range");
+  EXPECT_EQ(form.grid().BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range");
   EXPECT_EQ(form.grid().txtNotation.text, "AQs");
   EXPECT_FALSE(HasPartialWeights(form.profiles().list[0]));
 }
@@ -154,7 +154,7 @@ TEST_F(WeightsInTheEditor, ASuitCellPutsItsHoldingBackAtTheBoxWeight) {
   EXPECT_EQ(WeightOf("AsKs"), kFullWeight);
   // The block's mean: (3 x 100 % + 50 %) / 4.
   EXPECT_EQ(form.grid().blockPartWeight[Block("AKs")], 875);
-  EXPECT_EQ(form.BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range at 87.5 % on average");
+  EXPECT_EQ(form.grid().BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range at 87.5 % on average");
   // The cell shows its holding's weight; the others are whole.
   EXPECT_EQ(form.grid().matrixCellPartWeight[hearts], 500);
   EXPECT_EQ(form.grid().matrixCellPartWeight[CellOf(3, 3)], 0);
@@ -178,7 +178,7 @@ TEST_F(WeightsInTheEditor, TheSeenLayerIsUnweighted) {
   EXPECT_EQ(seenLayer()[Block("QQ")].count, 6);
   EXPECT_FALSE(AnyWeightKept(form.profiles().list[0].onWeights));
   EXPECT_EQ(form.grid().blockPartWeight[Block("QQ")], 0);
-  EXPECT_EQ(form.BlockToolTip(Block("QQ")), "QQ: 0 of 6 in range; 6 of 6 in the Seen layer");
+  EXPECT_EQ(form.grid().BlockToolTip(Block("QQ")), "QQ: 0 of 6 in range; 6 of 6 in the Seen layer");
   for (int k = 0; k < 16; ++k) EXPECT_EQ(form.grid().matrixCellPartWeight[k], 0) << k;
 }
 
@@ -188,8 +188,8 @@ TEST_F(WeightsInTheEditor, TheRangeBoxTakesAndShowsWeightedNotation) {
   EXPECT_EQ(OnWeights(), Read(typed));
   EXPECT_EQ(form.grid().txtNotation.foreColour, kWindowTextColour);
   EXPECT_EQ(Read(form.grid().txtNotation.text), Read(typed));  // the box writes it back in its own words
-  EXPECT_EQ(form.BlockToolTip(Block("KK")), "KK: 1 of 6 in range at 50 %");
-  EXPECT_EQ(form.BlockToolTip(Block("QQ")), "QQ: 1 of 6 in range");
+  EXPECT_EQ(form.grid().BlockToolTip(Block("KK")), "KK: 1 of 6 in range at 50 %");
+  EXPECT_EQ(form.grid().BlockToolTip(Block("QQ")), "QQ: 1 of 6 in range");
   EXPECT_EQ(form.grid().blockPartWeight[Block("JTs")], 250);
 }
 

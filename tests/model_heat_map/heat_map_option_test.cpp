@@ -56,13 +56,13 @@ class EquityHeatMap : public testing::ModelInFolderTest {
 
   std::array<Colour, kClassCount> ShownColours() const {
     std::array<Colour, kClassCount> colours{};
-    for (int i = 0; i < kClassCount; ++i) colours[i] = model.ShownBlockColour(i);
+    for (int i = 0; i < kClassCount; ++i) colours[i] = model.grid().ShownBlockColour(i);
     return colours;
   }
 
   bool AnyHeat() const {
     for (int i = 0; i < kClassCount; ++i) {
-      if (model.ShownBlockColour(i) != model.grid().blockColour[i]) return true;
+      if (model.grid().ShownBlockColour(i) != model.grid().blockColour[i]) return true;
     }
     return false;
   }
@@ -84,11 +84,11 @@ TEST_F(EquityHeatMap, TickedEachBlockOfTheRangeTakesTheColourOfMyEquityAgainstIt
   for (const char* name : {"QQ", "AA", "KK", "AQs", "JTs", "88"}) {
     const int index = FindClassByName(name);
     ASSERT_GT(model.profiles().list[0].rangeLayer[index].count, 0) << name;
-    EXPECT_EQ(model.ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone(name))) << name;
+    EXPECT_EQ(model.grid().ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone(name))) << name;
   }
   // Far behind against aces, far ahead against queen-jack: red and green.
-  EXPECT_GT(RedOf(model.ShownBlockColour(FindClassByName("AA"))),
-            GreenOf(model.ShownBlockColour(FindClassByName("AA"))));
+  EXPECT_GT(RedOf(model.grid().ShownBlockColour(FindClassByName("AA"))),
+            GreenOf(model.grid().ShownBlockColour(FindClassByName("AA"))));
 }
 
 TEST_F(EquityHeatMap, BlocksOutOfTheRangeKeepTheirUsualColours) {
@@ -97,7 +97,7 @@ TEST_F(EquityHeatMap, BlocksOutOfTheRangeKeepTheirUsualColours) {
   for (const char* name : {"72", "32s", "94"}) {
     const int index = FindClassByName(name);
     ASSERT_EQ(model.profiles().list[0].rangeLayer[index].count, 0) << name;
-    EXPECT_EQ(model.ShownBlockColour(index), model.grid().blockColour[index]) << name;
+    EXPECT_EQ(model.grid().ShownBlockColour(index), model.grid().blockColour[index]) << name;
   }
 }
 
@@ -108,20 +108,22 @@ TEST_F(EquityHeatMap, UnderTheStandardRulesTheTooltipGivesMyEquityAndTheLiveHold
   char expected[96];
   std::snprintf(expected, sizeof expected, "; my equity %.1f %% against its 6 live holdings",
                 EquityAgainstBlockAlone("QQ"));
-  const std::string tip = model.BlockToolTip(FindClassByName("QQ"));
+  const std::string tip = model.grid().BlockToolTip(FindClassByName("QQ"));
   EXPECT_TRUE(tip.ends_with(expected)) << tip;
   // Three aces are left.
-  EXPECT_NE(model.BlockToolTip(FindClassByName("AA")).find("against its 3 live holdings"), std::string::npos);
-  EXPECT_EQ(model.ShownBlockColour(FindClassByName("QQ")), HeatMapColour(EquityAgainstBlockAlone("QQ")));
+  EXPECT_NE(model.grid().BlockToolTip(FindClassByName("AA")).find("against its 3 live holdings"),
+            std::string::npos);
+  EXPECT_EQ(model.grid().ShownBlockColour(FindClassByName("QQ")),
+            HeatMapColour(EquityAgainstBlockAlone("QQ")));
   // A block out of the range has no equity in its tooltip.
-  EXPECT_EQ(model.BlockToolTip(FindClassByName("72")).find("my equity"), std::string::npos);
+  EXPECT_EQ(model.grid().BlockToolTip(FindClassByName("72")).find("my equity"), std::string::npos);
 }
 
 TEST_F(EquityHeatMap, PreflopTheBlocksAreColouredToo) {
   model.mnuEquityHeatMap_Click();
   Calc("7h6h", "");
   const int index = FindClassByName("AA");
-  EXPECT_EQ(model.ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone("AA")));
+  EXPECT_EQ(model.grid().ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone("AA")));
 }
 
 TEST_F(EquityHeatMap, OnTheRiverUnderTheProgramsRulesThereIsNoHeatMap) {
@@ -151,13 +153,13 @@ TEST_F(EquityHeatMap, WithAutoCalcPreflopARangeChangeColoursTheBlocksOfTheNewRan
   model.mnuAutoPFEquityCalc_Click();
   Calc("AhKd", "");
   const int aces = FindClassByName("AA");
-  ASSERT_NE(model.ShownBlockColour(aces), model.grid().blockColour[aces]);
+  ASSERT_NE(model.grid().ShownBlockColour(aces), model.grid().blockColour[aces]);
   // AA out of the range: until the delayed calculation runs, no block shows the old range's colours.
   model.PFHand_MouseUp(aces, kLeftButton, 0);
   ASSERT_EQ(model.profiles().list[0].rangeLayer[aces].count, 0);
   EXPECT_FALSE(AnyHeat());
   model.tmrCalcEquity_Timer();
-  EXPECT_EQ(model.ShownBlockColour(aces), model.grid().blockColour[aces]);
+  EXPECT_EQ(model.grid().ShownBlockColour(aces), model.grid().blockColour[aces]);
   EXPECT_TRUE(AnyHeat());
 }
 
@@ -174,7 +176,7 @@ TEST_F(EquityHeatMap, UntickingRestoresEveryBlockExactly) {
   const auto before = ShownColours();
   const auto tips = [&] {
     std::array<std::string, kClassCount> all;
-    for (int i = 0; i < kClassCount; ++i) all[i] = model.BlockToolTip(i);
+    for (int i = 0; i < kClassCount; ++i) all[i] = model.grid().BlockToolTip(i);
     return all;
   };
   const auto tipsBefore = tips();
@@ -193,7 +195,7 @@ TEST_F(EquityHeatMap, MyHandAsARangeColoursTheBlocksByMyRangesEquity) {
   Calc("AK,QQ", "Tc8h3s");
   ASSERT_FALSE(model.results().lblMyEquity.caption.empty());
   EXPECT_TRUE(AnyHeat());
-  EXPECT_NE(model.BlockToolTip(FindClassByName("AA")).find("my equity"), std::string::npos);
+  EXPECT_NE(model.grid().BlockToolTip(FindClassByName("AA")).find("my equity"), std::string::npos);
 }
 
 TEST_F(EquityHeatMap, UntickedItAddsNothingToThePreferencesFile) {

@@ -26,18 +26,18 @@ class ToolTips : public testing::WindowModelTest {
 
 TEST_F(ToolTips, ABlockNamesItsClassAndTheHoldingsOfItsOnLayer) {
   ASSERT_TRUE(Start());
-  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 0 of 4 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AKs")), "AKs: 0 of 4 in range");
   model.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
-  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range");
   model.PFHand_MouseUp(Block("QQ"), kLeftButton, 0);
-  EXPECT_EQ(model.BlockToolTip(Block("QQ")), "QQ: 6 of 6 in range");
-  EXPECT_EQ(model.BlockToolTip(FindClassByName("AK")), "AKo: 0 of 12 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("QQ")), "QQ: 6 of 6 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(FindClassByName("AK")), "AKo: 0 of 12 in range");
 }
 
 TEST_F(ToolTips, ABlockInTheSeenLayerSaysSoToo) {
   ASSERT_TRUE(Start());
   model.PFHand_MouseUp(Block("JTs"), kRightButton, 0);
-  EXPECT_EQ(model.BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range; 4 of 4 in the Seen layer");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range; 4 of 4 in the Seen layer");
 }
 
 TEST_F(ToolTips, ASuitCellSaysWhatAClickDoesToTheSelectedBlocks) {
@@ -50,7 +50,7 @@ TEST_F(ToolTips, ASuitCellSaysWhatAClickDoesToTheSelectedBlocks) {
   model.picSuit_Click(10);
   EXPECT_EQ(model.grid().SuitCellToolTip(10),
             "Both hearts: out of the range for the selected blocks; a click puts these holdings back");
-  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 3 of 4 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AKs")), "AKs: 3 of 4 in range");
 }
 
 TEST_F(ToolTips, AnOffsuitCellNamesBothSuitsInOrder) {
@@ -150,8 +150,8 @@ TEST_F(ToolTips, TheSaveLabelSaysANewProfileStartsWithAFreshRangeAsItDoes) {
   model.PFHand_MouseUp(Block("JTs"), kRightButton, 0);
   TypePlayer("Villain", kKeyEnter);
   ASSERT_EQ(model.profiles().currentProfile()->name, "Villain");
-  EXPECT_EQ(model.BlockToolTip(Block("AA")), "AA: 0 of 6 in range");
-  EXPECT_EQ(model.BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AA")), "AA: 0 of 6 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range");
 }
 
 TEST_F(ToolTips, ACategoryNodeOfTheTreeSaysWhatItsTerseCaptionMeansAndAHoldingHasNone) {
