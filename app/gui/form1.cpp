@@ -339,15 +339,15 @@ void Form1::ConnectEvents() {
   // The player box: a name picked from the list, and every key released while typing one.
   connect(cmbPlayer_, &QComboBox::activated, this, [this](int index) {
     Act([this, index] {
-      if (index >= 0 && index < static_cast<int>(model_.cmbPlayer.items.size())) {
-        model_.cmbPlayer.listIndex = index;
-        model_.cmbPlayer.text = model_.cmbPlayer.items[index];
+      if (index >= 0 && index < static_cast<int>(model_.profiles().cmbPlayer.items.size())) {
+        model_.profiles().cmbPlayer.listIndex = index;
+        model_.profiles().cmbPlayer.text = model_.profiles().cmbPlayer.items[index];
       }
       model_.cmbPlayer_Click();
     });
   });
   connect(cmbPlayer_->lineEdit(), &QLineEdit::textEdited, this,
-          [this](const QString& text) { model_.cmbPlayer.text = ToStdString(text); });
+          [this](const QString& text) { model_.profiles().cmbPlayer.text = ToStdString(text); });
   // The keys are watched on the combo box itself: it holds the keyboard focus (its line edit only stands
   // behind it as a focus proxy) and hands each key on by calling the line edit's event() directly, a
   // route that skips any filter on the line edit.
@@ -382,14 +382,15 @@ void Form1::ConnectEvents() {
           [this](int index) { Act([this, index] { model_.picSuit_Click(index); }); });
 
   // The range text: every edit is the box's change; key releases and clicks go to their handlers.
-  connect(txtRange_, &QLineEdit::textEdited, this,
-          [this](const QString& text) { Act([this, text] { model_.SetRangeText(ToStdString(text)); }); });
+  connect(txtRange_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    Act([this, text] { model_.grid().SetRangeText(ToStdString(text)); });
+  });
   txtRange_->installEventFilter(this);
 
   // The slider: a move by the mouse applies at once; the keyboard moves it and the timer applies it.
   connect(slider_, &QSlider::valueChanged, this, [this](int value) {
     if (showingSlider_) return;
-    model_.Slider1.value = value;
+    model_.grid().Slider1.value = value;
     if (sliderKeyHeld_) return;
     sliderAppliedValue_ = value;
     Act([this] { model_.Slider1_MouseMove(kLeftButton); });
@@ -401,7 +402,7 @@ void Form1::ConnectEvents() {
   tree_->installEventFilter(this);
   connect(tree_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     if (showingTree_) return;
-    model_.TV.selected = item != nullptr ? item->data(0, Qt::UserRole).toInt() : -1;
+    model_.results().TV.selected = item != nullptr ? item->data(0, Qt::UserRole).toInt() : -1;
   });
 
   // The three timers, driven by the model's timer states.
@@ -410,7 +411,7 @@ void Form1::ConnectEvents() {
   tmrTVError_.setObjectName(QStringLiteral("tmrTVError"));
   connect(&tmrSliderMoving_, &QTimer::timeout, this, [this] {
     TimerFired(tmrSliderMoving_, [this] {
-      sliderAppliedValue_ = model_.Slider1.value;
+      sliderAppliedValue_ = model_.grid().Slider1.value;
       model_.tmrSliderMoving_Timer();
     });
   });
@@ -496,13 +497,13 @@ void Form1::Refresh() {
   }
   txtBoard_->ShowState(model_.txtBoard);
 
-  const QString rangeText = ToQString(model_.txtRange.text);
+  const QString rangeText = ToQString(model_.grid().txtRange.text);
   if (txtRange_->text() != rangeText) txtRange_->setText(rangeText);
-  SetTextColour(*txtRange_, QPalette::Text, model_.txtRange.foreColour);
+  SetTextColour(*txtRange_, QPalette::Text, model_.grid().txtRange.foreColour);
 
   showingSlider_ = true;
-  if (slider_->maximum() != model_.Slider1.max) slider_->setRange(0, model_.Slider1.max);
-  if (slider_->value() != model_.Slider1.value) slider_->setValue(model_.Slider1.value);
+  if (slider_->maximum() != model_.grid().Slider1.max) slider_->setRange(0, model_.grid().Slider1.max);
+  if (slider_->value() != model_.grid().Slider1.value) slider_->setValue(model_.grid().Slider1.value);
   showingSlider_ = false;
 
   const int rowHeight = model_.options.equityHeatMap ? 19 : 20;
@@ -510,16 +511,17 @@ void Form1::Refresh() {
   heatLegend_->setVisible(model_.options.equityHeatMap);
   grid_->update();
   matrix_->update();
-  lblSeen_->setVisible(model_.lblSeenVisible);
+  lblSeen_->setVisible(model_.grid().lblSeenVisible);
 
-  lblMyEquity_->setText(ToQString(model_.lblMyEquity.caption));
-  ShowLabelBackground(*lblMyEquity_, model_.lblMyEquity.opaque, model_.lblMyEquity.backColour);
-  lbloppEquity_->setText(ToQString(model_.lbloppEquity.caption));
+  lblMyEquity_->setText(ToQString(model_.results().lblMyEquity.caption));
+  ShowLabelBackground(*lblMyEquity_, model_.results().lblMyEquity.opaque,
+                      model_.results().lblMyEquity.backColour);
+  lbloppEquity_->setText(ToQString(model_.results().lbloppEquity.caption));
   for (const auto& [label, mine] : {std::pair{lblMyEquity_, true}, std::pair{lbloppEquity_, false}}) {
-    const QString tip = ToQString(model_.EquityToolTip(mine));
+    const QString tip = ToQString(model_.results().EquityToolTip(mine));
     if (label->toolTip() != tip) label->setToolTip(tip);
   }
-  lblCheckPossibleHands_->setText(ToDisplayText(model_.lblCheckPossibleHands));
+  lblCheckPossibleHands_->setText(ToDisplayText(model_.results().lblCheckPossibleHands));
 
   ShowTree();
   ShowNotationBox();
@@ -532,14 +534,14 @@ void Form1::Refresh() {
 
   SyncTimer(tmrSliderMoving_, model_.tmrSliderMoving, shownSliderArm_);
   SyncTimer(tmrCalcEquity_, model_.tmrCalcEquity, shownCalcArm_);
-  SyncTimer(tmrTVError_, model_.tmrTVError, shownTVErrorArm_);
+  SyncTimer(tmrTVError_, model_.results().tmrTVError, shownTVErrorArm_);
 
   const QWidget* anchor = model_.frmSelCards.anchor == ControlId::txtBoard ? txtBoard_ : txtMyHand_;
   picker_->ShowState(anchor);
 }
 
 void Form1::ShowPlayerBox() {
-  const ComboBoxState& box = model_.cmbPlayer;
+  const ComboBoxState& box = model_.profiles().cmbPlayer;
   QSignalBlocker block(cmbPlayer_);
   if (shownPlayers_ != box.items) {
     cmbPlayer_->clear();
@@ -553,7 +555,7 @@ void Form1::ShowPlayerBox() {
 }
 
 void Form1::ShowTree() {
-  const ResultsTree& model = model_.TV;
+  const ResultsTree& model = model_.results().TV;
   showingTree_ = true;
   if (!SameNodes(model.nodes, shownNodes_)) {
     tree_->clear();
@@ -567,7 +569,7 @@ void Form1::ShowTree() {
                                   : new QTreeWidgetItem(tree_);
       item->setText(0, ToQString(node.text));
       item->setData(0, Qt::UserRole, static_cast<int>(i));
-      if (const std::string tip = model_.TreeNodeToolTip(static_cast<int>(i)); !tip.empty()) {
+      if (const std::string tip = model_.results().TreeNodeToolTip(static_cast<int>(i)); !tip.empty()) {
         item->setToolTip(0, ToWrappedToolTip(tip));
       }
       if (node.foreColour) item->setForeground(0, ToQColor(*node.foreColour, palette));
@@ -592,8 +594,8 @@ void Form1::ShowTree() {
   }
   showingTree_ = false;
   ShowTreeChecks();
-  if (shownPointer_ != model_.tvMousePointer) {
-    shownPointer_ = model_.tvMousePointer;
+  if (shownPointer_ != model_.results().tvMousePointer) {
+    shownPointer_ = model_.results().tvMousePointer;
     if (shownPointer_ == 99) {
       tree_->viewport()->setCursor(TreeErrorCursor());
     } else {
@@ -726,8 +728,8 @@ bool Form1::SliderKey(QKeyEvent* event, bool down) {
     sliderKeyHeld_ = false;
     // A key tapped faster than the timer's first tick still moves the range.
     Act([this] {
-      if (model_.tmrSliderMoving.enabled && sliderAppliedValue_ != model_.Slider1.value) {
-        sliderAppliedValue_ = model_.Slider1.value;
+      if (model_.tmrSliderMoving.enabled && sliderAppliedValue_ != model_.grid().Slider1.value) {
+        sliderAppliedValue_ = model_.grid().Slider1.value;
         model_.tmrSliderMoving_Timer();
       }
       model_.Slider1_KeyUp();
@@ -755,7 +757,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
       if (key->isAutoRepeat()) return false;
       const int code = KeyCode(*key);
       Act([this, code] {
-        model_.cmbPlayer.text = ToStdString(cmbPlayer_->lineEdit()->text());
+        model_.profiles().cmbPlayer.text = ToStdString(cmbPlayer_->lineEdit()->text());
         model_.cmbPlayer_KeyUp(code);
       });
     }
@@ -772,7 +774,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
     } else if (type == QEvent::MouseButtonRelease &&
                static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
       Act([this] { model_.txtRange_Click(); });
-      txtRange_->setSelection(model_.txtRange.selStart, model_.txtRange.selLength);
+      txtRange_->setSelection(model_.grid().txtRange.selStart, model_.grid().txtRange.selLength);
       return true;
     }
   } else if (watched == slider_) {
@@ -833,7 +835,7 @@ void Form1::BuildNotationBox() {
 
   connect(txtNotation_, &QLineEdit::textEdited, this, [this](const QString& text) {
     Act([this, text] {
-      model_.txtNotation.text = ToStdString(text);
+      model_.grid().txtNotation.text = ToStdString(text);
       model_.txtNotation_Change();
     });
   });
@@ -847,14 +849,14 @@ void Form1::BuildNotationBox() {
 }
 
 void Form1::ShowNotationBox() {
-  const QString text = ToQString(model_.txtNotation.text);
+  const QString text = ToQString(model_.grid().txtNotation.text);
   if (txtNotation_->text() != text) {
     txtNotation_->setText(text);
     txtNotation_->setCursorPosition(0);  // a long range shows from its strongest hands
   }
-  SetTextColour(*txtNotation_, QPalette::Text, model_.txtNotation.foreColour);
-  const double weight = model_.txtWeight / 10.0;
-  if (std::lround(txtWeight_->value() * 10.0) != model_.txtWeight) {
+  SetTextColour(*txtNotation_, QPalette::Text, model_.grid().txtNotation.foreColour);
+  const double weight = model_.grid().txtWeight / 10.0;
+  if (std::lround(txtWeight_->value() * 10.0) != model_.grid().txtWeight) {
     const QSignalBlocker block(txtWeight_);
     txtWeight_->setValue(weight);
   }

@@ -31,12 +31,12 @@ void Form1::ShowTreeChecks() {
   showingChecks_ = model_.options.checkBoxes;
   const bool wasShowingTree = showingTree_;
   showingTree_ = true;  // the boxes set here are no user's check
-  const std::vector<bool>& checked = model_.tvChecked;
+  const std::vector<bool>& checked = model_.results().tvChecked;
   for (QTreeWidgetItemIterator it(tree_); *it != nullptr; ++it) {
     QTreeWidgetItem* item = *it;
     const int node = item->data(0, Qt::UserRole).toInt();
     const QVariant shown = item->data(0, Qt::CheckStateRole);
-    if (model_.TVNodeCheckable(node)) {
+    if (model_.results().NodeCheckable(node)) {
       const bool on = node < static_cast<int>(checked.size()) && checked[static_cast<std::size_t>(node)];
       const int wanted = on ? Qt::Checked : Qt::Unchecked;
       if (!shown.isValid() || shown.toInt() != wanted)

@@ -86,7 +86,7 @@ int HandGridWidget::BlockAt(QPoint point) const {
 bool HandGridWidget::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const int block = BlockAt(static_cast<QHelpEvent*>(event)->pos());
-  return ShowAreaToolTip(this, event, model_.BlockToolTip(block), BlockRect(block));
+  return ShowAreaToolTip(this, event, model_.grid().BlockToolTip(block), BlockRect(block));
 }
 
 void HandGridWidget::paintEvent(QPaintEvent*) {
@@ -98,14 +98,14 @@ void HandGridWidget::paintEvent(QPaintEvent*) {
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
     const QRect cell = BlockRect(i).adjusted(0, 0, -1, -1);
-    const QColor fill = ToQColor(model_.ShownBlockColour(i), palette());
-    const int32_t partWeight = model_.grid.blockPartWeight[i];
+    const QColor fill = ToQColor(model_.grid().ShownBlockColour(i), palette());
+    const int32_t partWeight = model_.grid().blockPartWeight[i];
     QColor text = fill;
     if (partWeight == 0) {
       painter.fillRect(cell, fill);
     } else {
       // A weighted block: its colour fills it from the bottom up to its mean weight, its base colour above.
-      const QColor base = ToQColor(model_.grid.baseColour[i], palette());
+      const QColor base = ToQColor(model_.grid().baseColour[i], palette());
       painter.fillRect(cell, base);
       painter.fillRect(WeightBar(cell, partWeight), fill);
       if (partWeight < kFullWeight / 2) text = base;
@@ -234,13 +234,13 @@ int SuitMatrixWidget::CellAt(QPoint point) const {
   const int row = point.y() * kMatrixSide / height();
   if (row < 0 || row >= kMatrixSide || column < 0 || column >= kMatrixSide) return -1;
   const int cell = row * kMatrixSide + column;
-  return model_.grid.matrixCellVisible[cell] ? cell : -1;
+  return model_.grid().matrixCellVisible[cell] ? cell : -1;
 }
 
 bool SuitMatrixWidget::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const int cell = CellAt(static_cast<QHelpEvent*>(event)->pos());
-  return ShowAreaToolTip(this, event, model_.SuitCellToolTip(cell), CellRect(cell));
+  return ShowAreaToolTip(this, event, model_.grid().SuitCellToolTip(cell), CellRect(cell));
 }
 
 void SuitMatrixWidget::paintEvent(QPaintEvent*) {
@@ -250,13 +250,13 @@ void SuitMatrixWidget::paintEvent(QPaintEvent*) {
   font.setPixelSize(13);
   painter.setFont(font);
   for (int k = 0; k < kMatrixSide * kMatrixSide; ++k) {
-    if (!model_.grid.matrixCellVisible[k]) continue;
+    if (!model_.grid().matrixCellVisible[k]) continue;
     const QRect cell = CellRect(k).adjusted(1, 1, -1, -1);
-    const QColor fill = ToQColor(model_.grid.matrixCellColour[k], palette());
+    const QColor fill = ToQColor(model_.grid().matrixCellColour[k], palette());
     painter.fillRect(cell, fill);
     painter.setPen(QColor(80, 80, 80));
     painter.drawRect(cell.adjusted(0, 0, -1, -1));
-    const int32_t partWeight = model_.grid.comboShown[k] ? model_.grid.matrixCellPartWeight[k] : 0;
+    const int32_t partWeight = model_.grid().comboShown[k] ? model_.grid().matrixCellPartWeight[k] : 0;
     if (partWeight != 0) {
       // A weighted holding: the cell shows as it does from the bottom up to the weight, and in the colour
       // of a holding out of the layer above.

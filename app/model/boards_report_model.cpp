@@ -133,7 +133,7 @@ void BoardsReportModel::cmdRun_Click() {
     services->MsgBox("The board is complete: the report needs no board, a flop or a turn");
     return;
   }
-  const PlayerProfile* profile = owner->currentProfile();
+  const PlayerProfile* profile = owner->profiles().currentProfile();
   if (profile != nullptr) {
     request.oppRange = CollectRangeCombos(profile->rangeLayer, profile->seenLayer, &profile->onWeights);
   }

@@ -93,14 +93,14 @@ void Form1Model::ColourMyHand() {
 }
 
 void Form1Model::txtMyHand_KeyDown(int keyCode) {
-  ClearEquityDisplay();
+  results_.ClearEquityDisplay();
   if (keyCode == kKeyEnter) cmdCheckPossibleHands_Click();
 }
 
 void Form1Model::txtBoard_KeyDown(int keyCode) {
   // A modifier pressed alone keeps the equity shown (in this box only).
   if (keyCode == kKeyShift || keyCode == kKeyControl || keyCode == kKeyAlt) return;
-  ClearEquityDisplay();
+  results_.ClearEquityDisplay();
   if (keyCode == kKeyEnter) cmdCheckPossibleHands_Click();
 }
 
@@ -134,33 +134,33 @@ void Form1Model::WritePickedCards(bool targetMyHand, const std::string& text) {
 
 void Form1Model::picSuit_Click(int index) {
   const RangeStep rangeStep(*this);
-  PlayerProfile* profile = currentProfile();
+  PlayerProfile* profile = profiles_.currentProfile();
   if (profile == nullptr || index < 0 || index >= kSuitMatrixCells) return;
-  const bool shown = !grid.comboShown[index];
-  grid.comboShown[index] = shown;
-  grid.matrixCellColour[index] =
-      shown ? (grid.editingOn ? scheme.matrixOn : scheme.seenSelection) : kMatrixCellOutColour;
+  const bool shown = !grid_.comboShown[index];
+  grid_.comboShown[index] = shown;
+  grid_.matrixCellColour[index] =
+      shown ? (grid_.editingOn ? scheme.matrixOn : scheme.seenSelection) : kMatrixCellOutColour;
 
   const SuitMatrixCell& cell = SuitMatrixCells()[index];
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
     if (!CellFitsKind(index, classes[i].kind)) continue;
-    if (grid.selectedOn[i]) {
+    if (grid_.selectedOn[i]) {
       SetBlockSuitPair(profile->rangeLayer[i], cell.suit1, cell.suit2, shown, false);
-      if (shown) PaintHoldingWeight(*profile, i, cell.suit1, cell.suit2);
+      if (shown) grid_.PaintHoldingWeight(*profile, i, cell.suit1, cell.suit2);
     }
-    if (grid.selectedSeen[i]) SetBlockSuitPair(profile->seenLayer[i], cell.suit1, cell.suit2, shown, false);
+    if (grid_.selectedSeen[i]) SetBlockSuitPair(profile->seenLayer[i], cell.suit1, cell.suit2, shown, false);
   }
 
-  if (!AnyCellOfThePresentKindsShown(grid)) {
+  if (!AnyCellOfThePresentKindsShown(grid_)) {
     // Every holding of the selection's kinds is out: the selection is over.
-    DeselectAllBlocks();
+    grid_.DeselectAllBlocks();
     SetBlockColours();
-    RefreshSuitMatrix(false);
+    grid_.RefreshSuitMatrix(false);
   } else {
     SetBlockColours();
   }
-  WriteRangePercent();
+  grid_.WriteRangePercent();
   // Without a board the preflop equity follows at once, whatever the options say.
   if (txtBoard.text.empty()) cmdCalcEquity_Click();
 }

@@ -32,12 +32,6 @@ CardInputs Form1Model::ReadCardBoxes(CardsFor use) {
   return cards;
 }
 
-std::vector<HandCombo> Form1Model::CurrentRangeCombos() const {
-  const PlayerProfile* profile = currentProfile();
-  if (profile == nullptr) return {};
-  return CollectRangeCombos(profile->rangeLayer, profile->seenLayer, &profile->onWeights);
-}
-
 bool Form1Model::ReadMyRangeBoxes(CardInputs& cards, HoldingSet& myRange) {
   cards = CheckCardInputs("", txtBoard.text, CardsFor::Cook);
   txtBoard.text = cards.boardText;
@@ -64,17 +58,17 @@ void Form1Model::cmdCheckPossibleHands_Click() {
     cards = ReadCardBoxes(CardsFor::Cook);
     if (!cards.ok()) return;
   }
-  CookResult cooked = Cook(cards, CurrentRangeCombos());
-  categories = std::move(cooked.categories);
+  CookResult cooked = Cook(cards, profiles_.CurrentRangeCombos());
+  results_.categories = std::move(cooked.categories);
 
   BuildResultsTree();
 
-  cookRangeCount = cooked.rangeCount;
-  cookLiveCount = cooked.liveCount;
+  results_.cookRangeCount = cooked.rangeCount;
+  results_.cookLiveCount = cooked.liveCount;
   // The combinations the holdings make: with whole weights the counts themselves, else "12.5".
-  lblCheckPossibleHands = CombosText(cooked.rangeWeight) + " Hands in Opponent's Range\r\n" +
-                          CombosText(cooked.liveWeight) + " Possible Hands\r\n" +
-                          CombosText(categories.categorisedWeight) + " Hands in categories";
+  results_.lblCheckPossibleHands = CombosText(cooked.rangeWeight) + " Hands in Opponent's Range\r\n" +
+                                   CombosText(cooked.liveWeight) + " Possible Hands\r\n" +
+                                   CombosText(results_.categories.categorisedWeight) + " Hands in categories";
 
   // "Auto Calc Equity on Cook": the equity command runs with all its own checks and messages.
   if (options.calcEquityOnCook) cmdCalcEquity_Click();

@@ -27,33 +27,10 @@ std::string NoShowdownReason(const RangeEquityResult& result, const HoldingSet& 
   if (result.oppHoldings == 0) return "every holding of the opponent's range shares a card with the board";
   return "every holding of My Hand's range shares a card with every holding of the opponent's";
 }
-
-// The two equity read-outs (captions, my read-out's colour) and the fields behind them; the tooltips are the
-// caller's.
-void ShowEquityReadOuts(Form1Model& form, const EquityResult& values, int32_t street, bool ofMyRange) {
-  form.myEquity = values.my;
-  form.oppEquity = values.opp;
-  form.equityStreet = street;
-  form.equityOfMyRange = ofMyRange;
-  form.lblMyEquity.caption = FormatEquityReadOut(form.myEquity);
-  form.lbloppEquity.caption = FormatEquityReadOut(form.oppEquity);
-  form.lblMyEquity.opaque = true;
-  form.lblMyEquity.backColour = EquityColour(EquityToInteger(form.myEquity));
-}
-
 }  // namespace
 
-void Form1Model::ClearEquityDisplay() {
-  lblMyEquity.opaque = false;
-  lblMyEquity.caption.clear();
-  lbloppEquity.caption.clear();
-  lblMyEquity.toolTip.clear();
-  lbloppEquity.toolTip.clear();
-  heatMap.reset();
-}
-
 void Form1Model::cmdCalcEquity_Click() {
-  ClearEquityDisplay();
+  results_.ClearEquityDisplay();
   if (MyHandIsRange()) {
     CalcMyRangeEquity();
     return;
@@ -66,7 +43,7 @@ void Form1Model::cmdCalcEquity_Click() {
   command.backColour = kCalculatingBackColour;
   services.RepaintNow();
 
-  request.range = CurrentRangeCombos();
+  request.range = profiles_.CurrentRangeCombos();
   request.rules = options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
   request.perClass = options.equityHeatMap;
   request.caption = [this](std::string_view caption) {
@@ -78,12 +55,12 @@ void Form1Model::cmdCalcEquity_Click() {
   for (const std::string& message : outcome.messages) services.MsgBox(message);
 
   command.backColour = label(CommandLabel::lblOptions).backColour;
-  ShowEquityReadOuts(*this, outcome.values, outcome.street, false);
+  results_.ShowEquityReadOuts(outcome.values, outcome.street, false);
   if (outcome.tally) {
-    lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
-    lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
+    results_.lblMyEquity.toolTip = ShowdownTallyText(*outcome.tally);
+    results_.lbloppEquity.toolTip = ShowdownTallyText(outcome.tally->Reversed());
   }
-  heatMap = outcome.classes;
+  results_.heatMap = outcome.classes;
 }
 
 void Form1Model::CalcMyRangeEquity() {
@@ -98,7 +75,7 @@ void Form1Model::CalcMyRangeEquity() {
   services.RepaintNow();
 
   // The opponent's holdings keep their weights: each pair counts the product of its holdings' weights.
-  const std::vector<HandCombo> theirCombos = CurrentRangeCombos();
+  const std::vector<HandCombo> theirCombos = profiles_.CurrentRangeCombos();
   const std::vector<HandCombo> myCombos = WeightedCombos(WeightedHoldingSet::FromHoldings(mine));
   HoldingSet theirs;
   for (const HandCombo& holding : theirCombos) theirs.insert(holding.card1(), holding.card2());
@@ -117,15 +94,16 @@ void Form1Model::CalcMyRangeEquity() {
     return;
   }
   const EquityResult values = EquityFromTally(result.tally);  // -1 and -1 without a showdown
-  ShowEquityReadOuts(*this, values, cards.street, true);
+  results_.ShowEquityReadOuts(values, cards.street, true);
   if (result.tally.Showdowns() == 0) {
-    lblMyEquity.toolTip = ShowdownTallyText(result.tally) + ": " + NoShowdownReason(result, mine, theirs);
-    lbloppEquity.toolTip = lblMyEquity.toolTip;
+    results_.lblMyEquity.toolTip =
+        ShowdownTallyText(result.tally) + ": " + NoShowdownReason(result, mine, theirs);
+    results_.lbloppEquity.toolTip = results_.lblMyEquity.toolTip;
   } else {
-    lblMyEquity.toolTip = ShowdownTallyText(result.tally);
-    lbloppEquity.toolTip = ShowdownTallyText(result.tally.Reversed());
+    results_.lblMyEquity.toolTip = ShowdownTallyText(result.tally);
+    results_.lbloppEquity.toolTip = ShowdownTallyText(result.tally.Reversed());
   }
-  if (options.equityHeatMap) heatMap = classes;
+  if (options.equityHeatMap) results_.heatMap = classes;
 }
 
 void Form1Model::tmrCalcEquity_Timer() {
@@ -142,26 +120,27 @@ void Form1Model::mnuAutoPFEquityCalc_Click() {
 }
 
 void Form1Model::lblMyEquity_MouseUp(int button) {
-  if (button != kRightButton || lblMyEquity.caption.empty()) return;
-  equityMenuOfMine = true;
+  if (button != kRightButton || results_.lblMyEquity.caption.empty()) return;
+  results_.equityMenuOfMine = true;
   services.PopUpMenu(PopupMenuId::EquityReadOut);
 }
 
 void Form1Model::lbloppEquity_MouseUp(int button) {
-  if (button != kRightButton || lbloppEquity.caption.empty()) return;
-  equityMenuOfMine = false;
+  if (button != kRightButton || results_.lbloppEquity.caption.empty()) return;
+  results_.equityMenuOfMine = false;
   services.PopUpMenu(PopupMenuId::EquityReadOut);
 }
 
 void Form1Model::mnuCopyEquity_Click() {
-  const std::string& shown = equityMenuOfMine ? lblMyEquity.caption : lbloppEquity.caption;
+  const std::string& shown =
+      results_.equityMenuOfMine ? results_.lblMyEquity.caption : results_.lbloppEquity.caption;
   if (!shown.empty()) services.SetClipboardText(shown);
 }
 
 void Form1Model::mnuStandardShowdownRules_Click() {
   ToggleMenuCheck(options.standardShowdownRules);
   // A result shown under the other rules would read as one of the new rules: the read-outs go blank.
-  ClearEquityDisplay();
+  results_.ClearEquityDisplay();
   // My Hand's text may now be read the other way (a range only under the standard rules).
   ColourMyHand();
 }

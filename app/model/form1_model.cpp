@@ -6,7 +6,10 @@
 #include "categorise/categories.h"
 #include "equity/deck.h"
 #include "equity/lookup_tables.h"
+#include "storage/data_folder.h"
 #include "storage/file_io.h"
+#include "storage/preferences_file.h"
+#include "storage/profile_file.h"
 
 namespace quillet {
 
@@ -17,27 +20,13 @@ Form1Model::Form1Model(WindowServices& windowServices) : services(windowServices
   for (int i = 0; i < kCommandLabelCount; ++i) commandLabels[i].caption = kCaptions[i];
   label(CommandLabel::lblSave).visible = false;
   label(CommandLabel::lblDelete).visible = false;
-  lblMyEquity.caption = "100%";
-  lbloppEquity.caption.clear();
-  InitHandGrid();
-  InitCategories(categories);
+  grid_.InitHandGrid();
 }
 
-void Form1Model::InitHandGrid() {
-  const auto& classes = HandClasses();
-  for (int i = 0; i < kClassCount; ++i) {
-    switch (classes[i].kind) {
-      case kKindPair:
-        grid.baseColour[i] = scheme.pairBase;
-        break;
-      case kKindSuited:
-        grid.baseColour[i] = scheme.suitedBase;
-        break;
-      default:
-        grid.baseColour[i] = scheme.offsuitBase;
-        break;
-    }
-  }
+void Form1Model::ProfilePaths(const std::filesystem::path& programFolder) {
+  const std::filesystem::path folder = ChooseDataFolder(programFolder);
+  profiles_.path = folder / kProfileFileName;
+  preferencesPath = folder / kPreferencesFileName;
 }
 
 bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
@@ -51,53 +40,38 @@ bool Form1Model::Form_Load(const std::filesystem::path& programFolder) {
   // The shared tables are built on first use; asking for them here builds them in the order in which later
   // steps read them (the slider reads the preflop order).
   PreflopOrder();
-  InitCategories(categories);
+  InitCategories(results_.categories);
   TheDeck();
-  Slider1.max = static_cast<int>(PreflopOrder().size()) - 1;
-  Slider1.value = 0;
+  grid_.Slider1.max = static_cast<int>(PreflopOrder().size()) - 1;
+  grid_.Slider1.value = 0;
 
-  InitHandGrid();
-  grid.selectedOn.fill(false);
-  grid.selectedSeen.fill(false);
-  grid.comboShown.fill(false);
+  grid_.InitHandGrid();
+  grid_.selectedOn.fill(false);
+  grid_.selectedSeen.fill(false);
+  grid_.comboShown.fill(false);
 
-  if (!LoadProfiles()) return false;  // the version question answered No: end now, writing nothing
-  currentProfileIndex = FirstProfileIndex();
+  if (!profiles_.LoadProfiles()) return false;  // the version question answered No: end now, writing nothing
+  profiles_.currentIndex = profiles_.FirstProfileIndex();
   LoadPreferences();
   ShowCurrentProfile();
 
   ColourMyHand();
   ColourCodeRT(txtBoard);
-  ClearEquityDisplay();
+  results_.ClearEquityDisplay();
   if (!LoadLookupTables()) return false;
 
   // Nothing is pending when the window first shows.
   tmrSliderMoving.Disable();
   tmrCalcEquity.Disable();
-  tmrTVError.Disable();
+  results_.tmrTVError.Disable();
   StartRangeHistory();
   return true;
-}
-
-std::string Form1Model::KeepUnreadableFileAside(const std::filesystem::path& path, const std::string* bytes) {
-  const SetAside aside = KeepFileAside(path, bytes);
-  if (!aside.copy.empty()) return "The file was kept as \"" + aside.copy.string() + "\".";
-  return "The file could not be kept aside (" + aside.reason +
-         ") and will be overwritten when Quillet closes.";
-}
-
-bool Form1Model::AskToRetryLockedSave(const std::string& fault) {
-  return services.AskRetryCancel(
-      fault +
-          "\r\n\r\nRetry waits for it again; Cancel keeps the window open with your "
-          "changes, to be saved when it closes.",
-      MessageIcon::Warning);
 }
 
 bool Form1Model::Form_QueryUnload() {
   // A save kept waiting by another program's lock may be cancelled: the window then stays open, changes and
   // all.
-  if (!SaveProfiles() || !SavePreferences()) return false;
+  if (!profiles_.SaveProfiles() || !SavePreferences()) return false;
   if (highlightedLabel) {
     label(*highlightedLabel).opaque = false;
     highlightedLabel.reset();
@@ -107,14 +81,14 @@ bool Form1Model::Form_QueryUnload() {
 }
 
 void Form1Model::ShowCurrentProfile() {
-  PlayerProfile* profile = currentProfile();
+  PlayerProfile* profile = profiles_.currentProfile();
   const bool selected = profile != nullptr;
   label(CommandLabel::lblDelete).visible = selected;
   label(CommandLabel::lblSave).visible = false;
-  cmbPlayer.foreColour = kWindowTextColour;
+  profiles_.cmbPlayer.foreColour = kWindowTextColour;
   if (!selected) return;
-  RefillPlayerList(profile->name);
-  SetRangeText(profile->rangeText);
+  profiles_.RefillPlayerList(profile->name);
+  grid_.SetRangeText(profile->rangeText);
   SetBlockColours();
 }
 
@@ -124,16 +98,6 @@ bool Form1Model::LoadLookupTables() {
   services.MsgBox(tables.error + "\r\n\r\nQuillet cannot start without its preflop table.",
                   MessageIcon::Warning);
   return false;
-}
-
-PlayerProfile* Form1Model::currentProfile() {
-  if (currentProfileIndex < 0 || currentProfileIndex >= static_cast<int>(profiles.size())) return nullptr;
-  return &profiles[currentProfileIndex];
-}
-
-const PlayerProfile* Form1Model::currentProfile() const {
-  if (currentProfileIndex < 0 || currentProfileIndex >= static_cast<int>(profiles.size())) return nullptr;
-  return &profiles[currentProfileIndex];
 }
 
 }  // namespace quillet

@@ -78,7 +78,7 @@ bool Form1Model::SavePreferences() {
     return true;
   }
   for (;;) {
-    const WriteLock lock(preferencesPath, writeLockWait,
+    const WriteLock lock(preferencesPath, profiles_.writeLockWait,
                          [this](std::chrono::milliseconds step) { services.Wait(step); });
     if (!lock.failure()) {
       if (auto error = WritePreferencesFile(preferencesPath, records))
@@ -86,7 +86,7 @@ bool Form1Model::SavePreferences() {
       return true;
     }
     if (!AskToRetryLockedSave(
-            PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath))))
+            services, PreferencesSaveFault(preferencesPath, *lock.failure(), SomethingAt(preferencesPath))))
       return false;
   }
 }

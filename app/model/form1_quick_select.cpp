@@ -12,28 +12,21 @@ enum class Layers { On, Seen, Both };
 template <typename Group>
 void AddGroup(Form1Model& form, Group inGroup) {
   const Form1Model::RangeStep rangeStep(form);
-  PlayerProfile* profile = form.currentProfile();
+  PlayerProfile* profile = form.profiles().currentProfile();
   if (profile == nullptr) return;
   const auto& classes = HandClasses();
   for (int i = 0; i < kClassCount; ++i) {
-    if (inGroup(classes[i])) form.SelectIntoOnLayer(*profile, i);
+    if (inGroup(classes[i])) form.grid().SelectIntoOnLayer(*profile, i);
   }
   form.SetBlockColours();
-  form.RefreshSuitMatrix(true);
-  form.WriteRangePercent();
+  form.grid().RefreshSuitMatrix(true);
+  form.grid().WriteRangePercent();
 }
 
 void ClearLayers(Form1Model& form, Layers layers) {
   const Form1Model::RangeStep rangeStep(form);
-  PlayerProfile* profile = form.currentProfile();
-  if (profile == nullptr) return;
-  // Only the count: every reader tests it first, so the stale flags and list do no harm.
-  for (int i = 0; i < kClassCount; ++i) {
-    if (layers != Layers::Seen) profile->rangeLayer[i].count = 0;
-    if (layers != Layers::On) profile->seenLayer[i].count = 0;
-  }
-  form.DeselectAllBlocks();
-  form.RefreshSuitMatrix(false);
+  if (!form.grid().ClearLayers(layers != Layers::Seen, layers != Layers::On)) return;
+  form.grid().RefreshSuitMatrix(false);
   form.SetBlockColours();
 }
 

@@ -11,36 +11,26 @@ namespace quillet {
 void Form1Model::txtRange_KeyUp(int keyCode) {
   const RangeStep rangeStep(*this);
   // Input stays red until Enter accepts it.
-  const std::optional<PreflopStep> step = keyCode == kKeyEnter ? TopOfOrderStep(txtRange.text) : std::nullopt;
+  const std::optional<PreflopStep> step =
+      keyCode == kKeyEnter ? TopOfOrderStep(grid_.txtRange.text) : std::nullopt;
   if (!step) {
-    txtRange.foreColour = kRejectedTextColour;
+    grid_.txtRange.foreColour = kRejectedTextColour;
     return;
   }
-  txtRange.foreColour = kWindowTextColour;
-  Slider1.value = step->entry;
-  SetRangeText(TopOfOrderText(step->entry));
+  grid_.txtRange.foreColour = kWindowTextColour;
+  grid_.Slider1.value = step->entry;
+  grid_.SetRangeText(TopOfOrderText(step->entry));
   // At or above the last step the grid deliberately keeps what it had.
   if (step->apply) ApplySliderRange();
 }
 
-void Form1Model::SetRangeText(const std::string& text) {
-  txtRange.text = text;
-  txtRange_Change();
-}
-
 void Form1Model::txtRange_Change() {
-  if (PlayerProfile* profile = currentProfile()) profile->rangeText = txtRange.text;
+  grid_.StoreRangeText();
 }
 
 void Form1Model::txtRange_Click() {
-  txtRange.selStart = 0;
-  txtRange.selLength = static_cast<int>(txtRange.text.size());
-}
-
-void Form1Model::WriteRangePercent() {
-  const PlayerProfile* profile = currentProfile();
-  if (profile == nullptr) return;
-  SetRangeText(ComputedRangeText(UnionHoldingCount(profile->rangeLayer, profile->seenLayer)));
+  grid_.txtRange.selStart = 0;
+  grid_.txtRange.selLength = static_cast<int>(grid_.txtRange.text.size());
 }
 
 }  // namespace quillet

@@ -12,9 +12,6 @@
 namespace quillet {
 namespace {
 
-constexpr int kDefaultPointer = 0;
-constexpr int kErrorPointer = 99;
-
 constexpr std::string_view kNothingChecked =
     "Nothing is checked. Check the categories or groups to keep, then choose Keep Only Checked again.";
 
@@ -68,95 +65,77 @@ void Form1Model::BuildResultsTree() {
   cards.boardText = txtBoard.text;
 
   const MessageSink showMessage = [this](std::string_view text) { services.MsgBox(text); };
-  ResultsBuild built = quillet::BuildResultsTree(categories, resultsOptions, cards, showMessage);
-  TV = std::move(built.tree);
-  exportText = std::move(built.exportText);
-  tvChecked.assign(TV.nodes.size(), false);  // checks belong to the nodes of one build
+  results_.BuildTree(resultsOptions, cards, showMessage);
 }
 
 void Form1Model::mnuCopyToClipboard_Click() {
-  services.SetClipboardText(exportText);
+  services.SetClipboardText(results_.exportText);
 }
 
 void Form1Model::TV_MouseUp(int button) {
-  if (button == kRightButton && !TV.empty()) services.PopUpMenu(PopupMenuId::Tree);
+  if (button == kRightButton && !results_.TV.empty()) services.PopUpMenu(PopupMenuId::Tree);
 }
 
 void Form1Model::TV_KeyUp(int keyCode) {
   if (keyCode != kKeyF3) return;
   const std::string answer = services.InputBox(kCardSearchPrompt, "");
-  services.MsgBox(CardSearchMessage(answer, categories));
+  services.MsgBox(CardSearchMessage(answer, results_.categories));
 }
 
 void Form1Model::mnuAdd2Range_Click() {
-  PlayerProfile* profile = currentProfile();
-  if (TV.empty() || profile == nullptr) return;
-  const std::vector<int> run = AddToRangeNodeRun(TV);
+  PlayerProfile* profile = profiles_.currentProfile();
+  if (results_.TV.empty() || profile == nullptr) return;
+  const std::vector<int> run = AddToRangeNodeRun(results_.TV);
   if (run.empty()) return;  // no node selected
   const RangeStep rangeStep(*this);
 
   // The command replaces the range: the On layer is emptied first, the Seen layer stays.
-  DeselectAllBlocks();
+  grid_.DeselectAllBlocks();
   for (BlockRecord& record : profile->rangeLayer) ClearBlockRecord(record);
 
   for (const int index : run) {
     HandCombo holding;
-    if (!ParseNodeHolding(TV.nodes[index].text, holding)) {
+    if (!ParseNodeHolding(results_.TV.nodes[index].text, holding)) {
       // The holdings switched on so far stay in the layer; the grid is not redrawn.
-      FlashTreeError();
+      results_.FlashTreeError();
       return;
     }
     SwitchHoldingOn(profile->rangeLayer, holding);
   }
 
   SetBlockColours();
-  RefreshSuitMatrix(true);
-  WriteRangePercent();
+  grid_.RefreshSuitMatrix(true);
+  grid_.WriteRangePercent();
 }
 
 void Form1Model::mnuCheckBoxes_Click() {
   ToggleMenuCheck(options.checkBoxes);
-  tvChecked.assign(TV.nodes.size(), false);
-}
-
-bool Form1Model::TVNodeCheckable(int node) const {
-  return options.checkBoxes && IsCheckableNode(TV, node);
+  results_.ClearChecks();
 }
 
 void Form1Model::TV_NodeCheck(int node, bool checked) {
-  if (!TVNodeCheckable(node)) return;
-  tvChecked.resize(TV.nodes.size(), false);
-  tvChecked[static_cast<std::size_t>(node)] = checked;
+  results_.CheckNode(node, checked);
 }
 
 void Form1Model::mnuKeepOnlyChecked_Click() {
-  PlayerProfile* profile = currentProfile();
-  if (!options.checkBoxes || TV.empty() || profile == nullptr) return;
-  std::vector<int> checked;
-  for (std::size_t i = 0; i < tvChecked.size() && i < TV.nodes.size(); ++i) {
-    if (tvChecked[i] && TVNodeCheckable(static_cast<int>(i))) checked.push_back(static_cast<int>(i));
-  }
+  PlayerProfile* profile = profiles_.currentProfile();
+  if (!options.checkBoxes || results_.TV.empty() || profile == nullptr) return;
+  const std::vector<int> checked = results_.CheckedNodes();
   if (checked.empty()) {
     services.MsgBox(kNothingChecked);
     return;
   }
   const RangeStep rangeStep(*this);
-  PutHoldingsInLayer(HoldingsUnderNodes(TV, categories, checked), profile->rangeLayer);
-  DeselectAllBlocks();
+  PutHoldingsInLayer(HoldingsUnderNodes(results_.TV, results_.categories, checked), profile->rangeLayer);
+  grid_.DeselectAllBlocks();
   SetBlockColours();
-  RefreshSuitMatrix(true);
-  WriteRangePercent();
+  grid_.RefreshSuitMatrix(true);
+  grid_.WriteRangePercent();
   cmdCheckPossibleHands_Click();
 }
 
-void Form1Model::FlashTreeError() {
-  tvMousePointer = kErrorPointer;
-  tmrTVError.Enable();
-}
-
 void Form1Model::tmrTVError_Timer() {
-  tmrTVError.Disable();
-  tvMousePointer = kDefaultPointer;
+  results_.EndTreeError();
 }
 
 }  // namespace quillet

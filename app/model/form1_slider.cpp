@@ -1,25 +1,15 @@
 // The percentage slider: position k puts the classes of the preflop order's entries 0..k into the On layer.
-#include <algorithm>
-
 #include "app/model/form1_model.h"
 #include "cards/preflop_order.h"
 #include "range/range_text.h"
 #include "range/top_of_order.h"
 
 namespace quillet {
-namespace {
-
-int SliderEntry(const SliderState& slider) {
-  const int last = static_cast<int>(PreflopOrder().size()) - 1;
-  return std::clamp(slider.value, 0, last);
-}
-
-}  // namespace
 
 void Form1Model::Slider1_MouseMove(int button) {
   if (button != kLeftButton) return;  // only while dragging
   const RangeStep rangeStep(*this, true);
-  SetRangeText(PercentText(PreflopOrder()[SliderEntry(Slider1)].percent));
+  grid_.SetRangeText(PercentText(PreflopOrder()[grid_.SliderEntry()].percent));
   ApplySliderRange();
 }
 
@@ -38,15 +28,9 @@ void Form1Model::tmrSliderMoving_Timer() {
 
 void Form1Model::ApplySliderRange() {
   const RangeStep rangeStep(*this);
-  PlayerProfile* profile = currentProfile();
-  if (profile == nullptr) return;
-  grid.selectedSeen.fill(false);
-  grid.selectedOn.fill(false);
-  for (const int c : ApplyTopOfOrder(profile->rangeLayer, SliderEntry(Slider1))) grid.selectedOn[c] = true;
-  // The top of the order is whole: the weight box paints clicks, not the order's steps.
-  profile->onWeights.fill(0);
+  if (!grid_.SelectTopOfOrder()) return;
   SetBlockColours();
-  RefreshSuitMatrix(true);
+  grid_.RefreshSuitMatrix(true);
 }
 
 }  // namespace quillet

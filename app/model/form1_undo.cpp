@@ -32,7 +32,7 @@ Form1Model::RangeStep::~RangeStep() {
   RangeHistory& history = form_.rangeHistory;
   --history.openSteps;
   if (!outermost_) return;
-  PlayerProfile* profile = form_.currentProfile();
+  PlayerProfile* profile = form_.profiles().currentProfile();
   if (profile == nullptr) {
     // No layers to compare (a name being typed that names no profile): the range stays as it was, and
     // the next change starts from it.
@@ -52,11 +52,11 @@ Form1Model::RangeStep::~RangeStep() {
 }
 
 std::optional<RangeSnapshot> Form1Model::CurrentRangeSnapshot(bool asLastChangeLeftIt) const {
-  const PlayerProfile* profile = currentProfile();
+  const PlayerProfile* profile = profiles_.currentProfile();
   const std::optional<RangeSnapshot>& last = rangeHistory.lastWithProfile;
   if (profile == nullptr) return last;
-  RangeSnapshot now{currentProfileIndex, profile->name,      profile->rangeLayer, profile->seenLayer,
-                    profile->onWeights,  profile->rangeText, Slider1.value};
+  RangeSnapshot now{profiles_.currentIndex, profile->name,      profile->rangeLayer, profile->seenLayer,
+                    profile->onWeights,     profile->rangeText, grid_.Slider1.value};
   if (asLastChangeLeftIt && last && last->SameRange(now)) {
     // A percentage typed but not yet entered, or a slider moved but not yet applied, is no range of its
     // own: the step keeps the text and place the range had.
@@ -68,30 +68,30 @@ std::optional<RangeSnapshot> Form1Model::CurrentRangeSnapshot(bool asLastChangeL
 
 bool Form1Model::RestoreRangeSnapshot(const RangeSnapshot& snapshot) {
   const int index = snapshot.profileIndex;
-  if (index < 0 || index >= static_cast<int>(profiles.size()) ||
-      profiles[index].name != snapshot.profileName) {
+  if (index < 0 || index >= static_cast<int>(profiles_.list.size()) ||
+      profiles_.list[index].name != snapshot.profileName) {
     rangeHistory.Clear();  // cannot happen while deleting a profile clears the history; kept as a guard
     return false;
   }
-  const bool otherProfile = index != currentProfileIndex;
-  currentProfileIndex = index;
-  PlayerProfile& profile = profiles[index];
+  const bool otherProfile = index != profiles_.currentIndex;
+  profiles_.currentIndex = index;
+  PlayerProfile& profile = profiles_.list[index];
   profile.rangeLayer = snapshot.rangeLayer;
   profile.seenLayer = snapshot.seenLayer;
   profile.onWeights = snapshot.onWeights;
-  if (otherProfile || cmbPlayer.text != profile.name) {
+  if (otherProfile || profiles_.cmbPlayer.text != profile.name) {
     // As a pick from the list shows it: the name, Delete shown, Save hidden.
-    RefillPlayerList(profile.name);
-    cmbPlayer.foreColour = kWindowTextColour;
+    profiles_.RefillPlayerList(profile.name);
+    profiles_.cmbPlayer.foreColour = kWindowTextColour;
     label(CommandLabel::lblDelete).visible = true;
     label(CommandLabel::lblSave).visible = false;
   }
-  Slider1.value = snapshot.sliderValue;
-  txtRange.foreColour = kWindowTextColour;
-  SetRangeText(snapshot.rangeText);
-  DeselectAllBlocks();
+  grid_.Slider1.value = snapshot.sliderValue;
+  grid_.txtRange.foreColour = kWindowTextColour;
+  grid_.SetRangeText(snapshot.rangeText);
+  grid_.DeselectAllBlocks();
   SetBlockColours();
-  RefreshSuitMatrix(true);
+  grid_.RefreshSuitMatrix(true);
   return true;
 }
 

@@ -22,28 +22,28 @@ bool Form1Model::SelectProfileByName() {
   const RangeStep rangeStep(*this);
   LabelState& save = label(CommandLabel::lblSave);
   LabelState& remove = label(CommandLabel::lblDelete);
-  const std::string& name = cmbPlayer.text;
+  const std::string& name = profiles_.cmbPlayer.text;
   if (name.empty() || Utf8Length(name) > kLongestProfileName) {
     remove.visible = false;
     save.visible = false;
-    currentProfileIndex = -1;
+    profiles_.currentIndex = -1;
     return false;
   }
-  const int k = FindProfileByName(profiles, name);
+  const int k = FindProfileByName(profiles_.list, name);
   if (k < 0) {
-    currentProfileIndex = -1;
+    profiles_.currentIndex = -1;
     remove.visible = false;
     save.visible = true;
     return false;
   }
-  currentProfileIndex = k;
+  profiles_.currentIndex = k;
   remove.visible = true;
   save.visible = false;
-  SetRangeText(profiles[k].rangeText);
+  grid_.SetRangeText(profiles_.list[k].rangeText);
   SetBlockColours();
-  if (profiles[k].rangeText.empty()) {
+  if (profiles_.list[k].rangeText.empty()) {
     // A profile without a stored range starts with the first step of the order, as a drag to 0 gives.
-    Slider1.value = 0;
+    grid_.Slider1.value = 0;
     Slider1_MouseMove(kLeftButton);
   }
   return true;
@@ -51,22 +51,22 @@ bool Form1Model::SelectProfileByName() {
 
 void Form1Model::cmbPlayer_Click() {
   const RangeStep rangeStep(*this);
-  DeselectAllBlocks();
+  grid_.DeselectAllBlocks();
   if (!SelectProfileByName()) {
-    cmbPlayer.listIndex = -1;
-    cmbPlayer.text = std::string(kPlayerPrompt);
+    profiles_.cmbPlayer.listIndex = -1;
+    profiles_.cmbPlayer.text = std::string(kPlayerPrompt);
   }
 }
 
 void Form1Model::cmbPlayer_KeyUp(int keyCode) {
   const RangeStep rangeStep(*this);
   const bool exists = SelectProfileByName();
-  cmbPlayer.foreColour = exists ? kWindowTextColour : kRejectedTextColour;
+  profiles_.cmbPlayer.foreColour = exists ? kWindowTextColour : kRejectedTextColour;
   if (keyCode == kKeyEnter && label(CommandLabel::lblSave).visible) lblSave_Click();
 }
 
 void Form1Model::lblSave_Click() {
-  const std::string name(TrimSpaces(cmbPlayer.text));
+  const std::string name(TrimSpaces(profiles_.cmbPlayer.text));
   if (name.empty() || Utf8Length(name) > kLongestProfileName) return;
   // A name the file cannot hold would be saved with "?" in place of its other characters (two names could
   // become one): it is refused, as quillet-cli refuses it, before anything is added.
@@ -75,19 +75,19 @@ void Form1Model::lblSave_Click() {
     return;
   }
   const RangeStep rangeStep(*this);
-  DeselectAllBlocks();
+  grid_.DeselectAllBlocks();
   // Trimming can turn a new name into an existing one: that profile is selected rather than doubled.
-  const int existing = FindProfileByName(profiles, name);
-  currentProfileIndex = existing >= 0 ? existing : AddProfile(name);
+  const int existing = FindProfileByName(profiles_.list, name);
+  profiles_.currentIndex = existing >= 0 ? existing : profiles_.AddProfile(name);
   ShowCurrentProfile();
 }
 
 void Form1Model::lblDelete_Click() {
-  PlayerProfile* profile = currentProfile();
+  PlayerProfile* profile = profiles_.currentProfile();
   if (profile == nullptr) return;
   profile->name.clear();  // the slot is free: neither listed nor saved
-  DeselectAllBlocks();
-  currentProfileIndex = FirstProfileIndex();
+  grid_.DeselectAllBlocks();
+  profiles_.currentIndex = profiles_.FirstProfileIndex();
   ShowCurrentProfile();
   // The steps may name the deleted profile; a deletion cannot be taken back, so the history starts anew.
   StartRangeHistory();
@@ -135,7 +135,7 @@ void Form1Model::mnuEquityPerCategory_Click() {
 void Form1Model::mnuEquityHeatMap_Click() {
   ToggleMenuCheck(options.equityHeatMap);
   // The colours come with the next Calc Equity; unticked, every block shows its own colour again.
-  if (!options.equityHeatMap) heatMap.reset();
+  if (!options.equityHeatMap) results_.heatMap.reset();
 }
 
 void Form1Model::mnuCategoryIcons_Click() {

@@ -235,7 +235,7 @@ void MultiwayModel::cmdFromMainWindow_Click() {
   if (owner != nullptr) {
     myHand = owner->txtMyHand.text;
     if (IsTwoCardText(myHand)) myHand = MultiwayTwoCards(myHand);
-    if (const PlayerProfile* profile = owner->currentProfile()) {
+    if (const PlayerProfile* profile = owner->profiles().currentProfile()) {
       range = PrintWeightedRangeNotation(OnLayerWeights(*profile));
     }
     board = owner->txtBoard.text;

@@ -23,7 +23,7 @@ namespace {
 std::string WindowExport(bool standardRules, bool winLoseIcons = false) {
   quillet::testing::GenericProfileWindow window;
   Form1Model& model = window.model;
-  model.txtRange.text = "20";
+  model.grid().txtRange.text = "20";
   model.txtRange_KeyUp(kKeyEnter);
   model.txtMyHand.text = "AhKd";
   model.txtBoard.text = "Tc8h3s";
@@ -31,7 +31,7 @@ std::string WindowExport(bool standardRules, bool winLoseIcons = false) {
   model.options.winLoseIcons = winLoseIcons;
   model.mnuEquityPerCategory_Click();
   EXPECT_TRUE(window.services.messages.empty());
-  return model.exportText;
+  return model.results().exportText;
 }
 
 const std::vector<std::string> kTwentyPercent = {"cook",   "--hand", "AhKd", "--board",

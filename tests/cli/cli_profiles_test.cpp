@@ -216,13 +216,13 @@ TEST_F(ProfilesCommand, ABadFileGivesTheWindowsMessageOnStderrWithStatusTwoAndIs
 
   RecordingServices services;
   Form1Model window(services);
-  window.profilePath = dir / "copy" / "Player_Profiles.ini";
-  std::filesystem::create_directories(window.profilePath.parent_path());
-  WriteBytes(window.profilePath, cut);
-  window.LoadProfiles();
+  window.profiles().path = dir / "copy" / "Player_Profiles.ini";
+  std::filesystem::create_directories(window.profiles().path.parent_path());
+  WriteBytes(window.profiles().path, cut);
+  window.profiles().LoadProfiles();
   ASSERT_EQ(services.messages.size(), 1u);
   std::string windowLine = services.messages[0].text.substr(0, services.messages[0].text.find("\r\n"));
-  windowLine.replace(windowLine.find(window.profilePath.string()), window.profilePath.string().size(),
+  windowLine.replace(windowLine.find(window.profiles().path.string()), window.profiles().path.string().size(),
                      File());
 
   for (const std::vector<std::string>& words :

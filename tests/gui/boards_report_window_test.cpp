@@ -29,7 +29,8 @@ void Click(QWidget* widget) {
 // `standard` is false (the program's own rules count every flop for seconds: long enough to stop); then
 // Ctrl+B.
 BoardsReportWindow* OpenOn(Session& s, const char* hand, const char* board, bool standard = true) {
-  s.model.profiles[s.model.currentProfileIndex] = quillet::testing::MakeProfile("Generic", {"QQ", "JJ"}, "");
+  s.model.profiles().list[s.model.profiles().currentIndex] =
+      quillet::testing::MakeProfile("Generic", {"QQ", "JJ"}, "");
   s.model.txtMyHand.text = hand;
   s.model.txtBoard.text = board;
   s.model.options.standardShowdownRules = standard;
@@ -161,7 +162,7 @@ void BoardsReportWindowTest::copyAndADoubleClickThatCooksTheRowsBoard() {
   Click(window->cmdCopy());
   QCOMPARE(QGuiApplication::clipboard()->text().toStdString(), s.model.frmBoardsReport.CopyText());
   const std::string board = Shown(*window, 3, 0);
-  QVERIFY(s.model.lblCheckPossibleHands.empty());
+  QVERIFY(s.model.results().lblCheckPossibleHands.empty());
   QTableView* table = window->grdRows();
   const QRect cell = table->visualRect(table->model()->index(3, 0));
   const QPoint at = table->viewport()->mapTo(window, cell.center());
@@ -169,7 +170,7 @@ void BoardsReportWindowTest::copyAndADoubleClickThatCooksTheRowsBoard() {
   QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
   QCOMPARE(s.model.txtBoard.text, board);
   QCOMPARE(s.form->txtBoard()->Text(), board);
-  QVERIFY(!s.model.lblCheckPossibleHands.empty());
+  QVERIFY(!s.model.results().lblCheckPossibleHands.empty());
 }
 
 void BoardsReportWindowTest::stopDuringALongReportAnswersAtOnce() {

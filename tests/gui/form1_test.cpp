@@ -144,7 +144,7 @@ void Form1Test::ctrlAltClickShowsTheBlockWithoutChangingTheRange() {
   Form1& form = *s.form;
   ClickBlock(form, "QQ", Qt::LeftButton, Qt::ControlModifier | Qt::AltModifier);
   QCOMPARE(BlockOnScreen(form, "QQ"), ModelColour(0xFF80FF));
-  QCOMPARE(s.model.currentProfile()->rangeLayer[FindClassByName("QQ")].count, 0);
+  QCOMPARE(s.model.profiles().currentProfile()->rangeLayer[FindClassByName("QQ")].count, 0);
 }
 
 void Form1Test::typingABoardAndPressingEnterFillsTheTreeAndTheCaption() {
@@ -271,22 +271,22 @@ void Form1Test::aNewNameIsSavedSelectedAndDeleted() {
   QCOMPARE(box->currentText(), QStringLiteral("Villain"));
   QVERIFY(remove->isVisible());
   QVERIFY(!save->isVisible());
-  QCOMPARE(s.model.currentProfile()->name, std::string("Villain"));
+  QCOMPARE(s.model.profiles().currentProfile()->name, std::string("Villain"));
 
   // Give Villain a range, go to Generic and back: the range comes back with the profile.
   ClickBlock(form, "AKs", Qt::LeftButton);
   QVERIFY(PickFromList(box, 0));
-  QCOMPARE(s.model.currentProfile()->name, std::string("Generic"));
+  QCOMPARE(s.model.profiles().currentProfile()->name, std::string("Generic"));
   QCOMPARE(BlockOnScreen(form, "AKs"), ModelColour(0x8080FF));
   QVERIFY(PickFromList(box, 1));
-  QCOMPARE(s.model.currentProfile()->name, std::string("Villain"));
+  QCOMPARE(s.model.profiles().currentProfile()->name, std::string("Villain"));
   QCOMPARE(BlockOnScreen(form, "AKs"), ModelColour(0x00FFFF));
   QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.3"));
 
   ClickLabel(form, CommandLabel::lblDelete);
   QCOMPARE(box->count(), 1);
   QCOMPARE(box->currentText(), QStringLiteral("Generic"));
-  QCOMPARE(s.model.currentProfile()->name, std::string("Generic"));
+  QCOMPARE(s.model.profiles().currentProfile()->name, std::string("Generic"));
 
   // Enter saves a new name as well.
   box->lineEdit()->selectAll();
@@ -317,7 +317,7 @@ void Form1Test::closingWhileAnotherProgramHoldsTheLockAsksAndCancelKeepsTheWindo
   const auto profiles = s.dir / "Player_Profiles.ini";
   const auto prefs = s.dir / "MyPrefs.ini";
   TypeInto(s.form->txtMyHand(), QStringLiteral("AhKd"));
-  s.model.writeLockWait = std::chrono::milliseconds(300);
+  s.model.profiles().writeLockWait = std::chrono::milliseconds(300);
   bool eventRan = false;
   bool eventHadRunWhenAsked = false;
   s.services.onRetryQuestion = [&] { eventHadRunWhenAsked = eventRan; };
@@ -499,7 +499,8 @@ void Form1Test::equityPerCategoryFromTheDisplayOptionsEndsEachCategoryWithItsEqu
   // What the tree shows is what the model built, and the export text carries it.
   for (QTreeWidgetItem* item : items) {
     if (item->text(0).contains(QStringLiteral(" eq ")))
-      QVERIFY(QString::fromStdString(s.model.exportText).contains(item->text(0) + QStringLiteral("\r\n")));
+      QVERIFY(QString::fromStdString(s.model.results().exportText)
+                  .contains(item->text(0) + QStringLiteral("\r\n")));
   }
 
   ClickDisplayOption(form, "mnuEquityPerCategory");
@@ -537,19 +538,19 @@ void Form1Test::equityHeatMapColoursTheBlocksAfterCalcEquityAndUntickedLeavesThe
   ClickLabel(form, CommandLabel::cmdCalcEquity);
   // Each block of the range shows the colour of my equity against it, counted by the model; the others
   // keep theirs.
-  QVERIFY(s.model.heatMap.has_value());
+  QVERIFY(s.model.results().heatMap.has_value());
   for (const char* name : {"AA", "QQ", "AKs", "JTs"}) {
-    const auto& heat = (*s.model.heatMap)[FindClassByName(name)];
+    const auto& heat = (*s.model.results().heatMap)[FindClassByName(name)];
     QVERIFY2(heat.has_value(), name);
     QCOMPARE(BlockOnScreen(form, name), ModelColour(HeatMapColour(heat->equity)));
   }
-  QCOMPARE(BlockOnScreen(form, "72"), ModelColour(s.model.grid.blockColour[FindClassByName("72")]));
+  QCOMPARE(BlockOnScreen(form, "72"), ModelColour(s.model.grid().blockColour[FindClassByName("72")]));
   // The block text is white on the deep red and green ends of the scale, black on its yellow middle.
   QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(0.0), form.palette())), QColor(Qt::white));
   QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(50.0), form.palette())), QColor(Qt::black));
   QCOMPARE(ReadableTextOn(ToQColor(HeatMapColour(100.0), form.palette())), QColor(Qt::white));
   // The tooltip of a block carries my equity against it.
-  QVERIFY(s.model.BlockToolTip(FindClassByName("AA")).find("live holdings") != std::string::npos);
+  QVERIFY(s.model.grid().BlockToolTip(FindClassByName("AA")).find("live holdings") != std::string::npos);
 
   ClickDisplayOption(form, "mnuEquityHeatMap");
   QVERIFY(!option->isChecked());
@@ -583,7 +584,7 @@ void Form1Test::theSliderAppliesTheRangeWhenDraggedAndWhenAnArrowKeyIsHeld() {
   QTest::keyRelease(form.windowHandle(), Qt::Key_Right);
   QVERIFY(!form.tmrSliderMoving()->isActive());
   QCOMPARE(slider->value(), 1);
-  QCOMPARE(s.model.Slider1.value, 1);
+  QCOMPARE(s.model.grid().Slider1.value, 1);
 }
 
 void Form1Test::typingAPercentageAndEnterSnapsItToAStep() {
@@ -631,9 +632,9 @@ void Form1Test::theTreeShowsTheErrorPointerWhileTheModelSignalsAnError() {
   QVERIFY(s.Start());
   Form1& form = *s.form;
   QVERIFY(!form.TV()->viewport()->testAttribute(Qt::WA_SetCursor));
-  form.Act([&] { s.model.tvMousePointer = 99; });
+  form.Act([&] { s.model.results().tvMousePointer = 99; });
   QCOMPARE(form.TV()->viewport()->cursor().shape(), Qt::BitmapCursor);
-  form.Act([&] { s.model.tvMousePointer = 0; });
+  form.Act([&] { s.model.results().tvMousePointer = 0; });
   QVERIFY(!form.TV()->viewport()->testAttribute(Qt::WA_SetCursor));
 }
 
@@ -702,10 +703,10 @@ void Form1Test::theTimersFollowTheModel() {
   Form1& form = *s.form;
   QVERIFY(!form.tmrCalcEquity()->isActive());
   QVERIFY(!form.tmrTVError()->isActive());
-  form.Act([&] { s.model.tmrTVError.Enable(); });
+  form.Act([&] { s.model.results().tmrTVError.Enable(); });
   QVERIFY(form.tmrTVError()->isActive());
   QCOMPARE(form.tmrTVError()->interval(), 550);
-  form.Act([&] { s.model.tmrTVError.Disable(); });
+  form.Act([&] { s.model.results().tmrTVError.Disable(); });
   QVERIFY(!form.tmrTVError()->isActive());
 
   // The automatic preflop equity: a range change arms the 1 ms timer, whose event runs the calculation.
@@ -844,7 +845,7 @@ void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
   QVERIFY(group->data(0, Qt::CheckStateRole).isValid());
   QVERIFY(!group->child(0)->data(0, Qt::CheckStateRole).isValid());
 
-  const RangeLayer before = s.model.currentProfile()->rangeLayer;
+  const RangeLayer before = s.model.profiles().currentProfile()->rangeLayer;
   const QString notationBefore = form.txtNotation()->text();
   tree->collapseAll();
   Click(tree->viewport(), Qt::LeftButton, Qt::NoModifier, CheckBoxOf(tree, onePair));
@@ -853,9 +854,9 @@ void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
   QCOMPARE(draws->checkState(0), Qt::Checked);
   const int pairNode = onePair->data(0, Qt::UserRole).toInt();
   const int drawNode = draws->data(0, Qt::UserRole).toInt();
-  QVERIFY(s.model.tvChecked[pairNode] && s.model.tvChecked[drawNode]);
-  const HoldingSet wanted =
-      HoldingsUnderNodes(s.model.TV, s.model.categories, std::vector<int>{pairNode, drawNode});
+  QVERIFY(s.model.results().tvChecked[pairNode] && s.model.results().tvChecked[drawNode]);
+  const HoldingSet wanted = HoldingsUnderNodes(s.model.results().TV, s.model.results().categories,
+                                               std::vector<int>{pairNode, drawNode});
 
   RightClickItem(tree, onePair);
   QTRY_VERIFY(form.mnuTV()->isVisible());
@@ -865,7 +866,7 @@ void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
   form.mnuTV()->hide();
   form.menuAction("mnuKeepOnlyChecked")->trigger();
   QVERIFY(s.services.messages.empty());
-  QCOMPARE(HoldingsOfLayer(s.model.currentProfile()->rangeLayer), wanted);
+  QCOMPARE(HoldingsOfLayer(s.model.profiles().currentProfile()->rangeLayer), wanted);
   QCOMPARE(form.lblCheckPossibleHands()->text().section('\n', 0, 0),
            QStringLiteral("%1 Hands in Opponent's Range").arg(wanted.size()));
   QVERIFY(form.txtNotation()->text() != notationBefore);
@@ -875,19 +876,19 @@ void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
   // Ctrl+Z on the window takes the whole step back; Ctrl+Shift+Z makes it again.
   tree->setFocus();
   PressKey(tree, Qt::Key_Z, Qt::ControlModifier);
-  QVERIFY(s.model.currentProfile()->rangeLayer == before);
+  QVERIFY(s.model.profiles().currentProfile()->rangeLayer == before);
   QCOMPARE(form.txtNotation()->text(), notationBefore);
   PressKey(tree, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-  QCOMPARE(HoldingsOfLayer(s.model.currentProfile()->rangeLayer), wanted);
+  QCOMPARE(HoldingsOfLayer(s.model.profiles().currentProfile()->rangeLayer), wanted);
 
   // A click on the grid hands the focus to the Board box; with no edit of its own to undo, the box leaves
   // Ctrl+Z to the window.
-  const RangeLayer narrowed = s.model.currentProfile()->rangeLayer;
+  const RangeLayer narrowed = s.model.profiles().currentProfile()->rangeLayer;
   ClickBlock(form, "72", Qt::LeftButton);
   QVERIFY(form.txtBoard()->hasFocus());
-  QVERIFY(s.model.currentProfile()->rangeLayer != narrowed);
+  QVERIFY(s.model.profiles().currentProfile()->rangeLayer != narrowed);
   PressKey(form.txtBoard(), Qt::Key_Z, Qt::ControlModifier);
-  QVERIFY(s.model.currentProfile()->rangeLayer == narrowed);
+  QVERIFY(s.model.profiles().currentProfile()->rangeLayer == narrowed);
   QCOMPARE(form.txtBoard()->toPlainText(), QStringLiteral("Tc8h3s"));
 
   // A text box with an edit of its own keeps Ctrl+Z for it: the range stays.
@@ -896,7 +897,7 @@ void Form1Test::checkBoxesKeepOnlyCheckedAndCtrlZOnTheWindow() {
   const QString typed = range->text();
   PressKey(range, Qt::Key_Z, Qt::ControlModifier);
   QVERIFY(range->text() != typed);
-  QCOMPARE(HoldingsOfLayer(s.model.currentProfile()->rangeLayer), wanted);
+  QCOMPARE(HoldingsOfLayer(s.model.profiles().currentProfile()->rangeLayer), wanted);
   // Unticked, the boxes and the menu item go.
   form.menuAction("mnuCheckBoxes")->trigger();
   QVERIFY(!TopLevelStartingWith(tree, QStringLiteral("One pair ("))->data(0, Qt::CheckStateRole).isValid());

@@ -30,7 +30,7 @@ void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
 }
 
 std::string OnLayerNotation(Session& s) {
-  return PrintRangeNotation(HoldingsOfLayer(s.model.currentProfile()->rangeLayer));
+  return PrintRangeNotation(HoldingsOfLayer(s.model.profiles().currentProfile()->rangeLayer));
 }
 
 }  // namespace
@@ -83,7 +83,7 @@ void RangeNotationBoxTest::aBadTextTurnsRedShowsItsErrorOnceAndLeavesTheGridAlon
   Form1& form = *s.form;
   ClickBlock(form, "AA");
   QCOMPARE(form.txtNotation()->text(), QStringLiteral("AA"));
-  const PlayerProfile before = *s.model.currentProfile();
+  const PlayerProfile before = *s.model.profiles().currentProfile();
   QLineEdit* box = form.txtNotation();
   QTest::mouseClick(box, Qt::LeftButton);
   Key(Qt::Key_End);
@@ -93,7 +93,7 @@ void RangeNotationBoxTest::aBadTextTurnsRedShowsItsErrorOnceAndLeavesTheGridAlon
   QCOMPARE(s.services.messages, std::vector<std::string>{"unknown token 'AKx' at column 5"});
   QCOMPARE(box->text(), QStringLiteral("AA, AKx"));
   QCOMPARE(box->palette().color(QPalette::Text), QColor(255, 0, 0));
-  QVERIFY(*s.model.currentProfile() == before);
+  QVERIFY(*s.model.profiles().currentProfile() == before);
   QCOMPARE(form.txtRange()->text(), QStringLiteral("~0.5"));
 }
 

@@ -85,7 +85,7 @@ void WeightBoxTest::theBoxSitsBesideTheRangeBoxAndTabReachesIt() {
   QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(weight));
   // The arrow keys step it by 5 %.
   Key(Qt::Key_Down);
-  QCOMPARE(s.model.txtWeight, 950);
+  QCOMPARE(s.model.grid().txtWeight, 950);
 }
 
 void WeightBoxTest::aTypedWeightPaintsTheNextClickAndTheBlockShowsIt() {
@@ -93,14 +93,14 @@ void WeightBoxTest::aTypedWeightPaintsTheNextClickAndTheBlockShowsIt() {
   QVERIFY(s.StartActive());
   Form1& form = *s.form;
   TypeWeight(form, QStringLiteral("50"));
-  QCOMPARE(s.model.txtWeight, 500);
+  QCOMPARE(s.model.grid().txtWeight, 500);
   ClickBlock(form, "AQs");
   QCOMPARE(form.txtNotation()->text(), QStringLiteral("AQs:0.5"));
-  QCOMPARE(s.model.BlockToolTip(FindClassByName("AQs")), std::string("AQs: 4 of 4 in range at 50 %"));
+  QCOMPARE(s.model.grid().BlockToolTip(FindClassByName("AQs")), std::string("AQs: 4 of 4 in range at 50 %"));
   // Half filled: the block's colour at the bottom, its base colour at the top.
   const int aqs = FindClassByName("AQs");
-  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.ShownBlockColour(aqs)));
-  QCOMPARE(BlockTop(form, "AQs"), ModelColour(s.model.grid.baseColour[aqs]));
+  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.grid().ShownBlockColour(aqs)));
+  QCOMPARE(BlockTop(form, "AQs"), ModelColour(s.model.grid().baseColour[aqs]));
   QVERIFY(BlockTop(form, "AQs") != BlockBottom(form, "AQs"));
   // The box keeps its value for the next click.
   QCOMPARE(form.txtWeight()->value(), 50.0);
@@ -112,8 +112,8 @@ void WeightBoxTest::aWholeBlockIsFilledAsBefore() {
   Form1& form = *s.form;
   ClickBlock(form, "AQs");
   const int aqs = FindClassByName("AQs");
-  QCOMPARE(BlockTop(form, "AQs"), ModelColour(s.model.ShownBlockColour(aqs)));
-  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.ShownBlockColour(aqs)));
+  QCOMPARE(BlockTop(form, "AQs"), ModelColour(s.model.grid().ShownBlockColour(aqs)));
+  QCOMPARE(BlockBottom(form, "AQs"), ModelColour(s.model.grid().ShownBlockColour(aqs)));
   QCOMPARE(form.txtNotation()->text(), QStringLiteral("AQs"));
 }
 
@@ -128,7 +128,7 @@ void WeightBoxTest::theRangeBoxTakesWeightsAndCtrlZTakesThemBack() {
   Keys(QStringLiteral("KK:0.25"));
   Key(Qt::Key_Return);
   QCOMPARE(box->text(), QStringLiteral("KK:0.25"));
-  QCOMPARE(s.model.grid.blockPartWeight[FindClassByName("KK")], 250);
+  QCOMPARE(s.model.grid().blockPartWeight[FindClassByName("KK")], 250);
   QVERIFY(BlockTop(form, "KK") != BlockBottom(form, "KK"));
   QTest::mouseMove(form.PFHand(), form.PFHand()->rect().center());
   form.PFHand()->setFocus();
@@ -136,7 +136,7 @@ void WeightBoxTest::theRangeBoxTakesWeightsAndCtrlZTakesThemBack() {
   QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("KK:0.25"));
   Key(Qt::Key_Z, Qt::ControlModifier);
   QCOMPARE(box->text(), QStringLiteral("KK"));
-  QVERIFY(!HasPartialWeights(*s.model.currentProfile()));
+  QVERIFY(!HasPartialWeights(*s.model.profiles().currentProfile()));
   QCOMPARE(BlockTop(form, "KK"), BlockBottom(form, "KK"));
 }
 
@@ -146,9 +146,9 @@ void WeightBoxTest::theSeenLayerIsPaintedWholeWhateverTheBox() {
   Form1& form = *s.form;
   TypeWeight(form, QStringLiteral("20"));
   ClickBlock(form, "QQ", Qt::RightButton);
-  QCOMPARE(s.model.grid.blockPartWeight[FindClassByName("QQ")], 0);
+  QCOMPARE(s.model.grid().blockPartWeight[FindClassByName("QQ")], 0);
   QCOMPARE(BlockTop(form, "QQ"), BlockBottom(form, "QQ"));
-  QVERIFY(!AnyWeightKept(s.model.currentProfile()->onWeights));
+  QVERIFY(!AnyWeightKept(s.model.profiles().currentProfile()->onWeights));
 }
 
 void WeightBoxTest::aSuitCellShowsItsHoldingsWeight() {

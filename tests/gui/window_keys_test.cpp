@@ -41,11 +41,11 @@ void Type(Form1& form, const char* text) {
 }
 
 std::string OnLayer(Session& s) {
-  return PrintRangeNotation(HoldingsOfLayer(s.model.currentProfile()->rangeLayer));
+  return PrintRangeNotation(HoldingsOfLayer(s.model.profiles().currentProfile()->rangeLayer));
 }
 
 std::string SeenLayer(Session& s) {
-  return PrintRangeNotation(HoldingsOfLayer(s.model.currentProfile()->seenLayer));
+  return PrintRangeNotation(HoldingsOfLayer(s.model.profiles().currentProfile()->seenLayer));
 }
 
 // Clear All, then KK: the range is KK alone.
@@ -167,7 +167,7 @@ void WindowKeysTest::arrowsMoveTheGridsFrameAndSpaceActsAsAClick() {
   QCOMPARE(grid->FocusBlock(), FindClassByName("AKs"));
   Key(form, Qt::Key_Space);  // a left click on AKs
   QCOMPARE(OnLayer(s), std::string("KK, AKs"));
-  QVERIFY(s.model.grid.selectedOn[FindClassByName("AKs")]);
+  QVERIFY(s.model.grid().selectedOn[FindClassByName("AKs")]);
   QCOMPARE(QApplication::focusWidget(), grid);  // the frame stays for the next key
   Key(form, Qt::Key_Space);                     // and again: AKs goes out
   QCOMPARE(OnLayer(s), std::string("KK"));
@@ -177,7 +177,7 @@ void WindowKeysTest::arrowsMoveTheGridsFrameAndSpaceActsAsAClick() {
   QCOMPARE(grid->FocusBlock(), FindClassByName("AK"));
   Key(form, Qt::Key_Space, Qt::ShiftModifier);  // a right click on AKo: the Seen layer
   QCOMPARE(SeenLayer(s), std::string("AKo"));   // offsuit: "AKo" in notation, "AK" by name
-  QVERIFY(s.model.lblSeenVisible);
+  QVERIFY(s.model.grid().lblSeenVisible);
   QCOMPARE(OnLayer(s), std::string("KK"));
   // The frame is drawn on the block.
   const QImage image = grid->grab().toImage();

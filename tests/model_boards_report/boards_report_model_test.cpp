@@ -61,8 +61,8 @@ class BoardsReportWindowModel : public ::testing::Test {
   void OpenOn(const std::string& myHand, const std::string& board, const std::vector<std::string>& classes) {
     model.txtMyHand.text = myHand;
     model.txtBoard.text = board;
-    model.profiles.push_back(MakeProfile("Villain", classes, ""));
-    model.currentProfileIndex = 0;
+    model.profiles().list.push_back(MakeProfile("Villain", classes, ""));
+    model.profiles().currentIndex = 0;
     model.options.standardShowdownRules = true;
     model.mnuBoardsReport_Click();
     WaitForRun(window);
@@ -111,8 +111,8 @@ TEST_F(BoardsReportWindowModel, MyRangeIsCountedUnderTheStandardRules) {
 TEST_F(BoardsReportWindowModel, MyRangeUnderTheProgramsOwnRulesIsRefusedWithTheReportsReason) {
   model.txtMyHand.text = "QQ+";
   model.txtBoard.text = "Tc8h3s";
-  model.profiles.push_back(MakeProfile("Villain", {"JJ"}, ""));
-  model.currentProfileIndex = 0;
+  model.profiles().list.push_back(MakeProfile("Villain", {"JJ"}, ""));
+  model.profiles().currentIndex = 0;
   model.mnuBoardsReport_Click();
   WaitForRun(window);
   EXPECT_FALSE(window.report.has_value());
@@ -122,8 +122,8 @@ TEST_F(BoardsReportWindowModel, MyRangeUnderTheProgramsOwnRulesIsRefusedWithTheR
 
 TEST_F(BoardsReportWindowModel, ClosingTheWindowStopsItsReport) {
   model.txtMyHand.text = "AhKd";
-  model.profiles.push_back(MakeProfile("Villain", {"22", "AK"}, ""));
-  model.currentProfileIndex = 0;
+  model.profiles().list.push_back(MakeProfile("Villain", {"22", "AK"}, ""));
+  model.profiles().currentIndex = 0;
   model.options.standardShowdownRules = true;
   model.mnuBoardsReport_Click();
   ASSERT_TRUE(window.Running());
@@ -258,17 +258,17 @@ TEST_F(BoardsReportWindowModel, ADoubleClickPutsTheRowsBoardInTheMainWindowAndCo
   OpenOn("AhKd", "Tc8h3s", {"QQ", "JJ"});
   window.grdRows_HeaderClick(static_cast<int>(BoardsColumn::Equity));
   const std::string board = BoardText(window.report->rows[window.ShownRows()[2]].Board());
-  EXPECT_TRUE(model.lblCheckPossibleHands.empty());
+  EXPECT_TRUE(model.results().lblCheckPossibleHands.empty());
   window.grdRows_DblClick(2);
   EXPECT_EQ(model.txtBoard.text, board);
-  EXPECT_FALSE(model.lblCheckPossibleHands.empty());
+  EXPECT_FALSE(model.results().lblCheckPossibleHands.empty());
   EXPECT_TRUE(services.messages.empty());
 }
 
 TEST_F(BoardsReportWindowModel, StopEndsTheRunAtOnceAndShowsNoRows) {
   model.txtMyHand.text = "AhKd";
-  model.profiles.push_back(MakeProfile("Villain", {"22", "AK", "KQ", "QJs"}, ""));
-  model.currentProfileIndex = 0;
+  model.profiles().list.push_back(MakeProfile("Villain", {"22", "AK", "KQ", "QJs"}, ""));
+  model.profiles().currentIndex = 0;
   model.options.standardShowdownRules = true;
   model.mnuBoardsReport_Click();  // every flop
   ASSERT_TRUE(window.Running());

@@ -20,7 +20,7 @@ struct CookWindow : testing::GenericProfileWindow<> {
       SetBlockWhole(profile().rangeLayer[c], HandClasses()[c].kind == kKindSuited);
   }
 
-  int Count(int entry) const { return model.categories.nodes[entry].count; }
+  int Count(int entry) const { return model.results().categories.nodes[entry].count; }
 };
 
 // What a run leaves behind, to check that a refused run changes none of it.
@@ -34,11 +34,11 @@ struct CookResult {
   int32_t liveCount;
 
   explicit CookResult(const Form1Model& m)
-      : categorised(m.categories.categorisedCount),
-        caption(m.lblCheckPossibleHands),
-        rangeCount(m.cookRangeCount),
-        liveCount(m.cookLiveCount) {
-    for (const CategoryNode& node : m.categories.nodes) {
+      : categorised(m.results().categories.categorisedCount),
+        caption(m.results().lblCheckPossibleHands),
+        rangeCount(m.results().cookRangeCount),
+        liveCount(m.results().cookLiveCount) {
+    for (const CategoryNode& node : m.results().categories.nodes) {
       combos.push_back(node.combos);
       counts.push_back(node.count);
       nonEmpty.push_back(node.nonEmpty);
@@ -50,8 +50,8 @@ struct CookResult {
 TEST(CookHandler, ANewWindowIsReadyToCookWithAllFiftyFiveCategories) {
   RecordingServices services;
   Form1Model model(services);
-  ASSERT_EQ(model.categories.nodes.size(), 55u);
-  EXPECT_EQ(model.categories.nodes[54].label, "*Royal Flush");
+  ASSERT_EQ(model.results().categories.nodes.size(), 55u);
+  EXPECT_EQ(model.results().categories.nodes[54].label, "*Royal Flush");
 }
 
 TEST(CookHandler, TheCaptionIsThreeLinesSeparatedByCarriageReturnLineFeed) {
@@ -59,10 +59,10 @@ TEST(CookHandler, TheCaptionIsThreeLinesSeparatedByCarriageReturnLineFeed) {
   w.Click("AA");
   w.Cook("AhAd", "");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "6 Hands in Opponent's Range\r\n1 Possible Hands\r\n1 Hands in categories");
   EXPECT_EQ(w.Count(6), 1);
-  EXPECT_EQ(ComboToText(w.model.categories.nodes[6].combos[0]), "AcAs");
+  EXPECT_EQ(ComboToText(w.model.results().categories.nodes[6].combos[0]), "AcAs");
 }
 
 TEST(CookHandler, AWrongBoardLengthShowsItsMessageAndThenBadInput) {
@@ -124,7 +124,7 @@ TEST(CookHandler, EachRunReadsMyHandIntoAFreshRecord) {
   w.Cook("", "Tc8h3s");
   w.Cook("AhKd", "Tc8h3s");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "6 Hands in Opponent's Range\r\n6 Possible Hands\r\n6 Hands in categories");
 }
 
@@ -135,16 +135,16 @@ TEST(CookHandler, WithNoProfileSelectedTheRangeIsEmptyWithoutAnError) {
   model.txtBoard.text = "Tc8h3s";
   model.cmdCheckPossibleHands_Click();
   EXPECT_TRUE(services.messages.empty());
-  EXPECT_EQ(model.lblCheckPossibleHands,
+  EXPECT_EQ(model.results().lblCheckPossibleHands,
             "0 Hands in Opponent's Range\r\n0 Possible Hands\r\n0 Hands in categories");
-  for (const CategoryNode& node : model.categories.nodes) EXPECT_EQ(node.count, 0);
+  for (const CategoryNode& node : model.results().categories.nodes) EXPECT_EQ(node.count, 0);
 }
 
 TEST(CookHandler, AnEmptyGridIsARangeOfZero) {
   CookWindow w;
   w.Cook("", "");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "0 Hands in Opponent's Range\r\n0 Possible Hands\r\n0 Hands in categories");
 }
 
@@ -163,10 +163,10 @@ TEST(CookHandler, AHoldingThatUsesABoardCardCountsInTheRangeButIsNotPossible) {
   w.Click("AKs");
   w.Cook("", "Ah7c2d");
   // AhKh uses the board's ace; the other three suited holdings are live pairs of aces.
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "4 Hands in Opponent's Range\r\n3 Possible Hands\r\n3 Hands in categories");
-  EXPECT_EQ(w.model.cookRangeCount, 4);
-  EXPECT_EQ(w.model.cookLiveCount, 3);
+  EXPECT_EQ(w.model.results().cookRangeCount, 4);
+  EXPECT_EQ(w.model.results().cookLiveCount, 3);
   EXPECT_EQ(w.Count(8), 3);
 }
 
@@ -176,7 +176,7 @@ TEST(CookHandler, HoldingsOfTheSeenLayerAreCookedToo) {
   SetBlockWhole(w.profile().seenLayer[kk], false);
   w.Click("AA");
   w.Cook("", "");
-  EXPECT_EQ(w.model.cookRangeCount, 12);
+  EXPECT_EQ(w.model.results().cookRangeCount, 12);
   EXPECT_EQ(w.Count(6), 12);
 }
 
@@ -185,7 +185,7 @@ TEST(CookHandler, AMadeHandWithAFlushDrawIsCountedOnceInTheCaption) {
   w.Click("AQs");
   w.Cook("", "Ac7h2h");
   // AhQh: a pair of aces and four hearts; AdQd and AsQs: a pair of aces; AcQc is dead.
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "4 Hands in Opponent's Range\r\n3 Possible Hands\r\n3 Hands in categories");
   EXPECT_EQ(w.Count(8), 3);
   EXPECT_EQ(w.Count(27), 1);
@@ -196,7 +196,7 @@ TEST(CookHandler, TheFullRangeAgainstAcesOnTenEightThreeMakesTheKnownCounts) {
   w.ClickAll();
   w.Cook("AhAd", "Tc8h3s");
   ASSERT_TRUE(w.services.messages.empty());
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "1326 Hands in Opponent's Range\r\n1081 Possible Hands\r\n1081 Hands in categories");
 
   // Worked out by counting cards. Left beside AhAd and Tc8h3s: two aces, three each of T, 8 and 3, and
@@ -236,7 +236,7 @@ TEST(CookHandler, TheFullRangeAgainstAcesOnTenEightThreeMakesTheKnownCounts) {
   int draws = 0;
   for (int e : {26, 27, 30, 31, 32, 33}) draws += w.Count(e);
   int total = 0;
-  for (const CategoryNode& node : w.model.categories.nodes) total += node.count;
+  for (const CategoryNode& node : w.model.results().categories.nodes) total += node.count;
   EXPECT_EQ(total, 1081 + draws);
   EXPECT_GT(w.Count(26), 0);
   EXPECT_GT(w.Count(33), 0);
@@ -251,14 +251,16 @@ TEST(CookHandler, AWeightedProfileGivesTheCaptionAndTheTreeItsCombinations) {
   SetOnLayerWeights(w.profile(), parsed.weights);
   w.Cook("AhAd", "");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "10 Hands in Opponent's Range\r\n9.5 Possible Hands\r\n9.5 Hands in categories");
-  EXPECT_EQ(w.model.cookRangeCount, 16);
-  EXPECT_EQ(w.model.cookLiveCount, 14);
-  EXPECT_NE(w.model.exportText.find("\r\nHigh cards (0.5) 5%\r\n  A high (0.5) 5%\r\n    ~AKs (0.5)\r\n"),
-            std::string::npos)
-      << w.model.exportText;
-  EXPECT_NE(w.model.exportText.find("\r\nOne pair (9) 94%\r\n"), std::string::npos) << w.model.exportText;
+  EXPECT_EQ(w.model.results().cookRangeCount, 16);
+  EXPECT_EQ(w.model.results().cookLiveCount, 14);
+  EXPECT_NE(
+      w.model.results().exportText.find("\r\nHigh cards (0.5) 5%\r\n  A high (0.5) 5%\r\n    ~AKs (0.5)\r\n"),
+      std::string::npos)
+      << w.model.results().exportText;
+  EXPECT_NE(w.model.results().exportText.find("\r\nOne pair (9) 94%\r\n"), std::string::npos)
+      << w.model.results().exportText;
 }
 
 }  // namespace

@@ -40,24 +40,24 @@ TEST_F(CardEntry, ATrailingOddCharacterKeepsItsColour) {
 
 TEST_F(CardEntry, AnyKeyInMyHandClearsTheEquityModifiersIncluded) {
   for (int key : {int{'A'}, kKeyShift, kKeyControl, kKeyAlt}) {
-    form.lblMyEquity.caption = "57.3%";
-    form.lblMyEquity.opaque = true;
-    form.lbloppEquity.caption = "42.7%";
+    form.results().lblMyEquity.caption = "57.3%";
+    form.results().lblMyEquity.opaque = true;
+    form.results().lbloppEquity.caption = "42.7%";
     form.txtMyHand_KeyDown(key);
-    EXPECT_EQ(form.lblMyEquity.caption, "") << key;
-    EXPECT_FALSE(form.lblMyEquity.opaque) << key;
-    EXPECT_EQ(form.lbloppEquity.caption, "") << key;
+    EXPECT_EQ(form.results().lblMyEquity.caption, "") << key;
+    EXPECT_FALSE(form.results().lblMyEquity.opaque) << key;
+    EXPECT_EQ(form.results().lbloppEquity.caption, "") << key;
   }
 }
 
 TEST_F(CardEntry, AModifierAloneInTheBoardKeepsTheEquityShown) {
   for (int key : {kKeyShift, kKeyControl, kKeyAlt}) {
-    form.lblMyEquity.caption = "57.3%";
+    form.results().lblMyEquity.caption = "57.3%";
     form.txtBoard_KeyDown(key);
-    EXPECT_EQ(form.lblMyEquity.caption, "57.3%") << key;
+    EXPECT_EQ(form.results().lblMyEquity.caption, "57.3%") << key;
   }
   form.txtBoard_KeyDown(int{'T'});
-  EXPECT_EQ(form.lblMyEquity.caption, "");
+  EXPECT_EQ(form.results().lblMyEquity.caption, "");
 }
 
 // ---- opening the picker ----
@@ -314,36 +314,36 @@ TEST_F(CardEntry, AnOddTrailingCharacterInTheBoxChoosesNoCell) {
 TEST_F(CardEntry, TakingOneSuitPairOutOfASelectedPairBlockLeavesFiveHoldingsAndTheTextFollows) {
   form.txtBoard.text = "Tc8h3s";  // no equity run in this test
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
-  ASSERT_EQ(form.txtRange.text, "~0.5");
+  ASSERT_EQ(form.grid().txtRange.text, "~0.5");
   ASSERT_EQ(ShownCells(), (std::set<int>{4, 8, 9, 12, 13, 14}));
   form.picSuit_Click(4);  // the ace of diamonds with the ace of clubs
   const BlockRecord& aa = onLayer()[Block("AA")];
   EXPECT_EQ(aa.count, 5);
   EXPECT_FALSE(SetBlockSuitPair(onLayer()[Block("AA")], 0, 1, true, true));
   EXPECT_EQ(aa.whole, kFalse16);
-  EXPECT_EQ(form.txtRange.text, "~0.4");  // 5 of 1326
-  EXPECT_FALSE(form.grid.comboShown[4]);
-  EXPECT_EQ(form.grid.matrixCellColour[4], 0x404040u);
-  EXPECT_TRUE(form.grid.matrixCellVisible[4]);  // still there to be clicked back
+  EXPECT_EQ(form.grid().txtRange.text, "~0.4");  // 5 of 1326
+  EXPECT_FALSE(form.grid().comboShown[4]);
+  EXPECT_EQ(form.grid().matrixCellColour[4], 0x404040u);
+  EXPECT_TRUE(form.grid().matrixCellVisible[4]);  // still there to be clicked back
   EXPECT_EQ(SelectedOn(), Blocks({"AA"}));
 
   form.picSuit_Click(4);  // and back in
   EXPECT_EQ(aa.count, 6);
   EXPECT_EQ(aa.whole, kTrue16);
-  EXPECT_EQ(form.grid.matrixCellColour[4], 0xFFFFC0u);
-  EXPECT_EQ(form.txtRange.text, "~0.5");
+  EXPECT_EQ(form.grid().matrixCellColour[4], 0xFFFFC0u);
+  EXPECT_EQ(form.grid().txtRange.text, "~0.5");
 }
 
 TEST_F(CardEntry, ACellChangesEverySelectedBlockOfItsKindInBothLayers) {
   form.txtBoard.text = "Tc8h3s";
-  form.grid.selectedOn[Block("AKs")] = true;
-  form.grid.selectedOn[Block("AK")] = true;
-  form.grid.selectedSeen[Block("KQs")] = true;
+  form.grid().selectedOn[Block("AKs")] = true;
+  form.grid().selectedOn[Block("AK")] = true;
+  form.grid().selectedSeen[Block("KQs")] = true;
   SetBlockWhole(onLayer()[Block("AKs")], true);
   SetBlockWhole(onLayer()[Block("AK")], false);
   SetBlockWhole(seenLayer()[Block("KQs")], true);
   SetBlockWhole(onLayer()[Block("QJs")], true);  // not selected
-  form.RefreshSuitMatrix(true);
+  form.grid().RefreshSuitMatrix(true);
   form.picSuit_Click(5);  // diamonds-diamonds: a suited cell
   EXPECT_EQ(onLayer()[Block("AKs")].count, 3);
   EXPECT_EQ(seenLayer()[Block("KQs")].count, 3);
@@ -362,10 +362,10 @@ TEST_F(CardEntry, TakingOutTheLastShownCellOfTheSelectedKindEndsTheSelection) {
   form.picSuit_Click(15);
   EXPECT_TRUE(SelectedOn().empty());
   EXPECT_EQ(onLayer()[Block("AKs")].count, 0);
-  EXPECT_FALSE(form.grid.suitedPresent);
+  EXPECT_FALSE(form.grid().suitedPresent);
   EXPECT_TRUE(ShownCells().empty());
-  EXPECT_EQ(form.grid.blockColour[Block("AKs")], 0x8080FFu);  // back to its base colour
-  EXPECT_EQ(form.txtRange.text, "~0");
+  EXPECT_EQ(form.grid().blockColour[Block("AKs")], 0x8080FFu);  // back to its base colour
+  EXPECT_EQ(form.grid().txtRange.text, "~0");
 }
 
 TEST_F(CardEntry, WithMixedKindsEverySixteenCellsMustBeHiddenToEndTheSelection) {
@@ -383,10 +383,10 @@ TEST_F(CardEntry, ClickingASuitCellWithABoardPresentChangesTheRangeButRunsNoEqui
   form.txtMyHand.text = "AhAd";
   form.txtBoard.text = "Tc8h3s";
   form.PFHand_MouseUp(Block("KK"), kLeftButton, 0);
-  form.lblMyEquity.caption = "57.3%";
+  form.results().lblMyEquity.caption = "57.3%";
   form.picSuit_Click(4);
   EXPECT_EQ(onLayer()[Block("KK")].count, 5);
-  EXPECT_EQ(form.lblMyEquity.caption, "");  // cleared, not recalculated
+  EXPECT_EQ(form.results().lblMyEquity.caption, "");  // cleared, not recalculated
   EXPECT_FALSE(form.tmrCalcEquity.enabled);
 }
 
@@ -394,26 +394,26 @@ TEST_F(CardEntry, ClickingASuitCellWithoutABoardRunsTheEquityAtOnceWhateverTheOp
   ASSERT_FALSE(form.options.autoPFEquityCalc);
   form.txtMyHand.text = "AhAd";
   form.PFHand_MouseUp(Block("KK"), kLeftButton, 0);
-  ASSERT_EQ(form.lblMyEquity.caption, "");
+  ASSERT_EQ(form.results().lblMyEquity.caption, "");
   form.picSuit_Click(4);
   EXPECT_EQ(onLayer()[Block("KK")].count, 5);
-  ASSERT_FALSE(form.lblMyEquity.caption.empty());
-  EXPECT_EQ(form.lblMyEquity.caption.back(), '%');
-  EXPECT_TRUE(form.lblMyEquity.opaque);
-  EXPECT_GT(form.myEquity, 50.0);  // aces against kings
+  ASSERT_FALSE(form.results().lblMyEquity.caption.empty());
+  EXPECT_EQ(form.results().lblMyEquity.caption.back(), '%');
+  EXPECT_TRUE(form.results().lblMyEquity.opaque);
+  EXPECT_GT(form.results().myEquity, 50.0);  // aces against kings
 }
 
 TEST_F(CardEntry, AClickOutsideTheMatrixOrWithNoProfileChangesNothing) {
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
-  const PlayerProfile before = form.profiles[0];
-  const GridState grid = form.grid;
+  const PlayerProfile before = form.profiles().list[0];
+  const GridState grid = form.grid();
   form.picSuit_Click(-1);
   form.picSuit_Click(16);
-  form.currentProfileIndex = -1;
+  form.profiles().currentIndex = -1;
   form.picSuit_Click(4);
-  EXPECT_EQ(form.profiles[0], before);
-  EXPECT_EQ(form.grid.comboShown, grid.comboShown);
-  EXPECT_EQ(form.grid.matrixCellColour, grid.matrixCellColour);
+  EXPECT_EQ(form.profiles().list[0], before);
+  EXPECT_EQ(form.grid().comboShown, grid.comboShown);
+  EXPECT_EQ(form.grid().matrixCellColour, grid.matrixCellColour);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ class CookLink : public EditorTest {
     form.txtBoard.text.clear();
     form.cmdCheckPossibleHands_Click();
     EXPECT_TRUE(services.messages.empty());
-    return form.cookRangeCount;
+    return form.results().cookRangeCount;
   }
 };
 
@@ -22,9 +22,9 @@ TEST_F(CookLink, EnterInMyHandRunsTheCook) {
   form.txtMyHand.text = "AhAd";
   form.txtBoard.text = "Tc8h3s";
   form.txtMyHand_KeyDown(kKeyEnter);
-  EXPECT_EQ(form.cookRangeCount, 4);
-  EXPECT_EQ(form.cookLiveCount, 2);  // AhKh and AdKd share a card with My Hand
-  EXPECT_EQ(form.lblCheckPossibleHands.substr(0, 27), "4 Hands in Opponent's Range");
+  EXPECT_EQ(form.results().cookRangeCount, 4);
+  EXPECT_EQ(form.results().cookLiveCount, 2);  // AhKh and AdKd share a card with My Hand
+  EXPECT_EQ(form.results().lblCheckPossibleHands.substr(0, 27), "4 Hands in Opponent's Range");
 }
 
 TEST_F(CookLink, EnterInTheBoardRunsTheCookAndOtherKeysDoNot) {
@@ -33,9 +33,9 @@ TEST_F(CookLink, EnterInTheBoardRunsTheCookAndOtherKeysDoNot) {
   form.txtBoard.text = "Tc8h3s";
   form.txtBoard_KeyDown(int{'S'});
   form.txtBoard_KeyDown(kKeyShift);
-  EXPECT_EQ(form.lblCheckPossibleHands, "");
+  EXPECT_EQ(form.results().lblCheckPossibleHands, "");
   form.txtBoard_KeyDown(kKeyEnter);
-  EXPECT_EQ(form.cookRangeCount, 6);
+  EXPECT_EQ(form.results().cookRangeCount, 6);
 }
 
 TEST_F(CookLink, ASuccessfulCardCheckColoursBothBoxesBySuit) {
@@ -56,7 +56,7 @@ TEST_F(CookLink, WithAutoCookTheOkOfThePickerRunsTheCook) {
   for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3)}) form.frmSelCards.Card_MouseUp(cell, kLeftButton);
   form.frmSelCards.cmdOK_Click();
   EXPECT_EQ(form.txtBoard.text, "Tc8h3s");
-  EXPECT_EQ(form.cookRangeCount, 4);
+  EXPECT_EQ(form.results().cookRangeCount, 4);
   EXPECT_TRUE(form.selCardsAutoCook);
 }
 
@@ -64,7 +64,7 @@ TEST_F(CookLink, WithoutAutoCookTheOkOnlyWritesTheCards) {
   form.txtBoard_Click();
   for (int cell : {Cell(10, 0), Cell(8, 2), Cell(3, 3)}) form.frmSelCards.Card_MouseUp(cell, kLeftButton);
   form.frmSelCards.cmdOK_Click();
-  EXPECT_EQ(form.lblCheckPossibleHands, "");
+  EXPECT_EQ(form.results().lblCheckPossibleHands, "");
 }
 
 TEST_F(CookLink, TheCookSeesEveryChangeOfTheRange) {
@@ -83,7 +83,7 @@ TEST_F(CookLink, TheCookSeesEveryChangeOfTheRange) {
   form.cmdClearAllBlocks_Click();
   EXPECT_EQ(CookedRange(), 0);
 
-  form.Slider1.value = 0;
+  form.grid().Slider1.value = 0;
   form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(CookedRange(), 6);
   TypeRange("10");  // 7 pairs, 10 suited and 4 offsuit classes
@@ -111,14 +111,14 @@ TEST_F(CookLink, WithAutoPreflopEquityTheArmedTimerCalculatesAgainstTheChangedRa
   ASSERT_TRUE(form.tmrCalcEquity.enabled);
   form.tmrCalcEquity_Timer();
   EXPECT_FALSE(form.tmrCalcEquity.enabled);
-  const double kingsAgainstAces = form.myEquity;
+  const double kingsAgainstAces = form.results().myEquity;
   EXPECT_LT(kingsAgainstAces, 50.0);
-  ASSERT_FALSE(form.lblMyEquity.caption.empty());
+  ASSERT_FALSE(form.results().lblMyEquity.caption.empty());
 
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);  // aces out, nothing left
   form.PFHand_MouseUp(Block("72"), kLeftButton, 0);
   form.tmrCalcEquity_Timer();
-  EXPECT_GT(form.myEquity, 50.0);  // kings against seven-deuce offsuit
+  EXPECT_GT(form.results().myEquity, 50.0);  // kings against seven-deuce offsuit
 }
 
 }  // namespace

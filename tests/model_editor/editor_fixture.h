@@ -33,14 +33,14 @@ inline int Block(const char* name) {
 class EditorTest : public ::testing::Test {
  protected:
   EditorTest() {
-    form.profiles.resize(1);
-    InitProfile(form.profiles[0]);
-    form.profiles[0].name = "Generic";
-    form.currentProfileIndex = 0;
+    form.profiles().list.resize(1);
+    InitProfile(form.profiles().list[0]);
+    form.profiles().list[0].name = "Generic";
+    form.profiles().currentIndex = 0;
   }
 
-  RangeLayer& onLayer() { return form.profiles[0].rangeLayer; }
-  RangeLayer& seenLayer() { return form.profiles[0].seenLayer; }
+  RangeLayer& onLayer() { return form.profiles().list[0].rangeLayer; }
+  RangeLayer& seenLayer() { return form.profiles().list[0].seenLayer; }
 
   // Blocks whose record in the layer holds anything.
   static std::set<int> BlocksIn(const RangeLayer& layer) {
@@ -53,21 +53,21 @@ class EditorTest : public ::testing::Test {
   std::set<int> SelectedOn() const {
     std::set<int> blocks;
     for (int i = 0; i < kClassCount; ++i) {
-      if (form.grid.selectedOn[i]) blocks.insert(i);
+      if (form.grid().selectedOn[i]) blocks.insert(i);
     }
     return blocks;
   }
   std::set<int> SelectedSeen() const {
     std::set<int> blocks;
     for (int i = 0; i < kClassCount; ++i) {
-      if (form.grid.selectedSeen[i]) blocks.insert(i);
+      if (form.grid().selectedSeen[i]) blocks.insert(i);
     }
     return blocks;
   }
   std::set<int> ShownCells() const {
     std::set<int> cells;
     for (int k = 0; k < 16; ++k) {
-      if (form.grid.comboShown[k]) cells.insert(k);
+      if (form.grid().comboShown[k]) cells.insert(k);
     }
     return cells;
   }
@@ -86,7 +86,7 @@ class EditorTest : public ::testing::Test {
     return blocks;
   }
   void TypeRange(const std::string& text) {
-    form.SetRangeText(text);
+    form.grid().SetRangeText(text);
     form.txtRange_KeyUp(kKeyEnter);
   }
 

@@ -13,25 +13,25 @@ class NoProfile : public EditorTest {
     // A profile with a range and a visible grid, then none current (a typed name that matches no profile).
     form.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
     form.PFHand_MouseUp(Block("72"), kRightButton, 0);
-    form.lblMyEquity.caption = "57.3%";
-    form.lblMyEquity.opaque = true;
-    form.currentProfileIndex = -1;
-    before = form.profiles;
-    grid = form.grid;
-    text = form.txtRange.text;
-    seenVisible = form.lblSeenVisible;
+    form.results().lblMyEquity.caption = "57.3%";
+    form.results().lblMyEquity.opaque = true;
+    form.profiles().currentIndex = -1;
+    before = form.profiles().list;
+    grid = form.grid();
+    text = form.grid().txtRange.text;
+    seenVisible = form.grid().lblSeenVisible;
   }
 
   void ExpectNothingChanged(const char* what) {
-    EXPECT_EQ(form.profiles, before) << what;
-    EXPECT_EQ(form.grid.blockColour, grid.blockColour) << what;
-    EXPECT_EQ(form.grid.selectedOn, grid.selectedOn) << what;
-    EXPECT_EQ(form.grid.selectedSeen, grid.selectedSeen) << what;
-    EXPECT_EQ(form.grid.comboShown, grid.comboShown) << what;
-    EXPECT_EQ(form.grid.matrixCellColour, grid.matrixCellColour) << what;
-    EXPECT_EQ(form.grid.editingOn, grid.editingOn) << what;
-    EXPECT_EQ(form.lblSeenVisible, seenVisible) << what;
-    EXPECT_EQ(form.lblMyEquity.caption, "57.3%") << what;
+    EXPECT_EQ(form.profiles().list, before) << what;
+    EXPECT_EQ(form.grid().blockColour, grid.blockColour) << what;
+    EXPECT_EQ(form.grid().selectedOn, grid.selectedOn) << what;
+    EXPECT_EQ(form.grid().selectedSeen, grid.selectedSeen) << what;
+    EXPECT_EQ(form.grid().comboShown, grid.comboShown) << what;
+    EXPECT_EQ(form.grid().matrixCellColour, grid.matrixCellColour) << what;
+    EXPECT_EQ(form.grid().editingOn, grid.editingOn) << what;
+    EXPECT_EQ(form.grid().lblSeenVisible, seenVisible) << what;
+    EXPECT_EQ(form.results().lblMyEquity.caption, "57.3%") << what;
     EXPECT_FALSE(form.tmrCalcEquity.enabled) << what;
   }
 
@@ -46,13 +46,13 @@ TEST_F(NoProfile, GridClicksWithEveryButtonAndModifierChangeNothing) {
     for (int shift : {0, 1, 2, 3, 4, 5, 6, 7}) {
       form.PFHand_MouseUp(Block("QQ"), button, shift);
       ExpectNothingChanged("click");
-      EXPECT_EQ(form.txtRange.text, text);
+      EXPECT_EQ(form.grid().txtRange.text, text);
     }
   }
-  form.SelectCross(Block("QQ"));
-  form.SelectUpward(Block("QQ"));
+  form.grid().SelectCross(Block("QQ"));
+  form.grid().SelectUpward(Block("QQ"));
   ExpectNothingChanged("cross and upward");
-  EXPECT_EQ(form.txtRange.text, text);
+  EXPECT_EQ(form.grid().txtRange.text, text);
   EXPECT_TRUE(services.messages.empty());
 }
 
@@ -69,24 +69,24 @@ TEST_F(NoProfile, TheCommandsDoNothingAndDoNotFail) {
   for (const auto& [name, run] : commands) {
     run();
     ExpectNothingChanged(name);
-    EXPECT_EQ(form.txtRange.text, text) << name;
+    EXPECT_EQ(form.grid().txtRange.text, text) << name;
   }
 }
 
 TEST_F(NoProfile, TheRangeWriterLeavesTheTextAlone) {
-  form.WriteRangePercent();
-  EXPECT_EQ(form.txtRange.text, text);
+  form.grid().WriteRangePercent();
+  EXPECT_EQ(form.grid().txtRange.text, text);
 }
 
 TEST_F(NoProfile, ATypedPercentMovesTheSliderButNotTheGrid) {
   TypeRange("10");
-  EXPECT_EQ(form.Slider1.value, 14);
-  EXPECT_EQ(form.txtRange.text, "9.8");
+  EXPECT_EQ(form.grid().Slider1.value, 14);
+  EXPECT_EQ(form.grid().txtRange.text, "9.8");
   ExpectNothingChanged("typed percent");
 }
 
 TEST_F(NoProfile, TheSliderChangesNoLayer) {
-  form.Slider1.value = 30;
+  form.grid().Slider1.value = 30;
   form.Slider1_MouseMove(kLeftButton);
   form.Slider1_KeyDown();
   form.tmrSliderMoving_Timer();
@@ -95,7 +95,7 @@ TEST_F(NoProfile, TheSliderChangesNoLayer) {
 }
 
 TEST_F(NoProfile, AnOutOfRangeProfileIndexCountsAsNone) {
-  form.currentProfileIndex = 7;
+  form.profiles().currentIndex = 7;
   form.cmdAll_Click();
   form.PFHand_MouseUp(Block("QQ"), kLeftButton, 0);
   ExpectNothingChanged("stale index");

@@ -16,7 +16,7 @@ TEST_F(QuickSelect, AllAddsEveryBlockWhole) {
   form.cmdAll_Click();
   EXPECT_EQ(BlocksIn(onLayer()), AllBlocks());
   EXPECT_EQ(SelectedOn(), AllBlocks());
-  EXPECT_EQ(form.txtRange.text, "~100");
+  EXPECT_EQ(form.grid().txtRange.text, "~100");
   EXPECT_EQ(onLayer()[Block("AKs")].count, 4);
   EXPECT_EQ(onLayer()[Block("AK")].count, 12);
   EXPECT_EQ(onLayer()[Block("AA")].count, 6);
@@ -26,16 +26,16 @@ TEST_F(QuickSelect, AnyPairAddsTheThirteenPairs) {
   form.cmdAnyPair_Click();
   EXPECT_EQ(BlocksIn(onLayer()),
             Blocks({"AA", "KK", "QQ", "JJ", "TT", "99", "88", "77", "66", "55", "44", "33", "22"}));
-  EXPECT_EQ(form.txtRange.text, "~5.9");  // 78 of 1326
+  EXPECT_EQ(form.grid().txtRange.text, "~5.9");  // 78 of 1326
 }
 
 TEST_F(QuickSelect, AnyPairTwiceLeavesTheSameRangeAsOnce) {
   form.cmdAnyPair_Click();
-  const PlayerProfile once = form.profiles[0];
-  const std::string text = form.txtRange.text;
+  const PlayerProfile once = form.profiles().list[0];
+  const std::string text = form.grid().txtRange.text;
   form.cmdAnyPair_Click();
-  EXPECT_EQ(form.profiles[0], once);
-  EXPECT_EQ(form.txtRange.text, text);
+  EXPECT_EQ(form.profiles().list[0], once);
+  EXPECT_EQ(form.grid().txtRange.text, text);
 }
 
 TEST_F(QuickSelect, AnySuitedAddsTheSeventyEightSuitedClasses) {
@@ -46,7 +46,7 @@ TEST_F(QuickSelect, AnySuitedAddsTheSeventyEightSuitedClasses) {
     EXPECT_EQ(onLayer()[i].count, 4);
     EXPECT_EQ(onLayer()[i].suited, kTrue16);
   }
-  EXPECT_EQ(form.txtRange.text, "~23.5");  // 312 of 1326
+  EXPECT_EQ(form.grid().txtRange.text, "~23.5");  // 312 of 1326
 }
 
 TEST_F(QuickSelect, AnyBroadwayAddsTheTwentyFiveClassesOfAceToTen) {
@@ -58,7 +58,7 @@ TEST_F(QuickSelect, AnyBroadwayAddsTheTwentyFiveClassesOfAceToTen) {
       EXPECT_NE(std::string("AKQJT").find(c), std::string::npos);
   }
   // 5 pairs, 10 suited and 10 offsuit classes: 30 + 40 + 120 = 190 holdings.
-  EXPECT_EQ(form.txtRange.text, "~14.3");
+  EXPECT_EQ(form.grid().txtRange.text, "~14.3");
 }
 
 TEST_F(QuickSelect, AddingDoesNotDeselectFirst) {
@@ -78,7 +78,7 @@ TEST_F(QuickSelect, AllAfterASeenEditKeepsTheSeenLayerAndItsSelection) {
   EXPECT_EQ(SelectedSeen(), Blocks({"72", "AQs"}));
   for (int i = 0; i < kClassCount; ++i) {
     const Colour expected = (i == Block("72") || i == Block("AQs")) ? 0xFF0000u : 0xFF80FFu;
-    EXPECT_EQ(form.grid.blockColour[i], expected) << i;
+    EXPECT_EQ(form.grid().blockColour[i], expected) << i;
   }
 }
 
@@ -91,9 +91,9 @@ TEST_F(QuickSelect, ClearOnLeavesTheSeenBlocksInTheirColoursAndRemovesAllSelecti
   EXPECT_EQ(BlocksIn(seenLayer()), Blocks({"72", "AQs"}));
   EXPECT_TRUE(SelectedOn().empty());
   EXPECT_TRUE(SelectedSeen().empty());
-  EXPECT_EQ(form.grid.blockColour[Block("72")], 0xFFFF00u);   // Seen layer, whole block
-  EXPECT_EQ(form.grid.blockColour[Block("AQs")], 0xC0C000u);  // Seen layer, part of the block
-  EXPECT_EQ(form.grid.blockColour[Block("AA")], 0xC0FFC0u);   // pair base colour
+  EXPECT_EQ(form.grid().blockColour[Block("72")], 0xFFFF00u);   // Seen layer, whole block
+  EXPECT_EQ(form.grid().blockColour[Block("AQs")], 0xC0C000u);  // Seen layer, part of the block
+  EXPECT_EQ(form.grid().blockColour[Block("AA")], 0xC0FFC0u);   // pair base colour
 }
 
 TEST_F(QuickSelect, ClearSeenEmptiesOnlyTheSeenLayer) {
@@ -102,7 +102,7 @@ TEST_F(QuickSelect, ClearSeenEmptiesOnlyTheSeenLayer) {
   form.cmdClearSeenBlocks_Click();
   EXPECT_TRUE(BlocksIn(seenLayer()).empty());
   EXPECT_EQ(BlocksIn(onLayer()).size(), 13u);
-  EXPECT_EQ(form.grid.blockColour[Block("AA")], 0x00FFFFu);  // On layer, whole block
+  EXPECT_EQ(form.grid().blockColour[Block("AA")], 0x00FFFFu);  // On layer, whole block
 }
 
 TEST_F(QuickSelect, ClearAllEmptiesBothLayersAndResetsOnlyTheCounts) {
@@ -112,35 +112,35 @@ TEST_F(QuickSelect, ClearAllEmptiesBothLayersAndResetsOnlyTheCounts) {
   EXPECT_TRUE(BlocksIn(onLayer()).empty());
   EXPECT_TRUE(BlocksIn(seenLayer()).empty());
   EXPECT_EQ(onLayer()[Block("AK")].whole, kTrue16);  // flags and list stay; readers test the count
-  for (int i = 0; i < kClassCount; ++i) EXPECT_EQ(form.grid.blockColour[i], form.grid.baseColour[i]);
+  for (int i = 0; i < kClassCount; ++i) EXPECT_EQ(form.grid().blockColour[i], form.grid().baseColour[i]);
 }
 
 TEST_F(QuickSelect, AClearingCommandClearsTheKindsAndTheMatrixShowsNoCells) {
   form.cmdAll_Click();
   ASSERT_EQ(ShownCells().size(), 16u);
   form.cmdClearOnBlocks_Click();
-  EXPECT_FALSE(form.grid.pairPresent || form.grid.suitedPresent || form.grid.offsuitPresent);
+  EXPECT_FALSE(form.grid().pairPresent || form.grid().suitedPresent || form.grid().offsuitPresent);
   EXPECT_TRUE(ShownCells().empty());
 }
 
 TEST_F(QuickSelect, ClearAllAfterTypingAPercentLeavesTheTypedText) {
   TypeRange("16.4");
   form.cmdClearAllBlocks_Click();
-  EXPECT_EQ(form.txtRange.text, "16.4");
+  EXPECT_EQ(form.grid().txtRange.text, "16.4");
   EXPECT_TRUE(BlocksIn(onLayer()).empty());
 }
 
 TEST_F(QuickSelect, AnAddingCommandAlwaysWritesTheComputedText) {
   TypeRange("16.4");
   form.cmdAnyPair_Click();
-  EXPECT_EQ(form.txtRange.text.substr(0, 1), "~");
+  EXPECT_EQ(form.grid().txtRange.text.substr(0, 1), "~");
 }
 
 TEST_F(QuickSelect, ClearingAPartialRangeRewritesATypedText) {
   TypeRange("16.4");
   SetBlockSuitPair(seenLayer()[Block("AQs")], 2, 2, true, false);
   form.cmdClearOnBlocks_Click();
-  EXPECT_EQ(form.txtRange.text, "~0.1");
+  EXPECT_EQ(form.grid().txtRange.text, "~0.1");
 }
 
 // ---- hover highlight ----

@@ -17,7 +17,7 @@ namespace {
 class WeightsInTheEditor : public EditorTest {
  protected:
   void TypeNotation(const std::string& text) {
-    form.txtNotation.text = text;
+    form.grid().txtNotation.text = text;
     form.txtNotation_Change();
     form.txtNotation_KeyDown(kKeyEnter);
   }
@@ -26,7 +26,7 @@ class WeightsInTheEditor : public EditorTest {
     EXPECT_TRUE(parsed.ok()) << text;
     return parsed.weights;
   }
-  WeightedHoldingSet OnWeights() const { return OnLayerWeights(form.profiles[0]); }
+  WeightedHoldingSet OnWeights() const { return OnLayerWeights(form.profiles().list[0]); }
   // The weight of one holding of the On layer, 0 when the layer does not hold it ("AhKh").
   int WeightOf(const std::string& holding) const {
     const Card a{RankFromChar(holding.substr(0, 1)), SuitFromChar(holding.substr(1, 1))};
@@ -45,26 +45,26 @@ class WeightsInTheEditor : public EditorTest {
 };
 
 TEST_F(WeightsInTheEditor, TheWeightBoxStartsWholeAndStaysBetweenAThousandthAndWhole) {
-  EXPECT_EQ(form.txtWeight, kFullWeight);
+  EXPECT_EQ(form.grid().txtWeight, kFullWeight);
   form.txtWeight_Change(500);
-  EXPECT_EQ(form.txtWeight, 500);
+  EXPECT_EQ(form.grid().txtWeight, 500);
   form.txtWeight_Change(0);  // 0 is no weight to paint with: the box's least value instead
-  EXPECT_EQ(form.txtWeight, 1);
+  EXPECT_EQ(form.grid().txtWeight, 1);
   form.txtWeight_Change(1500);
-  EXPECT_EQ(form.txtWeight, kFullWeight);
+  EXPECT_EQ(form.grid().txtWeight, kFullWeight);
 }
 
 TEST_F(WeightsInTheEditor, AGridClickPaintsTheBlockAtTheBoxWeight) {
   form.txtWeight_Change(500);
   form.PFHand_MouseUp(Block("AQs"), kLeftButton, 0);
   EXPECT_EQ(OnWeights(), ClassAt("AQs", 500));
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AQs")], 500);
-  EXPECT_EQ(form.BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range at 50 %");
-  EXPECT_EQ(form.txtNotation.text, "AQs:0.5");
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AQs")], 500);
+  EXPECT_EQ(form.grid().BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range at 50 %");
+  EXPECT_EQ(form.grid().txtNotation.text, "AQs:0.5");
   // Every other block shows as before.
   for (int i = 0; i < kClassCount; ++i) {
     if (i != Block("AQs")) {
-      EXPECT_EQ(form.grid.blockPartWeight[i], 0) << i;
+      EXPECT_EQ(form.grid().blockPartWeight[i], 0) << i;
     }
   }
 }
@@ -72,20 +72,20 @@ TEST_F(WeightsInTheEditor, AGridClickPaintsTheBlockAtTheBoxWeight) {
 TEST_F(WeightsInTheEditor, AtAWholeWeightABlockLooksAndReadsAsBefore) {
   form.PFHand_MouseUp(Block("AQs"), kLeftButton, 0);
   EXPECT_EQ(OnWeights(), ClassAt("AQs", kFullWeight));
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AQs")], 0);
-  EXPECT_EQ(form.BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range");
-  EXPECT_EQ(form.txtNotation.text, "AQs");
-  EXPECT_FALSE(HasPartialWeights(form.profiles[0]));
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AQs")], 0);
+  EXPECT_EQ(form.grid().BlockToolTip(Block("AQs")), "AQs: 4 of 4 in range");
+  EXPECT_EQ(form.grid().txtNotation.text, "AQs");
+  EXPECT_FALSE(HasPartialWeights(form.profiles().list[0]));
 }
 
 TEST_F(WeightsInTheEditor, ClickingAWeightedBlockAgainAtAnotherWeightRepaintsIt) {
   form.txtWeight_Change(250);
   form.PFHand_MouseUp(Block("KK"), kLeftButton, 0);
-  form.DeselectAllBlocks();  // as a click elsewhere would
+  form.grid().DeselectAllBlocks();  // as a click elsewhere would
   form.txtWeight_Change(750);
   form.PFHand_MouseUp(Block("KK"), kLeftButton, 0);
   EXPECT_EQ(OnWeights(), ClassAt("KK", 750));
-  EXPECT_EQ(form.txtNotation.text, "KK:0.75");
+  EXPECT_EQ(form.grid().txtNotation.text, "KK:0.75");
 }
 
 TEST_F(WeightsInTheEditor, AHoldingTakenOutForgetsItsWeightSoTheSliderPutsItBackWhole) {
@@ -93,36 +93,36 @@ TEST_F(WeightsInTheEditor, AHoldingTakenOutForgetsItsWeightSoTheSliderPutsItBack
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);  // the second click takes it out
   EXPECT_TRUE(OnWeights().Empty());
-  form.Slider1.value = 0;  // the first step of the order: AA
+  form.grid().Slider1.value = 0;  // the first step of the order: AA
   form.Slider1_MouseMove(kLeftButton);
   EXPECT_EQ(OnWeights(), ClassAt("AA", kFullWeight));
-  EXPECT_EQ(form.txtNotation.text, "AA");
+  EXPECT_EQ(form.grid().txtNotation.text, "AA");
 }
 
 TEST_F(WeightsInTheEditor, TheSliderPutsTheTopOfTheOrderInWhole) {
   form.txtWeight_Change(500);
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
-  form.Slider1.value = 1;
+  form.grid().Slider1.value = 1;
   form.Slider1_MouseMove(kLeftButton);
-  EXPECT_FALSE(HasPartialWeights(form.profiles[0]));
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AA")], 0);
+  EXPECT_FALSE(HasPartialWeights(form.profiles().list[0]));
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AA")], 0);
 }
 
 TEST_F(WeightsInTheEditor, CtrlClickAndAltClickPaintAtTheBoxWeight) {
   form.txtWeight_Change(300);
   form.PFHand_MouseUp(Block("AA"), kLeftButton, kCtrlMask);  // the ace row and column
   for (const char* name : {"AA", "AKs", "A2s", "AK", "A2"}) {
-    EXPECT_EQ(form.grid.blockPartWeight[Block(name)], 300) << name;
+    EXPECT_EQ(form.grid().blockPartWeight[Block(name)], 300) << name;
   }
   form.txtWeight_Change(600);
   form.PFHand_MouseUp(Block("TT"), kLeftButton, kAltMask);  // TT and every higher pair
   for (const char* name : {"AA", "KK", "QQ", "JJ", "TT"}) {
-    EXPECT_EQ(form.grid.blockPartWeight[Block(name)], 600) << name;
+    EXPECT_EQ(form.grid().blockPartWeight[Block(name)], 600) << name;
   }
   // Alt+click starts a new selection but leaves the layer: the ace row and column keep their weight.
   EXPECT_EQ(OnWeights().HoldingsOfWeight(600), Read("TT+").Holdings());
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AKs")], 300);
-  EXPECT_EQ(form.grid.blockPartWeight[Block("A2")], 300);
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AKs")], 300);
+  EXPECT_EQ(form.grid().blockPartWeight[Block("A2")], 300);
 }
 
 TEST_F(WeightsInTheEditor, QuickSelectCommandsPaintAtTheBoxWeight) {
@@ -140,7 +140,7 @@ TEST_F(WeightsInTheEditor, QuickSelectCommandsPaintAtTheBoxWeight) {
   form.cmdAll_Click();
   EXPECT_EQ(OnWeights().Count(), kHoldingCount);
   EXPECT_EQ(OnWeights().WeightSum(), int64_t{kHoldingCount} * 100);
-  EXPECT_EQ(form.txtNotation.text, "all:0.1");
+  EXPECT_EQ(form.grid().txtNotation.text, "all:0.1");
 }
 
 TEST_F(WeightsInTheEditor, ASuitCellPutsItsHoldingBackAtTheBoxWeight) {
@@ -153,14 +153,14 @@ TEST_F(WeightsInTheEditor, ASuitCellPutsItsHoldingBackAtTheBoxWeight) {
   EXPECT_EQ(WeightOf("AhKh"), 500);
   EXPECT_EQ(WeightOf("AsKs"), kFullWeight);
   // The block's mean: (3 x 100 % + 50 %) / 4.
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AKs")], 875);
-  EXPECT_EQ(form.BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range at 87.5 % on average");
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AKs")], 875);
+  EXPECT_EQ(form.grid().BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range at 87.5 % on average");
   // The cell shows its holding's weight; the others are whole.
-  EXPECT_EQ(form.grid.matrixCellPartWeight[hearts], 500);
-  EXPECT_EQ(form.grid.matrixCellPartWeight[CellOf(3, 3)], 0);
-  EXPECT_EQ(form.SuitCellToolTip(hearts),
+  EXPECT_EQ(form.grid().matrixCellPartWeight[hearts], 500);
+  EXPECT_EQ(form.grid().matrixCellPartWeight[CellOf(3, 3)], 0);
+  EXPECT_EQ(form.grid().SuitCellToolTip(hearts),
             "Both hearts: in the range at 50 % for the selected blocks; a click takes these holdings out");
-  EXPECT_EQ(form.SuitCellToolTip(CellOf(3, 3)),
+  EXPECT_EQ(form.grid().SuitCellToolTip(CellOf(3, 3)),
             "Both spades: in the range for the selected blocks; a click takes these holdings out");
 }
 
@@ -169,43 +169,43 @@ TEST_F(WeightsInTheEditor, ASuitCellOverSeveralBlocksShowsTheMeanOfItsHoldings) 
   form.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
   form.txtWeight_Change(600);
   form.PFHand_MouseUp(Block("KQs"), kLeftButton, kShiftMask);  // Shift keeps AKs selected
-  EXPECT_EQ(form.grid.matrixCellPartWeight[CellOf(0, 0)], 400);
+  EXPECT_EQ(form.grid().matrixCellPartWeight[CellOf(0, 0)], 400);
 }
 
 TEST_F(WeightsInTheEditor, TheSeenLayerIsUnweighted) {
   form.txtWeight_Change(500);
   form.PFHand_MouseUp(Block("QQ"), kRightButton, 0);
   EXPECT_EQ(seenLayer()[Block("QQ")].count, 6);
-  EXPECT_FALSE(AnyWeightKept(form.profiles[0].onWeights));
-  EXPECT_EQ(form.grid.blockPartWeight[Block("QQ")], 0);
-  EXPECT_EQ(form.BlockToolTip(Block("QQ")), "QQ: 0 of 6 in range; 6 of 6 in the Seen layer");
-  for (int k = 0; k < 16; ++k) EXPECT_EQ(form.grid.matrixCellPartWeight[k], 0) << k;
+  EXPECT_FALSE(AnyWeightKept(form.profiles().list[0].onWeights));
+  EXPECT_EQ(form.grid().blockPartWeight[Block("QQ")], 0);
+  EXPECT_EQ(form.grid().BlockToolTip(Block("QQ")), "QQ: 0 of 6 in range; 6 of 6 in the Seen layer");
+  for (int k = 0; k < 16; ++k) EXPECT_EQ(form.grid().matrixCellPartWeight[k], 0) << k;
 }
 
 TEST_F(WeightsInTheEditor, TheRangeBoxTakesAndShowsWeightedNotation) {
   const std::string typed = "KsKc:0.5, QsQc, JhTh:0.25";
   TypeNotation(typed);
   EXPECT_EQ(OnWeights(), Read(typed));
-  EXPECT_EQ(form.txtNotation.foreColour, kWindowTextColour);
-  EXPECT_EQ(Read(form.txtNotation.text), Read(typed));  // the box writes it back in its own words
-  EXPECT_EQ(form.BlockToolTip(Block("KK")), "KK: 1 of 6 in range at 50 %");
-  EXPECT_EQ(form.BlockToolTip(Block("QQ")), "QQ: 1 of 6 in range");
-  EXPECT_EQ(form.grid.blockPartWeight[Block("JTs")], 250);
+  EXPECT_EQ(form.grid().txtNotation.foreColour, kWindowTextColour);
+  EXPECT_EQ(Read(form.grid().txtNotation.text), Read(typed));  // the box writes it back in its own words
+  EXPECT_EQ(form.grid().BlockToolTip(Block("KK")), "KK: 1 of 6 in range at 50 %");
+  EXPECT_EQ(form.grid().BlockToolTip(Block("QQ")), "QQ: 1 of 6 in range");
+  EXPECT_EQ(form.grid().blockPartWeight[Block("JTs")], 250);
 }
 
 TEST_F(WeightsInTheEditor, TypedNotationWithoutWeightsIsWholeWhateverTheBox) {
   form.txtWeight_Change(500);
   TypeNotation("AKs, QQ");
   EXPECT_EQ(OnWeights(), Read("AKs, QQ"));
-  EXPECT_EQ(form.txtNotation.text, "QQ, AKs");
+  EXPECT_EQ(form.grid().txtNotation.text, "QQ, AKs");
 }
 
 TEST_F(WeightsInTheEditor, ABadWeightIsRefusedAndChangesNothing) {
   TypeNotation("AKs:0.5");
-  const PlayerProfile before = form.profiles[0];
+  const PlayerProfile before = form.profiles().list[0];
   TypeNotation("AKs:1.5, QQ");
-  EXPECT_EQ(form.profiles[0], before);
-  EXPECT_EQ(form.txtNotation.foreColour, kRejectedTextColour);
+  EXPECT_EQ(form.profiles().list[0], before);
+  EXPECT_EQ(form.grid().txtNotation.foreColour, kRejectedTextColour);
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(services.messages[0].text, ParseWeightedRangeNotation("AKs:1.5, QQ").error->message);
 }
@@ -227,7 +227,7 @@ TEST_F(WeightsInTheEditor, APasteWithoutWeightsPaintsAtTheBoxWeight) {
   form.PFHand_KeyDown(kKeyV, kCtrlMask);
   EXPECT_EQ(OnWeights().Count(), 3 * 6 + 4);
   EXPECT_EQ(OnWeights().HoldingsOfWeight(400), OnWeights().Holdings());
-  EXPECT_EQ(form.txtNotation.text, "QQ+:0.4, AKs:0.4");
+  EXPECT_EQ(form.grid().txtNotation.text, "QQ+:0.4, AKs:0.4");
   // A paste that writes any weight is taken as written: its other tokens are whole.
   services.SetClipboardText("QQ+, AKs:0.5");
   form.PFHand_KeyDown(kKeyV, kCtrlMask);
@@ -236,29 +236,29 @@ TEST_F(WeightsInTheEditor, APasteWithoutWeightsPaintsAtTheBoxWeight) {
 
 TEST_F(WeightsInTheEditor, UndoAndRedoTakeAChangeOfWeightsOnlyBackAndForth) {
   form.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
-  const PlayerProfile whole = form.profiles[0];
+  const PlayerProfile whole = form.profiles().list[0];
   TypeNotation("AA:0.5");  // the same records, only the weights differ
   EXPECT_EQ(onLayer(), whole.rangeLayer);
-  const PlayerProfile half = form.profiles[0];
+  const PlayerProfile half = form.profiles().list[0];
   form.Form_KeyDown(kKeyZ, kCtrlMask);
-  EXPECT_EQ(form.profiles[0].onWeights, whole.onWeights);
-  EXPECT_EQ(form.txtNotation.text, "AA");
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AA")], 0);
+  EXPECT_EQ(form.profiles().list[0].onWeights, whole.onWeights);
+  EXPECT_EQ(form.grid().txtNotation.text, "AA");
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AA")], 0);
   form.Form_KeyDown(kKeyY, kCtrlMask);
-  EXPECT_EQ(form.profiles[0].onWeights, half.onWeights);
-  EXPECT_EQ(form.txtNotation.text, "AA:0.5");
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AA")], 500);
+  EXPECT_EQ(form.profiles().list[0].onWeights, half.onWeights);
+  EXPECT_EQ(form.grid().txtNotation.text, "AA:0.5");
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AA")], 500);
 }
 
 TEST_F(WeightsInTheEditor, UndoRestoresTheWeightsAClearTookAway) {
   form.txtWeight_Change(700);
   form.cmdAnySuited_Click();
-  const PartialWeights painted = form.profiles[0].onWeights;
+  const PartialWeights painted = form.profiles().list[0].onWeights;
   form.cmdClearAllBlocks_Click();
-  EXPECT_FALSE(AnyWeightKept(form.profiles[0].onWeights));
+  EXPECT_FALSE(AnyWeightKept(form.profiles().list[0].onWeights));
   form.Form_KeyDown(kKeyZ, kCtrlMask);
-  EXPECT_EQ(form.profiles[0].onWeights, painted);
-  EXPECT_EQ(form.grid.blockPartWeight[Block("AKs")], 700);
+  EXPECT_EQ(form.profiles().list[0].onWeights, painted);
+  EXPECT_EQ(form.grid().blockPartWeight[Block("AKs")], 700);
 }
 
 // Random weighted ranges through the Range box: the On layer holds exactly the weights typed, and the box
@@ -281,7 +281,7 @@ TEST_F(WeightsInTheEditor, RandomWeightedRangesGoInAndComeBackOutUnchanged) {
     }
     TypeNotation(text);
     ASSERT_EQ(OnWeights(), wanted) << text;
-    EXPECT_EQ(Read(form.txtNotation.text), wanted);
+    EXPECT_EQ(Read(form.grid().txtNotation.text), wanted);
     form.PFHand_KeyDown(kKeyC, kCtrlMask);
     EXPECT_EQ(Read(services.clipboard.back()), wanted);
   }

@@ -35,10 +35,10 @@ struct EquityWindow : testing::GenericProfileWindow<WatchingServices> {
 
   // A previous result on show, to see what a run clears.
   void ShowOldResult() {
-    model.lblMyEquity.caption = "12.3%";
-    model.lblMyEquity.opaque = true;
-    model.lblMyEquity.backColour = Rgb(1, 2, 3);
-    model.lbloppEquity.caption = "87.7%";
+    model.results().lblMyEquity.caption = "12.3%";
+    model.results().lblMyEquity.opaque = true;
+    model.results().lblMyEquity.backColour = Rgb(1, 2, 3);
+    model.results().lbloppEquity.caption = "87.7%";
   }
 
   Colour commandColour() const { return model.label(CommandLabel::cmdCalcEquity).backColour; }
@@ -53,7 +53,7 @@ TEST(CalcEquity, WithNoMyHandAndAnEmptyBoardOnlyClearsTheReadOuts) {
   w.Calc("", "");
   EXPECT_EQ(w.my(), "");
   EXPECT_EQ(w.opp(), "");
-  EXPECT_FALSE(w.model.lblMyEquity.opaque);
+  EXPECT_FALSE(w.model.results().lblMyEquity.opaque);
   EXPECT_TRUE(w.services.messages.empty());
   EXPECT_EQ(w.services.repaints, 0);
   EXPECT_EQ(w.commandColour(), kOptionsBackColour);
@@ -67,7 +67,7 @@ TEST(CalcEquity, BadCardTextShowsBadInputBeforeAnyColourChange) {
   EXPECT_EQ(w.services.messageTexts(), std::vector<std::string>{"Bad Input"});
   EXPECT_EQ(w.my(), "");
   EXPECT_EQ(w.opp(), "");
-  EXPECT_FALSE(w.model.lblMyEquity.opaque);
+  EXPECT_FALSE(w.model.results().lblMyEquity.opaque);
   EXPECT_EQ(w.services.repaints, 0);
   EXPECT_EQ(w.commandColour(), kOptionsBackColour);
 }
@@ -142,8 +142,8 @@ TEST(CalcEquity, OnTheTurnShowsBothReadOutsRoundedAsTheyRead) {
   EXPECT_TRUE(w.services.messages.empty());
   EXPECT_EQ(w.my(), "95.5%");
   EXPECT_EQ(w.opp(), "4.6%");
-  EXPECT_TRUE(w.model.lblMyEquity.opaque);
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(0, 255, 0));
+  EXPECT_TRUE(w.model.results().lblMyEquity.opaque);
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(0, 255, 0));
 }
 
 TEST(CalcEquity, OnTheFlopCountsTheCooksRangeWithDeadHoldingsRemoved) {
@@ -154,7 +154,7 @@ TEST(CalcEquity, OnTheFlopCountsTheCooksRangeWithDeadHoldingsRemoved) {
   w.Calc("AhKh", "9h5h2h");
   EXPECT_EQ(w.my(), "41.5%");
   EXPECT_EQ(w.opp(), "58.5%");
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(234, 196, 45));  // 41.52 counts as 42
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(234, 196, 45));  // 41.52 counts as 42
 }
 
 TEST(CalcEquity, TheSeenLayerAddsItsHoldingsToTheRange) {
@@ -174,7 +174,7 @@ TEST(CalcEquity, PreflopAcesAgainstTheOtherTwoAcesIsFiftyFifty) {
   EXPECT_TRUE(w.services.messages.empty());
   EXPECT_EQ(w.my(), "50.0%");
   EXPECT_EQ(w.opp(), "50.0%");
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(234, 196, 45));
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(234, 196, 45));
 }
 
 TEST(CalcEquity, PreflopShowsThePlainAverageOfTheTableValuesUnrounded) {
@@ -187,11 +187,11 @@ TEST(CalcEquity, PreflopShowsThePlainAverageOfTheTableValuesUnrounded) {
   ASSERT_TRUE(SetBlockSuitPair(w.profile().rangeLayer[kings], /*suit1=*/2, /*suit2=*/1, true, false));
   w.Calc("AhAd", "");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_NEAR(w.model.myEquity, (81.255 + 82.176) / 2, 0.01);
-  EXPECT_DOUBLE_EQ(w.model.oppEquity, 100.0 - w.model.myEquity);
+  EXPECT_NEAR(w.model.results().myEquity, (81.255 + 82.176) / 2, 0.01);
+  EXPECT_DOUBLE_EQ(w.model.results().oppEquity, 100.0 - w.model.results().myEquity);
   EXPECT_EQ(w.my(), "81.7%");
   EXPECT_EQ(w.opp(), "18.3%");
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(0, 255, 0));
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(0, 255, 0));
 }
 
 TEST(CalcEquity, WithAFiveCardBoardBothReadOutsShowZeroAndMyEquityTurnsRed) {
@@ -200,8 +200,8 @@ TEST(CalcEquity, WithAFiveCardBoardBothReadOutsShowZeroAndMyEquityTurnsRed) {
   w.Calc("AhAd", "Tc8h3s2d5c");
   EXPECT_EQ(w.my(), "0.0%");
   EXPECT_EQ(w.opp(), "0.0%");
-  EXPECT_TRUE(w.model.lblMyEquity.opaque);
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(255, 0, 0));
+  EXPECT_TRUE(w.model.results().lblMyEquity.opaque);
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(255, 0, 0));
   EXPECT_EQ(w.commandColour(), kOptionsBackColour);
 }
 
@@ -210,7 +210,7 @@ TEST(CalcEquity, AnEmptyRangeShowsMinusOneOnBothSides) {
   w.Calc("AhAd", "Tc8h3s");
   EXPECT_EQ(w.my(), "-1.0%");
   EXPECT_EQ(w.opp(), "-1.0%");
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(255, 0, 0));
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(255, 0, 0));
   w.Calc("AhAd", "");
   EXPECT_EQ(w.my(), "-1.0%");
   EXPECT_EQ(w.opp(), "-1.0%");
@@ -282,7 +282,7 @@ TEST(EquityOptions, TheAutoPreflopOptionClearsTheReadOutsWhenTheBoardIsNotEmpty)
   EXPECT_FALSE(w.model.tmrCalcEquity.enabled);
   EXPECT_EQ(w.my(), "");
   EXPECT_EQ(w.opp(), "");
-  EXPECT_FALSE(w.model.lblMyEquity.opaque);
+  EXPECT_FALSE(w.model.results().lblMyEquity.opaque);
 }
 
 TEST(EquityOptions, TheCookRunsTheEquityCommandWhenItsOptionIsTicked) {

@@ -25,13 +25,13 @@ using testing::ReadBytes;
 class EquityHeatMap : public testing::ModelInFolderTest {
  protected:
   EquityHeatMap() {
-    PlayerProfile& p = model.profiles.emplace_back();
+    PlayerProfile& p = model.profiles().list.emplace_back();
     InitProfile(p);
     p.name = "Generic";
-    model.currentProfileIndex = 0;
-    model.InitHandGrid();
+    model.profiles().currentIndex = 0;
+    model.grid().InitHandGrid();
     // The range box takes 20 and Enter, as a user types it.
-    model.txtRange.text = "20";
+    model.grid().txtRange.text = "20";
     model.txtRange_KeyUp(kKeyEnter);
   }
 
@@ -47,7 +47,7 @@ class EquityHeatMap : public testing::ModelInFolderTest {
     EquityRequest request;
     request.cards = CheckCardInputs(model.txtMyHand.text, model.txtBoard.text, CardsFor::Equity);
     for (const HandCombo& combo :
-         CollectRangeCombos(model.profiles[0].rangeLayer, model.profiles[0].seenLayer)) {
+         CollectRangeCombos(model.profiles().list[0].rangeLayer, model.profiles().list[0].seenLayer)) {
       if (ClassOfCombo(combo) == index) request.range.push_back(combo);
     }
     request.rules = model.options.standardShowdownRules ? ShowdownRules::Standard : ShowdownRules::Quillet;
@@ -56,13 +56,13 @@ class EquityHeatMap : public testing::ModelInFolderTest {
 
   std::array<Colour, kClassCount> ShownColours() const {
     std::array<Colour, kClassCount> colours{};
-    for (int i = 0; i < kClassCount; ++i) colours[i] = model.ShownBlockColour(i);
+    for (int i = 0; i < kClassCount; ++i) colours[i] = model.grid().ShownBlockColour(i);
     return colours;
   }
 
   bool AnyHeat() const {
     for (int i = 0; i < kClassCount; ++i) {
-      if (model.ShownBlockColour(i) != model.grid.blockColour[i]) return true;
+      if (model.grid().ShownBlockColour(i) != model.grid().blockColour[i]) return true;
     }
     return false;
   }
@@ -72,9 +72,9 @@ TEST_F(EquityHeatMap, IsUntickedAtFirstStartAndCalcEquityLeavesTheGridAsItWas) {
   EXPECT_FALSE(model.options.equityHeatMap);
   const auto before = ShownColours();
   Calc("AhKd", "Tc8h3s");
-  EXPECT_FALSE(model.lblMyEquity.caption.empty());
+  EXPECT_FALSE(model.results().lblMyEquity.caption.empty());
   EXPECT_EQ(ShownColours(), before);
-  EXPECT_EQ(model.grid.blockColour, before);
+  EXPECT_EQ(model.grid().blockColour, before);
 }
 
 TEST_F(EquityHeatMap, TickedEachBlockOfTheRangeTakesTheColourOfMyEquityAgainstIt) {
@@ -83,12 +83,12 @@ TEST_F(EquityHeatMap, TickedEachBlockOfTheRangeTakesTheColourOfMyEquityAgainstIt
   Calc("AhKd", "Tc8h3s");
   for (const char* name : {"QQ", "AA", "KK", "AQs", "JTs", "88"}) {
     const int index = FindClassByName(name);
-    ASSERT_GT(model.profiles[0].rangeLayer[index].count, 0) << name;
-    EXPECT_EQ(model.ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone(name))) << name;
+    ASSERT_GT(model.profiles().list[0].rangeLayer[index].count, 0) << name;
+    EXPECT_EQ(model.grid().ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone(name))) << name;
   }
   // Far behind against aces, far ahead against queen-jack: red and green.
-  EXPECT_GT(RedOf(model.ShownBlockColour(FindClassByName("AA"))),
-            GreenOf(model.ShownBlockColour(FindClassByName("AA"))));
+  EXPECT_GT(RedOf(model.grid().ShownBlockColour(FindClassByName("AA"))),
+            GreenOf(model.grid().ShownBlockColour(FindClassByName("AA"))));
 }
 
 TEST_F(EquityHeatMap, BlocksOutOfTheRangeKeepTheirUsualColours) {
@@ -96,8 +96,8 @@ TEST_F(EquityHeatMap, BlocksOutOfTheRangeKeepTheirUsualColours) {
   Calc("AhKd", "Tc8h3s");
   for (const char* name : {"72", "32s", "94"}) {
     const int index = FindClassByName(name);
-    ASSERT_EQ(model.profiles[0].rangeLayer[index].count, 0) << name;
-    EXPECT_EQ(model.ShownBlockColour(index), model.grid.blockColour[index]) << name;
+    ASSERT_EQ(model.profiles().list[0].rangeLayer[index].count, 0) << name;
+    EXPECT_EQ(model.grid().ShownBlockColour(index), model.grid().blockColour[index]) << name;
   }
 }
 
@@ -108,20 +108,22 @@ TEST_F(EquityHeatMap, UnderTheStandardRulesTheTooltipGivesMyEquityAndTheLiveHold
   char expected[96];
   std::snprintf(expected, sizeof expected, "; my equity %.1f %% against its 6 live holdings",
                 EquityAgainstBlockAlone("QQ"));
-  const std::string tip = model.BlockToolTip(FindClassByName("QQ"));
+  const std::string tip = model.grid().BlockToolTip(FindClassByName("QQ"));
   EXPECT_TRUE(tip.ends_with(expected)) << tip;
   // Three aces are left.
-  EXPECT_NE(model.BlockToolTip(FindClassByName("AA")).find("against its 3 live holdings"), std::string::npos);
-  EXPECT_EQ(model.ShownBlockColour(FindClassByName("QQ")), HeatMapColour(EquityAgainstBlockAlone("QQ")));
+  EXPECT_NE(model.grid().BlockToolTip(FindClassByName("AA")).find("against its 3 live holdings"),
+            std::string::npos);
+  EXPECT_EQ(model.grid().ShownBlockColour(FindClassByName("QQ")),
+            HeatMapColour(EquityAgainstBlockAlone("QQ")));
   // A block out of the range has no equity in its tooltip.
-  EXPECT_EQ(model.BlockToolTip(FindClassByName("72")).find("my equity"), std::string::npos);
+  EXPECT_EQ(model.grid().BlockToolTip(FindClassByName("72")).find("my equity"), std::string::npos);
 }
 
 TEST_F(EquityHeatMap, PreflopTheBlocksAreColouredToo) {
   model.mnuEquityHeatMap_Click();
   Calc("7h6h", "");
   const int index = FindClassByName("AA");
-  EXPECT_EQ(model.ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone("AA")));
+  EXPECT_EQ(model.grid().ShownBlockColour(index), HeatMapColour(EquityAgainstBlockAlone("AA")));
 }
 
 TEST_F(EquityHeatMap, OnTheRiverUnderTheProgramsRulesThereIsNoHeatMap) {
@@ -135,14 +137,14 @@ TEST_F(EquityHeatMap, ARangeChangeOrABoardChangeClearsTheColours) {
   Calc("AhKd", "Tc8h3s");
   ASSERT_TRUE(AnyHeat());
   model.PFHand_MouseUp(FindClassByName("72"), kLeftButton, 0);
-  EXPECT_TRUE(model.lblMyEquity.caption.empty());
+  EXPECT_TRUE(model.results().lblMyEquity.caption.empty());
   EXPECT_FALSE(AnyHeat());
 
   Calc("AhKd", "Tc8h3s");
   ASSERT_TRUE(AnyHeat());
   // A key typed into the Board box clears the read-outs, and the colours with them.
   model.txtBoard_KeyDown('D');
-  EXPECT_TRUE(model.lblMyEquity.caption.empty());
+  EXPECT_TRUE(model.results().lblMyEquity.caption.empty());
   EXPECT_FALSE(AnyHeat());
 }
 
@@ -151,13 +153,13 @@ TEST_F(EquityHeatMap, WithAutoCalcPreflopARangeChangeColoursTheBlocksOfTheNewRan
   model.mnuAutoPFEquityCalc_Click();
   Calc("AhKd", "");
   const int aces = FindClassByName("AA");
-  ASSERT_NE(model.ShownBlockColour(aces), model.grid.blockColour[aces]);
+  ASSERT_NE(model.grid().ShownBlockColour(aces), model.grid().blockColour[aces]);
   // AA out of the range: until the delayed calculation runs, no block shows the old range's colours.
   model.PFHand_MouseUp(aces, kLeftButton, 0);
-  ASSERT_EQ(model.profiles[0].rangeLayer[aces].count, 0);
+  ASSERT_EQ(model.profiles().list[0].rangeLayer[aces].count, 0);
   EXPECT_FALSE(AnyHeat());
   model.tmrCalcEquity_Timer();
-  EXPECT_EQ(model.ShownBlockColour(aces), model.grid.blockColour[aces]);
+  EXPECT_EQ(model.grid().ShownBlockColour(aces), model.grid().blockColour[aces]);
   EXPECT_TRUE(AnyHeat());
 }
 
@@ -174,7 +176,7 @@ TEST_F(EquityHeatMap, UntickingRestoresEveryBlockExactly) {
   const auto before = ShownColours();
   const auto tips = [&] {
     std::array<std::string, kClassCount> all;
-    for (int i = 0; i < kClassCount; ++i) all[i] = model.BlockToolTip(i);
+    for (int i = 0; i < kClassCount; ++i) all[i] = model.grid().BlockToolTip(i);
     return all;
   };
   const auto tipsBefore = tips();
@@ -191,9 +193,9 @@ TEST_F(EquityHeatMap, MyHandAsARangeColoursTheBlocksByMyRangesEquity) {
   model.mnuStandardShowdownRules_Click();
   model.mnuEquityHeatMap_Click();
   Calc("AK,QQ", "Tc8h3s");
-  ASSERT_FALSE(model.lblMyEquity.caption.empty());
+  ASSERT_FALSE(model.results().lblMyEquity.caption.empty());
   EXPECT_TRUE(AnyHeat());
-  EXPECT_NE(model.BlockToolTip(FindClassByName("AA")).find("my equity"), std::string::npos);
+  EXPECT_NE(model.grid().BlockToolTip(FindClassByName("AA")).find("my equity"), std::string::npos);
 }
 
 TEST_F(EquityHeatMap, UntickedItAddsNothingToThePreferencesFile) {

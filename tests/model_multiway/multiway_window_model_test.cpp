@@ -119,8 +119,8 @@ class MultiwayWindowModel : public ::testing::Test {
                   const std::vector<std::string>& classes) {
     model.txtMyHand.text = myHand;
     model.txtBoard.text = board;
-    model.profiles.push_back(MakeProfile("Villain", classes, ""));
-    model.currentProfileIndex = 0;
+    model.profiles().list.push_back(MakeProfile("Villain", classes, ""));
+    model.profiles().currentIndex = 0;
   }
 
   // Opens the window and types the texts into its rows (as many rows as texts) and the board.
@@ -149,7 +149,7 @@ TEST_F(MultiwayWindowModel, OpensWithThreeRowsFromMyHandTheOpponentsRangeAndTheB
   EXPECT_EQ(window.txtPlayer[0].text, "AhKd");
   const ParsedWeightedRange range = ParseWeightedRangeNotation(window.txtPlayer[1].text);
   ASSERT_TRUE(range.ok());
-  EXPECT_EQ(range.weights, OnLayerWeights(model.profiles[0]));
+  EXPECT_EQ(range.weights, OnLayerWeights(model.profiles().list[0]));
   EXPECT_EQ(range.weights.Count(), 12);
   EXPECT_EQ(window.txtPlayer[2].text, "");
   EXPECT_EQ(window.txtBoard.text, "Tc8h3s");
@@ -157,9 +157,9 @@ TEST_F(MultiwayWindowModel, OpensWithThreeRowsFromMyHandTheOpponentsRangeAndTheB
 
 TEST_F(MultiwayWindowModel, TheOpponentsRangeKeepsItsWeights) {
   MainWindow("AhAd", "", {"KK"});
-  WeightedHoldingSet weights = OnLayerWeights(model.profiles[0]);
+  WeightedHoldingSet weights = OnLayerWeights(model.profiles().list[0]);
   weights.SetWeight(C("Ks"), C("Kc"), 500);
-  SetOnLayerWeights(model.profiles[0], weights);
+  SetOnLayerWeights(model.profiles().list[0], weights);
   model.mnuMultiwayEquity_Click();
   const ParsedWeightedRange row = ParseWeightedRangeNotation(window.txtPlayer[1].text);
   ASSERT_TRUE(row.ok());

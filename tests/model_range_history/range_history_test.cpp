@@ -36,36 +36,37 @@ struct RangeState {
 class RangeHistoryTest : public ::testing::Test {
  protected:
   RangeHistoryTest() {
-    form.profiles.resize(2);
-    for (PlayerProfile& p : form.profiles) InitProfile(p);
-    form.profiles[0].name = "Generic";
-    form.profiles[0].rangeText = "0.5";
-    SetBlockWhole(form.profiles[0].rangeLayer[Block("AA")], false);
-    form.profiles[1].name = "Villain";
-    form.profiles[1].rangeText = "~1.4";
-    SetBlockWhole(form.profiles[1].rangeLayer[Block("KQs")], true);
-    SetBlockWhole(form.profiles[1].seenLayer[Block("22")], false);
-    form.RefillPlayerList("Generic");
-    form.currentProfileIndex = 0;
-    form.Slider1.max = 146;
-    form.txtRange.text = "0.5";
-    form.WriteRangeNotation();
+    form.profiles().list.resize(2);
+    for (PlayerProfile& p : form.profiles().list) InitProfile(p);
+    form.profiles().list[0].name = "Generic";
+    form.profiles().list[0].rangeText = "0.5";
+    SetBlockWhole(form.profiles().list[0].rangeLayer[Block("AA")], false);
+    form.profiles().list[1].name = "Villain";
+    form.profiles().list[1].rangeText = "~1.4";
+    SetBlockWhole(form.profiles().list[1].rangeLayer[Block("KQs")], true);
+    SetBlockWhole(form.profiles().list[1].seenLayer[Block("22")], false);
+    form.profiles().RefillPlayerList("Generic");
+    form.profiles().currentIndex = 0;
+    form.grid().Slider1.max = 146;
+    form.grid().txtRange.text = "0.5";
+    form.grid().WriteRangeNotation();
     form.StartRangeHistory();  // as at the end of start-up
   }
 
   RangeState State() const {
-    return {form.profiles, form.currentProfileIndex, form.txtRange.text, form.txtNotation.text,
-            form.Slider1.value};
+    return {form.profiles().list, form.profiles().currentIndex, form.grid().txtRange.text,
+            form.grid().txtNotation.text, form.grid().Slider1.value};
   }
 
   // Every block shows the colour of its layers with nothing selected: the refresh chain ran after a step.
   void ExpectGridShowsTheLayers() {
-    const PlayerProfile& p = *form.currentProfile();
+    const PlayerProfile& p = *form.profiles().currentProfile();
     for (int i = 0; i < kClassCount; ++i) {
-      EXPECT_FALSE(form.grid.selectedOn[i]) << i;
-      EXPECT_FALSE(form.grid.selectedSeen[i]) << i;
+      EXPECT_FALSE(form.grid().selectedOn[i]) << i;
+      EXPECT_FALSE(form.grid().selectedSeen[i]) << i;
       const BlockColourRule rule = ChooseBlockColourRule(false, false, p.rangeLayer[i], p.seenLayer[i]);
-      EXPECT_EQ(form.grid.blockColour[i], BlockRuleColour(rule, form.scheme, form.grid.baseColour[i])) << i;
+      EXPECT_EQ(form.grid().blockColour[i], BlockRuleColour(rule, form.scheme, form.grid().baseColour[i]))
+          << i;
     }
   }
 
@@ -74,22 +75,22 @@ class RangeHistoryTest : public ::testing::Test {
   }
   void Drag(std::initializer_list<int> positions) {
     for (const int p : positions) {
-      form.Slider1.value = p;
+      form.grid().Slider1.value = p;
       form.Slider1_MouseMove(kLeftButton);
     }
     form.Slider1_MouseUp(kLeftButton, 0);
   }
   void TypePercent(const std::string& text) {
-    form.SetRangeText(text);
+    form.grid().SetRangeText(text);
     form.txtRange_KeyUp(kKeyEnter);
   }
   void TypeNotation(const std::string& text) {
-    form.txtNotation.text = text;
+    form.grid().txtNotation.text = text;
     form.txtNotation_Change();
     form.txtNotation_KeyDown(kKeyEnter);
   }
   void PickProfile(const std::string& name) {
-    form.cmbPlayer.text = name;
+    form.profiles().cmbPlayer.text = name;
     form.cmbPlayer_Click();
   }
   void Cook(const std::string& hand, const std::string& board) {
@@ -98,8 +99,8 @@ class RangeHistoryTest : public ::testing::Test {
     form.cmdCheckPossibleHands_Click();
   }
   int NodeStartingWith(const std::string& text) const {
-    for (std::size_t i = 0; i < form.TV.nodes.size(); ++i) {
-      if (form.TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
+    for (std::size_t i = 0; i < form.results().TV.nodes.size(); ++i) {
+      if (form.results().TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
     }
     ADD_FAILURE() << "no node \"" << text << "\"";
     return -1;
@@ -137,11 +138,12 @@ TEST_F(RangeHistoryTest, TwentyMixedChangesAreUndoneOneByOneExactlyAndRedoneExac
       {"add to range",
        [&] {
          Cook("AhKd", "Tc8h3s");
-         form.TV.selected = NodeStartingWith("One pair");
-         form.TV.selected = form.TV.nodes[form.TV.selected].children.front();
-         const int group = form.TV.selected;
-         form.TV.selected =
-             form.TV.nodes[group].children.empty() ? group : form.TV.nodes[group].children.front();
+         form.results().TV.selected = NodeStartingWith("One pair");
+         form.results().TV.selected = form.results().TV.nodes[form.results().TV.selected].children.front();
+         const int group = form.results().TV.selected;
+         form.results().TV.selected = form.results().TV.nodes[group].children.empty()
+                                          ? group
+                                          : form.results().TV.nodes[group].children.front();
          form.mnuAdd2Range_Click();
        }},
       {"all", [&] { form.cmdAll_Click(); }},
@@ -166,7 +168,7 @@ TEST_F(RangeHistoryTest, TwentyMixedChangesAreUndoneOneByOneExactlyAndRedoneExac
   EXPECT_TRUE(services.messages.empty());
 
   for (std::size_t k = changes.size(); k-- > 0;) {
-    form.grid.blockColour.fill(0x123456);
+    form.grid().blockColour.fill(0x123456);
     ASSERT_TRUE(form.UndoRangeChange()) << "undo of " << changes[k].first;
     EXPECT_EQ(State(), states[k]) << "undo of " << changes[k].first;
     ExpectGridShowsTheLayers();
@@ -193,14 +195,14 @@ TEST_F(RangeHistoryTest, ASliderDragIsOneStepAndTheNextDragAnother) {
   EXPECT_EQ(State(), afterFirst);
   ASSERT_TRUE(form.UndoRangeChange());
   EXPECT_EQ(State(), start);
-  EXPECT_EQ(form.Slider1.value, 0);
+  EXPECT_EQ(form.grid().Slider1.value, 0);
 }
 
 TEST_F(RangeHistoryTest, AKeyHeldOnTheSliderIsOneStep) {
   const RangeState start = State();
   form.Slider1_KeyDown();
   for (int p = 1; p <= 5; ++p) {
-    form.Slider1.value = p;
+    form.grid().Slider1.value = p;
     form.tmrSliderMoving_Timer();
   }
   form.Slider1_KeyUp();
@@ -237,11 +239,11 @@ TEST_F(RangeHistoryTest, AHundredStepsCanBeUndoneAndTheOldestGoBeyondThat) {
 
 TEST_F(RangeHistoryTest, WhatLeavesTheLayersAsTheyWereIsNoStep) {
   Click("AA", kLeftButton, kCtrlMask | kAltMask);  // just to see
-  form.SetRangeText("12");                         // typed, not entered
+  form.grid().SetRangeText("12");                  // typed, not entered
   form.txtRange_KeyUp('2');
   form.cmdClearSeenBlocks_Click();  // the Seen layer is empty already
   Cook("AhKd", "Tc8h3s");
-  form.TV.selected = 0;
+  form.results().TV.selected = 0;
   form.mnuCopyToClipboard_Click();
   form.mnuSwitchColourScheme_Click();
   EXPECT_EQ(form.rangeHistory.undoCount(), 0u);
@@ -252,26 +254,26 @@ TEST_F(RangeHistoryTest, UndoingAProfileSelectionSelectsThePreviousProfileWithIt
   Click("AKs");
   const RangeState generic = State();
   PickProfile("Villain");
-  ASSERT_EQ(form.currentProfileIndex, 1);
+  ASSERT_EQ(form.profiles().currentIndex, 1);
   const RangeState villain = State();
   ASSERT_TRUE(form.UndoRangeChange());
   EXPECT_EQ(State(), generic);
-  EXPECT_EQ(form.cmbPlayer.text, "Generic");
-  EXPECT_EQ(form.cmbPlayer.listIndex, 0);
+  EXPECT_EQ(form.profiles().cmbPlayer.text, "Generic");
+  EXPECT_EQ(form.profiles().cmbPlayer.listIndex, 0);
   EXPECT_TRUE(form.label(CommandLabel::lblDelete).visible);
   EXPECT_FALSE(form.label(CommandLabel::lblSave).visible);
   ASSERT_TRUE(form.RedoRangeChange());
   EXPECT_EQ(State(), villain);
-  EXPECT_EQ(form.cmbPlayer.text, "Villain");
+  EXPECT_EQ(form.profiles().cmbPlayer.text, "Villain");
 }
 
 TEST_F(RangeHistoryTest, ANameTypedOnTheWayToAnotherProfileIsNoStep) {
   const RangeState generic = State();
   for (const std::string typed : {"V", "Vi", "Villain"}) {
-    form.cmbPlayer.text = typed;
+    form.profiles().cmbPlayer.text = typed;
     form.cmbPlayer_KeyUp(typed.back());
   }
-  ASSERT_EQ(form.currentProfileIndex, 1);
+  ASSERT_EQ(form.profiles().currentIndex, 1);
   EXPECT_EQ(form.rangeHistory.undoCount(), 1u);
   ASSERT_TRUE(form.UndoRangeChange());
   EXPECT_EQ(State(), generic);
@@ -279,26 +281,26 @@ TEST_F(RangeHistoryTest, ANameTypedOnTheWayToAnotherProfileIsNoStep) {
 
 TEST_F(RangeHistoryTest, SavingANewProfileIsAStepBackToThePreviousOne) {
   const RangeState generic = State();
-  form.cmbPlayer.text = "Fish";
+  form.profiles().cmbPlayer.text = "Fish";
   form.cmbPlayer_KeyUp('h');
   form.cmbPlayer_KeyUp(kKeyEnter);  // saves "Fish" and makes it current
-  ASSERT_EQ(form.currentProfile()->name, "Fish");
+  ASSERT_EQ(form.profiles().currentProfile()->name, "Fish");
   ASSERT_TRUE(form.UndoRangeChange());
-  EXPECT_EQ(form.currentProfileIndex, 0);
+  EXPECT_EQ(form.profiles().currentIndex, 0);
   EXPECT_EQ(State().profiles[0], generic.profiles[0]);
   ASSERT_TRUE(form.RedoRangeChange());
-  EXPECT_EQ(form.currentProfile()->name, "Fish");
+  EXPECT_EQ(form.profiles().currentProfile()->name, "Fish");
 }
 
 TEST_F(RangeHistoryTest, DeletingAProfileStartsTheHistoryAnew) {
   Click("AKs");
   PickProfile("Villain");
   form.lblDelete_Click();
-  EXPECT_EQ(form.currentProfile()->name, "Generic");
+  EXPECT_EQ(form.profiles().currentProfile()->name, "Generic");
   EXPECT_FALSE(form.UndoRangeChange());
   Click("KK");
   ASSERT_TRUE(form.UndoRangeChange());
-  EXPECT_EQ(form.currentProfile()->name, "Generic");
+  EXPECT_EQ(form.profiles().currentProfile()->name, "Generic");
 }
 
 TEST_F(RangeHistoryTest, TheWindowKeysUndoAndRedo) {
@@ -322,26 +324,26 @@ TEST_F(RangeHistoryTest, AStepBackRunsTheRefreshChainAndArmsThePreflopEquity) {
   Click("QQ", kLeftButton, kShiftMask);
   form.tmrCalcEquity.Disable();
   const uint64_t armed = form.tmrCalcEquity.armCount;
-  form.txtNotation.text = "stale";
-  form.grid.blockColour.fill(0x123456);
+  form.grid().txtNotation.text = "stale";
+  form.grid().blockColour.fill(0x123456);
   ASSERT_TRUE(form.UndoRangeChange());
   EXPECT_TRUE(form.tmrCalcEquity.enabled);
   EXPECT_GT(form.tmrCalcEquity.armCount, armed);
-  EXPECT_EQ(form.txtNotation.text, "AA, AKs");  // the aces of the start, and the first click
+  EXPECT_EQ(form.grid().txtNotation.text, "AA, AKs");  // the aces of the start, and the first click
   ExpectGridShowsTheLayers();
-  EXPECT_FALSE(form.grid.matrixCellVisible[0]);  // nothing selected: the suit matrix is hidden
+  EXPECT_FALSE(form.grid().matrixCellVisible[0]);  // nothing selected: the suit matrix is hidden
 }
 
 TEST_F(RangeHistoryTest, WithNoProfileCurrentTheStepBackSelectsTheProfileOfTheStep) {
   Click("AKs");
   const RangeState clicked = State();
-  form.cmbPlayer.text = "Nob";
+  form.profiles().cmbPlayer.text = "Nob";
   form.cmbPlayer_KeyUp('b');  // a new name: no profile current
-  ASSERT_EQ(form.currentProfile(), nullptr);
+  ASSERT_EQ(form.profiles().currentProfile(), nullptr);
   ASSERT_TRUE(form.UndoRangeChange());
-  EXPECT_EQ(form.currentProfileIndex, 0);
-  EXPECT_EQ(form.cmbPlayer.text, "Generic");
-  EXPECT_EQ(form.profiles[0].rangeLayer[Block("AKs")].count, 0);
+  EXPECT_EQ(form.profiles().currentIndex, 0);
+  EXPECT_EQ(form.profiles().cmbPlayer.text, "Generic");
+  EXPECT_EQ(form.profiles().list[0].rangeLayer[Block("AKs")].count, 0);
   ASSERT_TRUE(form.RedoRangeChange());
   EXPECT_EQ(State().profiles, clicked.profiles);
 }
@@ -356,7 +358,7 @@ TEST(RangeHistoryFile, ChangesUndoneLeaveTheProfileFileByteForByte) {
       form.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
       form.PFHand_MouseUp(Block("72"), kRightButton, 0);
       form.cmdAnyPair_Click();
-      form.Slider1.value = 20;
+      form.grid().Slider1.value = 20;
       form.Slider1_MouseMove(kLeftButton);
       form.Slider1_MouseUp(kLeftButton, 0);
       while (form.UndoRangeChange()) {

@@ -24,37 +24,37 @@ struct AddWindow : ResultsWindow {
     model.options.simplifyOutput = simplify;
     Cook("KcQs", "Kh9c4d");
     // Marks that show whether the add redrew anything, and a selection it must drop.
-    model.grid.blockColour.fill(kUntouched);
-    model.txtRange.text = "untouched";
-    model.grid.selectedOn[Block("AA")] = true;
-    model.grid.selectedSeen[Block("22")] = true;
+    model.grid().blockColour.fill(kUntouched);
+    model.grid().txtRange.text = "untouched";
+    model.grid().selectedOn[Block("AA")] = true;
+    model.grid().selectedSeen[Block("22")] = true;
   }
 
   void AddNode(const std::string& text) {
-    model.TV.selected = NodeWithText(text);
+    model.results().TV.selected = NodeWithText(text);
     model.mnuAdd2Range_Click();
   }
 
   void ExpectSelectionDropped() {
     for (int i = 0; i < kClassCount; ++i) {
-      EXPECT_FALSE(model.grid.selectedOn[i]) << i;
-      EXPECT_FALSE(model.grid.selectedSeen[i]) << i;
+      EXPECT_FALSE(model.grid().selectedOn[i]) << i;
+      EXPECT_FALSE(model.grid().selectedSeen[i]) << i;
     }
-    EXPECT_TRUE(model.grid.editingOn);
+    EXPECT_TRUE(model.grid().editingOn);
   }
 
   void ExpectRefreshed() {
-    EXPECT_NE(model.grid.blockColour[Block("AA")], kUntouched);
-    EXPECT_NE(model.txtRange.text, "untouched");
-    EXPECT_EQ(model.tvMousePointer, 0);
-    EXPECT_FALSE(model.tmrTVError.enabled);
+    EXPECT_NE(model.grid().blockColour[Block("AA")], kUntouched);
+    EXPECT_NE(model.grid().txtRange.text, "untouched");
+    EXPECT_EQ(model.results().tvMousePointer, 0);
+    EXPECT_FALSE(model.results().tmrTVError.enabled);
   }
 
   void ExpectErrorSignalledAndNothingRedrawn() {
-    EXPECT_EQ(model.tvMousePointer, 99);
-    EXPECT_TRUE(model.tmrTVError.enabled);
-    for (int i = 0; i < kClassCount; ++i) EXPECT_EQ(model.grid.blockColour[i], kUntouched) << i;
-    EXPECT_EQ(model.txtRange.text, "untouched");
+    EXPECT_EQ(model.results().tvMousePointer, 99);
+    EXPECT_TRUE(model.results().tmrTVError.enabled);
+    for (int i = 0; i < kClassCount; ++i) EXPECT_EQ(model.grid().blockColour[i], kUntouched) << i;
+    EXPECT_EQ(model.grid().txtRange.text, "untouched");
   }
 
   void ExpectSeenLayerKept() { EXPECT_EQ(profile().seenLayer[Block("22")].count, 6); }
@@ -69,8 +69,8 @@ TEST(AddToRange, ACombinationNodeWithItsMarkReplacesTheRangeByThatHolding) {
   w.ExpectSelectionDropped();
   w.ExpectRefreshed();
   // One On holding and six Seen: 7 of 1,326 holdings.
-  EXPECT_EQ(w.model.txtRange.text, "~0.5");
-  EXPECT_EQ(w.model.grid.blockColour[ResultsWindow::Block("QJs")], w.model.scheme.onPart);
+  EXPECT_EQ(w.model.grid().txtRange.text, "~0.5");
+  EXPECT_EQ(w.model.grid().blockColour[ResultsWindow::Block("QJs")], w.model.scheme.onPart);
 }
 
 TEST(AddToRange, ASingleCombinationLineWithItsTwoLeadingBlanksWorks) {
@@ -121,64 +121,64 @@ TEST(AddToRange, HoldingsTakenBeforeAFailureStayInTheRange) {
   SetBlockSuitPair(w.profile().rangeLayer[ResultsWindow::Block("AKs")], 0, 0, true, false);
   w.PutOn("KQs");
   w.Cook("", "Kh9c4d");
-  w.model.grid.blockColour.fill(kUntouched);
-  w.model.TV.selected = w.NodeWithText("T pair (4) 100%");
-  ASSERT_EQ(w.model.TV.nodes[w.model.TV.selected + 1].text, "  Ac Kc");
-  ASSERT_EQ(w.model.TV.nodes[w.model.TV.selected + 2].text, "~KQs (3)");
+  w.model.grid().blockColour.fill(kUntouched);
+  w.model.results().TV.selected = w.NodeWithText("T pair (4) 100%");
+  ASSERT_EQ(w.model.results().TV.nodes[w.model.results().TV.selected + 1].text, "  Ac Kc");
+  ASSERT_EQ(w.model.results().TV.nodes[w.model.results().TV.selected + 2].text, "~KQs (3)");
   w.model.mnuAdd2Range_Click();
   EXPECT_EQ(w.OnPairs("AKs"), "cc");
   EXPECT_EQ(w.OnBlocks(), 1);
-  EXPECT_EQ(w.model.tvMousePointer, 99);
-  EXPECT_EQ(w.model.grid.blockColour[ResultsWindow::Block("AKs")], kUntouched);
+  EXPECT_EQ(w.model.results().tvMousePointer, 99);
+  EXPECT_EQ(w.model.grid().blockColour[ResultsWindow::Block("AKs")], kUntouched);
 }
 
 TEST(AddToRange, TheTimerEndsTheErrorSignal) {
   AddWindow w(true);
   w.AddNode("Q high (3) 30%");
-  ASSERT_TRUE(w.model.tmrTVError.enabled);
-  EXPECT_EQ(w.model.tmrTVError.intervalMs, 550);
+  ASSERT_TRUE(w.model.results().tmrTVError.enabled);
+  EXPECT_EQ(w.model.results().tmrTVError.intervalMs, 550);
   w.model.tmrTVError_Timer();
-  EXPECT_FALSE(w.model.tmrTVError.enabled);
-  EXPECT_EQ(w.model.tvMousePointer, 0);
+  EXPECT_FALSE(w.model.results().tmrTVError.enabled);
+  EXPECT_EQ(w.model.results().tvMousePointer, 0);
 }
 
 TEST(AddToRange, FlashTreeErrorRestartsTheTimerEachTime) {
   ResultsWindow w;
-  w.model.FlashTreeError();
-  const uint64_t first = w.model.tmrTVError.armCount;
-  w.model.FlashTreeError();
-  EXPECT_EQ(w.model.tmrTVError.armCount, first + 1);
-  EXPECT_EQ(w.model.tvMousePointer, 99);
+  w.model.results().FlashTreeError();
+  const uint64_t first = w.model.results().tmrTVError.armCount;
+  w.model.results().FlashTreeError();
+  EXPECT_EQ(w.model.results().tmrTVError.armCount, first + 1);
+  EXPECT_EQ(w.model.results().tvMousePointer, 99);
 }
 
 TEST(AddToRange, WithNoNodeSelectedNothingHappens) {
   AddWindow w(false);
-  w.model.TV.selected = -1;
+  w.model.results().TV.selected = -1;
   w.model.mnuAdd2Range_Click();
   EXPECT_EQ(w.OnBlocks(), 2);
-  EXPECT_TRUE(w.model.grid.selectedOn[ResultsWindow::Block("AA")]);
-  EXPECT_EQ(w.model.txtRange.text, "untouched");
-  EXPECT_EQ(w.model.tvMousePointer, 0);
+  EXPECT_TRUE(w.model.grid().selectedOn[ResultsWindow::Block("AA")]);
+  EXPECT_EQ(w.model.grid().txtRange.text, "untouched");
+  EXPECT_EQ(w.model.results().tvMousePointer, 0);
 }
 
 TEST(AddToRange, AnEmptyTreeDoesNothing) {
   ResultsWindow w;
   w.PutOn("KK");
-  w.model.grid.selectedOn[0] = true;
+  w.model.grid().selectedOn[0] = true;
   w.model.mnuAdd2Range_Click();
   EXPECT_EQ(w.OnBlocks(), 1);
-  EXPECT_TRUE(w.model.grid.selectedOn[0]);
-  EXPECT_EQ(w.model.tvMousePointer, 0);
+  EXPECT_TRUE(w.model.grid().selectedOn[0]);
+  EXPECT_EQ(w.model.results().tvMousePointer, 0);
 }
 
 TEST(AddToRange, WithoutACurrentProfileNothingHappens) {
   AddWindow w(false);
-  w.model.TV.selected = w.NodeWithText("Qd Jd *");
-  w.model.currentProfileIndex = -1;
+  w.model.results().TV.selected = w.NodeWithText("Qd Jd *");
+  w.model.profiles().currentIndex = -1;
   w.model.mnuAdd2Range_Click();
-  w.model.currentProfileIndex = 0;
+  w.model.profiles().currentIndex = 0;
   EXPECT_EQ(w.OnBlocks(), 2);
-  EXPECT_EQ(w.model.tvMousePointer, 0);
+  EXPECT_EQ(w.model.results().tvMousePointer, 0);
 }
 
 TEST(AddToRange, AHoldingWhoseLowerCardComesFirstGoesToItsClassInTheRecordsOrder) {
@@ -186,8 +186,8 @@ TEST(AddToRange, AHoldingWhoseLowerCardComesFirstGoesToItsClassInTheRecordsOrder
   // A tree node written by hand, low card first: it is still A-K offsuit, the ace of clubs with the king
   // of diamonds.
   std::string ignored;
-  AddResultNode(w.model.TV, ignored, 0, "", kRootNode, "0k", "Kd Ac", "", true);
-  w.model.TV.selected = 0;
+  AddResultNode(w.model.results().TV, ignored, 0, "", kRootNode, "0k", "Kd Ac", "", true);
+  w.model.results().TV.selected = 0;
   w.model.mnuAdd2Range_Click();
   EXPECT_EQ(w.OnPairs("AK"), "cd");
 }
@@ -196,11 +196,11 @@ TEST(AddToRange, ANodeNamingTheSameCardTwiceOrAnUnknownRankIsRefused) {
   for (const std::string text : {"Ah Ah", "Ah Xd"}) {
     ResultsWindow w;
     std::string ignored;
-    AddResultNode(w.model.TV, ignored, 0, "", kRootNode, "0k", text, "", true);
-    w.model.TV.selected = 0;
+    AddResultNode(w.model.results().TV, ignored, 0, "", kRootNode, "0k", text, "", true);
+    w.model.results().TV.selected = 0;
     w.model.mnuAdd2Range_Click();
     EXPECT_EQ(w.OnBlocks(), 0) << text;
-    EXPECT_EQ(w.model.tvMousePointer, 99) << text;
+    EXPECT_EQ(w.model.results().tvMousePointer, 99) << text;
   }
 }
 

@@ -21,13 +21,13 @@ struct CheckWindow : ResultsWindow {
   CheckWindow() { model.options.checkBoxes = true; }
 
   void TypeRange(const std::string& percent) {
-    model.SetRangeText(percent);
+    model.grid().SetRangeText(percent);
     model.txtRange_KeyUp(kKeyEnter);
   }
 
   int NodeStartingWith(const std::string& text) const {
-    for (std::size_t i = 0; i < model.TV.nodes.size(); ++i) {
-      if (model.TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
+    for (std::size_t i = 0; i < model.results().TV.nodes.size(); ++i) {
+      if (model.results().TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
     }
     ADD_FAILURE() << "no node \"" << text << "\"";
     return -1;
@@ -35,7 +35,7 @@ struct CheckWindow : ResultsWindow {
 
   // The count a category node shows: "One pair (112) 41%" gives 112.
   int ShownCount(int node) const {
-    const std::string& text = model.TV.nodes[node].text;
+    const std::string& text = model.results().TV.nodes[node].text;
     const auto open = text.find('(');
     int count = -1;
     std::from_chars(text.data() + open + 1, text.data() + text.size(), count);
@@ -46,13 +46,13 @@ struct CheckWindow : ResultsWindow {
   // lines there are (a holding in two sub-categories has a line in each).
   HoldingSet HoldingLinesUnder(int node, int* lines = nullptr) const {
     HoldingSet set;
-    for (const int child : model.TV.nodes[node].children) {
-      if (!model.TV.nodes[child].children.empty()) {
+    for (const int child : model.results().TV.nodes[node].children) {
+      if (!model.results().TV.nodes[child].children.empty()) {
         set |= HoldingLinesUnder(child, lines);
         continue;
       }
       HandCards hand{};
-      if (ParseHandText(CleanNodeText(model.TV.nodes[child].text), hand)) {
+      if (ParseHandText(CleanNodeText(model.results().TV.nodes[child].text), hand)) {
         set.insert(Card{hand.rank1, hand.suit1}, Card{hand.rank2, hand.suit2});
         if (lines != nullptr) ++*lines;
       }
@@ -67,7 +67,7 @@ struct CheckWindow : ResultsWindow {
 TEST(KeepOnlyChecked, OnePairAndGutshotAndBackdoorDrawsLeaveExactlyTheUnionOfTheirHoldings) {
   CheckWindow w;
   w.TypeRange("20");
-  ASSERT_EQ(w.model.txtRange.text, "20.4");
+  ASSERT_EQ(w.model.grid().txtRange.text, "20.4");
 
   // What the two categories hold, read from a plain listing of the same cook.
   w.model.options.simplifyOutput = false;
@@ -99,12 +99,12 @@ TEST(KeepOnlyChecked, OnePairAndGutshotAndBackdoorDrawsLeaveExactlyTheUnionOfThe
   EXPECT_EQ(w.OnHoldings(), both);
   EXPECT_EQ(w.OnHoldings().size(), onePair.size() + draws.size() - overlap);
   // The cook ran again on the narrowed range: every holding is live, and the two categories kept theirs.
-  EXPECT_EQ(w.model.cookRangeCount, both.size());
-  EXPECT_EQ(w.model.cookLiveCount, both.size());
+  EXPECT_EQ(w.model.results().cookRangeCount, both.size());
+  EXPECT_EQ(w.model.results().cookLiveCount, both.size());
   EXPECT_EQ(w.ShownCount(w.NodeStartingWith("One pair (")), pairLines);
   EXPECT_EQ(w.ShownCount(w.NodeStartingWith("Gutshot and backdoor draws (")), drawLines);
   // The rebuilt tree starts with nothing checked.
-  EXPECT_EQ(w.model.tvChecked, std::vector<bool>(w.model.TV.nodes.size(), false));
+  EXPECT_EQ(w.model.results().tvChecked, std::vector<bool>(w.model.results().TV.nodes.size(), false));
 }
 
 TEST(KeepOnlyChecked, ACheckedGroupKeepsItsClassOfItsCategoryOnly) {
@@ -114,7 +114,7 @@ TEST(KeepOnlyChecked, ACheckedGroupKeepsItsClassOfItsCategoryOnly) {
   w.Cook("", "Kh9c4d");  // AK and KQ both pair the king: "T pair" holds both classes
   const int group = w.NodeStartingWith("~AKo (9)");
   ASSERT_GE(group, 0);
-  ASSERT_TRUE(w.model.TVNodeCheckable(group));
+  ASSERT_TRUE(w.model.results().NodeCheckable(group));
   w.model.TV_NodeCheck(group, true);
   w.model.mnuKeepOnlyChecked_Click();
   EXPECT_EQ(w.OnHoldings(), w.HoldingLinesUnder(group));
@@ -128,18 +128,18 @@ TEST(KeepOnlyChecked, KeepsTheSeenLayerDropsTheSelectionAndRefreshesTheGrid) {
   w.PutOn("QJs");
   w.PutSeen("22");
   w.Cook("", "Kh9c4d");
-  w.model.grid.selectedOn[ResultsWindow::Block("AA")] = true;
-  w.model.grid.blockColour.fill(0x123456);
-  w.model.txtRange.text = "untouched";
+  w.model.grid().selectedOn[ResultsWindow::Block("AA")] = true;
+  w.model.grid().blockColour.fill(0x123456);
+  w.model.grid().txtRange.text = "untouched";
   w.model.TV_NodeCheck(w.NodeStartingWith("One pair ("), true);
   w.model.mnuKeepOnlyChecked_Click();
   EXPECT_EQ(w.profile().seenLayer[ResultsWindow::Block("22")].count, 6);
-  EXPECT_FALSE(w.model.grid.selectedOn[ResultsWindow::Block("AA")]);
-  EXPECT_EQ(w.model.grid.blockColour[ResultsWindow::Block("AK")], w.model.scheme.onPart);
-  EXPECT_EQ(w.model.grid.blockColour[ResultsWindow::Block("QJs")],
-            w.model.grid.baseColour[ResultsWindow::Block("QJs")]);
-  EXPECT_TRUE(w.model.txtRange.text.starts_with("~"));
-  EXPECT_EQ(w.model.txtNotation.text, PrintRangeNotation(w.OnHoldings()));
+  EXPECT_FALSE(w.model.grid().selectedOn[ResultsWindow::Block("AA")]);
+  EXPECT_EQ(w.model.grid().blockColour[ResultsWindow::Block("AK")], w.model.scheme.onPart);
+  EXPECT_EQ(w.model.grid().blockColour[ResultsWindow::Block("QJs")],
+            w.model.grid().baseColour[ResultsWindow::Block("QJs")]);
+  EXPECT_TRUE(w.model.grid().txtRange.text.starts_with("~"));
+  EXPECT_EQ(w.model.grid().txtNotation.text, PrintRangeNotation(w.OnHoldings()));
 }
 
 TEST(KeepOnlyChecked, WithNothingCheckedItSaysSoAndChangesNothing) {
@@ -166,9 +166,9 @@ TEST(KeepOnlyChecked, HoldingNodesCarryNoBoxAndTheirChecksAreIgnored) {
   w.model.options.simplifyOutput = false;
   w.Cook("", "Kh9c4d");
   const int holding = w.NodeStartingWith("Ac Kd");
-  EXPECT_FALSE(w.model.TVNodeCheckable(holding));
+  EXPECT_FALSE(w.model.results().NodeCheckable(holding));
   w.model.TV_NodeCheck(holding, true);
-  EXPECT_FALSE(w.model.tvChecked[holding]);
+  EXPECT_FALSE(w.model.results().tvChecked[holding]);
   w.model.mnuKeepOnlyChecked_Click();
   EXPECT_EQ(w.services.messages.size(), 1u);  // nothing checked
 }
@@ -179,7 +179,7 @@ TEST(KeepOnlyChecked, WithTheOptionUntickedThereAreNoBoxesAndTheCommandDoesNothi
   w.PutOn("AK");
   w.Cook("", "Kh9c4d");
   const int node = w.NodeStartingWith("One pair (");
-  EXPECT_FALSE(w.model.TVNodeCheckable(node));
+  EXPECT_FALSE(w.model.results().NodeCheckable(node));
   w.model.TV_NodeCheck(node, true);
   const PlayerProfile before = w.profile();
   w.model.mnuKeepOnlyChecked_Click();
@@ -193,15 +193,15 @@ TEST(KeepOnlyChecked, UntickingTheOptionOrCookingAgainClearsEveryCheck) {
   w.Cook("", "Kh9c4d");
   const int node = w.NodeStartingWith("One pair (");
   w.model.TV_NodeCheck(node, true);
-  EXPECT_TRUE(w.model.tvChecked[node]);
+  EXPECT_TRUE(w.model.results().tvChecked[node]);
   w.model.cmdCheckPossibleHands_Click();
-  EXPECT_FALSE(w.model.tvChecked[node]);
+  EXPECT_FALSE(w.model.results().tvChecked[node]);
   w.model.TV_NodeCheck(node, true);
   w.model.mnuCheckBoxes_Click();
   EXPECT_FALSE(w.model.options.checkBoxes);
   w.model.mnuCheckBoxes_Click();
   EXPECT_TRUE(w.model.options.checkBoxes);
-  EXPECT_FALSE(w.model.tvChecked[node]);
+  EXPECT_FALSE(w.model.results().tvChecked[node]);
 }
 
 TEST(KeepOnlyChecked, IsOneStepThatUndoTakesBack) {
@@ -224,7 +224,7 @@ TEST(KeepOnlyChecked, AddToRangeIsAsItWasWithTheBoxesShown) {
   w.PutOn("QJs");
   w.Cook("KcQs", "Kh9c4d");
   w.model.TV_NodeCheck(w.NodeStartingWith("High cards ("), true);
-  w.model.TV.selected = w.NodeWithText("~QJs (3) *");
+  w.model.results().TV.selected = w.NodeWithText("~QJs (3) *");
   w.model.mnuAdd2Range_Click();
   EXPECT_EQ(w.OnPairs("QJs"), "cc,dd,hh");
   EXPECT_EQ(w.OnBlocks(), 1);

@@ -20,11 +20,11 @@ TEST(ResultsHandlers, TheCookRebuildsTheTreeAndTheExportTextTogether) {
   w.PutOn("QQ");
   w.Cook("", "");
   // No board: AKs goes to "A high", QQ to "One pair"; ten holdings, all categorised.
-  ASSERT_FALSE(w.model.TV.empty());
-  EXPECT_EQ(w.model.TV.nodes[0].text, "High cards (4) 40%");
-  EXPECT_EQ(w.model.exportText, ExportHeader("", "") + ExportFromNodes(w.model.TV));
-  EXPECT_NE(w.model.exportText.find("One pair (6) 60%\r\n"), std::string::npos);
-  EXPECT_EQ(w.model.TV.selected, -1);  // nothing selected after a build
+  ASSERT_FALSE(w.model.results().TV.empty());
+  EXPECT_EQ(w.model.results().TV.nodes[0].text, "High cards (4) 40%");
+  EXPECT_EQ(w.model.results().exportText, ExportHeader("", "") + ExportFromNodes(w.model.results().TV));
+  EXPECT_NE(w.model.results().exportText.find("One pair (6) 60%\r\n"), std::string::npos);
+  EXPECT_EQ(w.model.results().TV.selected, -1);  // nothing selected after a build
 }
 
 TEST(ResultsHandlers, TheExportHeaderShowsTheBoxTextsAsTheCookNormalisedThem) {
@@ -34,22 +34,22 @@ TEST(ResultsHandlers, TheExportHeaderShowsTheBoxTextsAsTheCookNormalisedThem) {
   const std::string version = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
                               std::to_string(kVersionRevision);
   EXPECT_EQ(
-      w.model.exportText.rfind(
+      w.model.results().exportText.rfind(
           "Poker Quillet V" + version + " Clipboard Export\r\nMy Hand: AhKd   Board: Tc8h3s\r\n\r\n", 0),
       0u)
-      << w.model.exportText;
+      << w.model.results().exportText;
 }
 
 TEST(ResultsHandlers, ARefusedCookLeavesTheTreeAndTheTextAsTheyWere) {
   ResultsWindow w;
   w.PutOn("KK");
   w.Cook("AhAd", "Tc8h3s");
-  const std::string text = w.model.exportText;
-  const std::size_t nodes = w.model.TV.nodes.size();
+  const std::string text = w.model.results().exportText;
+  const std::size_t nodes = w.model.results().TV.nodes.size();
   w.Cook("AhAd", "AhKd4c");  // duplicate card
   EXPECT_EQ(w.services.messageTexts().back(), "Duplicate card exists");
-  EXPECT_EQ(w.model.exportText, text);
-  EXPECT_EQ(w.model.TV.nodes.size(), nodes);
+  EXPECT_EQ(w.model.results().exportText, text);
+  EXPECT_EQ(w.model.results().TV.nodes.size(), nodes);
 }
 
 TEST(ResultsHandlers, TheBuildFollowsTheMenuTicks) {
@@ -59,17 +59,18 @@ TEST(ResultsHandlers, TheBuildFollowsTheMenuTicks) {
   w.model.options.simplifyOutput = false;
   w.Cook("", "");
   // All 55 categories and the six kings.
-  EXPECT_EQ(w.model.TV.nodes.size(), 55u + 6u);
+  EXPECT_EQ(w.model.results().TV.nodes.size(), 55u + 6u);
   w.model.options.hideEmptyCats = true;
   w.model.options.simplifyOutput = true;
   w.model.options.simplifyFurther = true;
   w.model.options.categoryIcons = true;
   w.Cook("", "");
-  EXPECT_TRUE(w.model.TV.imageListAttached);
+  EXPECT_TRUE(w.model.results().TV.imageListAttached);
   // The spacer in front of "One pair" is shown although "High cards" is not.
-  EXPECT_EQ(w.model.exportText, ExportHeader("", "") + "\r\nOne pair (6) 100%\r\n  \xE2\x80\xA2KK  (6)\r\n");
-  EXPECT_EQ(w.model.TV.nodes[0].image, "");
-  EXPECT_EQ(w.model.TV.nodes[1].image, "pairm");
+  EXPECT_EQ(w.model.results().exportText,
+            ExportHeader("", "") + "\r\nOne pair (6) 100%\r\n  \xE2\x80\xA2KK  (6)\r\n");
+  EXPECT_EQ(w.model.results().TV.nodes[0].image, "");
+  EXPECT_EQ(w.model.results().TV.nodes[1].image, "pairm");
 }
 
 TEST(ResultsHandlers, WinLoseIconsNeedABoardAndMyHand) {
@@ -79,13 +80,14 @@ TEST(ResultsHandlers, WinLoseIconsNeedABoardAndMyHand) {
   w.model.options.simplifyOutput = false;
   w.Cook("AhAd", "Tc8h3s");
   int wins = 0;
-  for (const ResultNode& node : w.model.TV.nodes) wins += node.image == "win" ? 1 : 0;
+  for (const ResultNode& node : w.model.results().TV.nodes) wins += node.image == "win" ? 1 : 0;
   EXPECT_EQ(wins, 6);  // aces beat kings on T-8-3
   for (const auto& [hand, board] :
        std::vector<std::pair<std::string, std::string>>{{"", "Tc8h3s"}, {"AhAd", ""}}) {
     w.Cook(hand, board);
-    ASSERT_FALSE(w.model.TV.empty());
-    for (const ResultNode& node : w.model.TV.nodes) EXPECT_EQ(node.image, "") << hand << " " << board;
+    ASSERT_FALSE(w.model.results().TV.empty());
+    for (const ResultNode& node : w.model.results().TV.nodes)
+      EXPECT_EQ(node.image, "") << hand << " " << board;
   }
   EXPECT_TRUE(w.services.messages.empty());
 }
@@ -99,7 +101,7 @@ TEST(ResultsHandlers, CopyPutsTheExportTextOfTheLastCookOnTheClipboard) {
   w.Cook("", "");
   w.model.mnuCopyToClipboard_Click();
   ASSERT_EQ(w.services.clipboard.size(), 2u);
-  EXPECT_EQ(w.services.clipboard[1], w.model.exportText);
+  EXPECT_EQ(w.services.clipboard[1], w.model.results().exportText);
   EXPECT_EQ(w.services.clipboard[1],
             ExportHeader("", "") +
                 "\r\nOne pair (6) 100%\r\n  \xE2\x80\xA2"
@@ -180,7 +182,7 @@ TEST(CardSearch, ReadsTheCategoriesNotTheTree) {
   SearchWindow w;
   w.model.options.simplifyOutput = true;
   w.model.options.hideEmptyCats = true;
-  w.model.TV.clear();  // what the tree shows makes no difference
+  w.model.results().TV.clear();  // what the tree shows makes no difference
   EXPECT_EQ(w.Search("Ks"), "Found Ks in category >*T pair");
 }
 

@@ -32,8 +32,8 @@ struct ResultsWindow : GenericProfileWindow<> {
 
   // Flat index of the first node with this text, -1 when there is none.
   int NodeWithText(const std::string& text) const {
-    for (std::size_t i = 0; i < model.TV.nodes.size(); ++i) {
-      if (model.TV.nodes[i].text == text) return static_cast<int>(i);
+    for (std::size_t i = 0; i < model.results().TV.nodes.size(); ++i) {
+      if (model.results().TV.nodes[i].text == text) return static_cast<int>(i);
     }
     ADD_FAILURE() << "no node \"" << text << "\"";
     return -1;

@@ -21,7 +21,7 @@ struct WeightedWindow : ResultsWindow {
 
   explicit WeightedWindow(bool simplify = true) {
     PutSeen("22");
-    model.txtNotation.text = kRange;
+    model.grid().txtNotation.text = kRange;
     model.txtNotation_KeyDown(kKeyEnter);
     model.options.simplifyOutput = simplify;
     Cook("KcQs", "Kh9c4d");
@@ -31,8 +31,8 @@ struct WeightedWindow : ResultsWindow {
   WeightedHoldingSet OnWeights() { return OnLayerWeights(profile()); }
 
   int NodeStartingWith(const std::string& text) const {
-    for (std::size_t i = 0; i < model.TV.nodes.size(); ++i) {
-      if (model.TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
+    for (std::size_t i = 0; i < model.results().TV.nodes.size(); ++i) {
+      if (model.results().TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
     }
     ADD_FAILURE() << "no node \"" << text << "\"";
     return -1;
@@ -44,7 +44,7 @@ TEST(WeightedRangeInTheCook, EveryHoldingTheCookSortsCarriesItsWeight) {
   const WeightedHoldingSet typed = WeightedWindow::Typed();
   int seen = 0;
   int weighted = 0;
-  for (const CategoryNode& node : w.model.categories.nodes) {
+  for (const CategoryNode& node : w.model.results().categories.nodes) {
     for (const HandCombo& combo : node.combos) {
       const int number = HoldingNumber(combo.card1(), combo.card2());
       // The Seen layer's 22 is whole; every On holding has the weight the Range box gave it.
@@ -60,18 +60,18 @@ TEST(WeightedRangeInTheCook, EveryHoldingTheCookSortsCarriesItsWeight) {
 
 TEST(WeightedRangeInTheTree, AddToRangeKeepsTheWeightOfTheHoldingsItTakes) {
   WeightedWindow w(false);
-  w.model.TV.selected = w.NodeStartingWith("Qd Jd");
+  w.model.results().TV.selected = w.NodeStartingWith("Qd Jd");
   w.model.mnuAdd2Range_Click();
   WeightedHoldingSet wanted;
   wanted.SetWeight(Card{12, 1}, Card{11, 1}, 250);
   EXPECT_EQ(w.OnWeights(), wanted);
-  EXPECT_EQ(w.model.txtNotation.text, "QdJd:0.25");
-  EXPECT_EQ(w.model.grid.blockPartWeight[ResultsWindow::Block("QJs")], 250);
+  EXPECT_EQ(w.model.grid().txtNotation.text, "QdJd:0.25");
+  EXPECT_EQ(w.model.grid().blockPartWeight[ResultsWindow::Block("QJs")], 250);
 }
 
 TEST(WeightedRangeInTheTree, AddToRangeOfAGroupKeepsEachHoldingsWeight) {
   WeightedWindow w(true);
-  w.model.TV.selected = w.NodeStartingWith("~QJs");
+  w.model.results().TV.selected = w.NodeStartingWith("~QJs");
   w.model.mnuAdd2Range_Click();
   // QJs's three live holdings (QsJs is dead), each at 25 %.
   WeightedHoldingSet wanted;
@@ -81,7 +81,7 @@ TEST(WeightedRangeInTheTree, AddToRangeOfAGroupKeepsEachHoldingsWeight) {
 
 TEST(WeightedRangeInTheTree, AddToRangeOfAnotherWeightKeepsThatWeight) {
   WeightedWindow w(false);
-  w.model.TV.selected = w.NodeStartingWith("Kd Ks");
+  w.model.results().TV.selected = w.NodeStartingWith("Kd Ks");
   w.model.mnuAdd2Range_Click();
   WeightedHoldingSet wanted;
   wanted.SetWeight(Card{13, 1}, Card{13, 3}, 500);
@@ -90,8 +90,8 @@ TEST(WeightedRangeInTheTree, AddToRangeOfAnotherWeightKeepsThatWeight) {
 
 TEST(WeightedRangeInTheTree, AddingAHoldingOfTheSeenLayerMakesItWhole) {
   WeightedWindow w(false);
-  w.model.TV.selected = w.NodeStartingWith("2c 2d");
-  ASSERT_GE(w.model.TV.selected, 0);
+  w.model.results().TV.selected = w.NodeStartingWith("2c 2d");
+  ASSERT_GE(w.model.results().TV.selected, 0);
   w.model.mnuAdd2Range_Click();
   EXPECT_EQ(w.OnWeights().Count(), 1);
   EXPECT_FALSE(HasPartialWeights(w.profile()));
@@ -100,11 +100,11 @@ TEST(WeightedRangeInTheTree, AddingAHoldingOfTheSeenLayerMakesItWhole) {
 TEST(WeightedRangeInTheTree, KeepOnlyCheckedKeepsTheWeightsTheHoldingsHad) {
   WeightedWindow w;
   w.model.options.checkBoxes = true;
-  w.model.tvChecked.assign(w.model.TV.nodes.size(), false);
+  w.model.results().tvChecked.assign(w.model.results().TV.nodes.size(), false);
   const WeightedHoldingSet before = w.OnWeights();
   int checked = 0;
-  for (std::size_t i = 0; i < w.model.TV.nodes.size(); ++i) {
-    if (w.model.TVNodeCheckable(static_cast<int>(i))) {
+  for (std::size_t i = 0; i < w.model.results().TV.nodes.size(); ++i) {
+    if (w.model.results().NodeCheckable(static_cast<int>(i))) {
       w.model.TV_NodeCheck(static_cast<int>(i), true);
       ++checked;
     }
@@ -127,11 +127,11 @@ TEST(WeightedRangeInTheTree, AHoldingClearedFromTheRangeComesBackWholeFromTheSee
   w.model.cmdClearOnBlocks_Click();  // QJs at 25 % goes out of the range
   w.model.PFHand_MouseUp(ResultsWindow::Block("QJs"), kRightButton, 0);
   w.Cook("KcQs", "Kh9c4d");
-  w.model.TV.selected = w.NodeStartingWith("Qd Jd");
+  w.model.results().TV.selected = w.NodeStartingWith("Qd Jd");
   w.model.mnuAdd2Range_Click();
   EXPECT_EQ(w.OnWeights().Count(), 1);
   EXPECT_FALSE(HasPartialWeights(w.profile()));
-  EXPECT_EQ(w.model.txtNotation.text, "QdJd");
+  EXPECT_EQ(w.model.grid().txtNotation.text, "QdJd");
 }
 
 }  // namespace

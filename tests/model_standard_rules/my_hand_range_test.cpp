@@ -33,16 +33,16 @@ struct RangeWindow {
   Form1Model model{services};
 
   explicit RangeWindow(bool standard = true) {
-    PlayerProfile& p = model.profiles.emplace_back();
+    PlayerProfile& p = model.profiles().list.emplace_back();
     InitProfile(p);
     p.name = "Generic";
-    model.currentProfileIndex = 0;
+    model.profiles().currentIndex = 0;
     model.options.standardShowdownRules = standard;
   }
 
   // The opponent's range, typed into the "Range:" box and entered.
   void Opponent(const std::string& notation) {
-    model.txtNotation.text = notation;
+    model.grid().txtNotation.text = notation;
     model.txtNotation_Change();
     ASSERT_TRUE(model.ApplyRangeNotation()) << notation;
   }
@@ -59,8 +59,8 @@ struct RangeWindow {
     model.cmdCheckPossibleHands_Click();
   }
 
-  const std::string& my() const { return model.lblMyEquity.caption; }
-  const std::string& opp() const { return model.lbloppEquity.caption; }
+  const std::string& my() const { return model.results().lblMyEquity.caption; }
+  const std::string& opp() const { return model.results().lbloppEquity.caption; }
   std::vector<std::string> messages() const {
     std::vector<std::string> texts;
     for (const auto& m : services.messages) texts.push_back(m.text);
@@ -81,11 +81,11 @@ TEST(MyHandRange, TheOpponentsWeightsCountInTheRangeAgainstRange) {
   const RangeEquityResult direct = StandardRangeEquity(mine.weights, theirs.weights, board, kFlop);
   ASSERT_TRUE(direct.ok());
   EXPECT_EQ(direct.tally.scale, 1000u);
-  EXPECT_DOUBLE_EQ(w.model.myEquity, direct.MyEquity());
+  EXPECT_DOUBLE_EQ(w.model.results().myEquity, direct.MyEquity());
   // Read without the weights the opponent's range gives another equity.
   const RangeEquityResult whole = StandardRangeEquity(
       mine.weights, WeightedHoldingSet::FromHoldings(theirs.weights.Holdings()), board, kFlop);
-  EXPECT_GT(std::abs(w.model.myEquity - whole.MyEquity()), 0.1);
+  EXPECT_GT(std::abs(w.model.results().myEquity - whole.MyEquity()), 0.1);
 }
 
 TEST(MyHandRange, TheWideRangeAgainstTheTightOneOnTheFlopIsExact) {
@@ -93,11 +93,11 @@ TEST(MyHandRange, TheWideRangeAgainstTheTightOneOnTheFlopIsExact) {
   w.Opponent(kTight);
   w.Calc(kWide, "Tc8h3s");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_NEAR(w.model.myEquity, 47.425292, 1e-5);
-  EXPECT_NEAR(w.model.myEquity + w.model.oppEquity, 100.0, 1e-9);
+  EXPECT_NEAR(w.model.results().myEquity, 47.425292, 1e-5);
+  EXPECT_NEAR(w.model.results().myEquity + w.model.results().oppEquity, 100.0, 1e-9);
   EXPECT_EQ(w.my(), "47.4%");
   EXPECT_EQ(w.opp(), "52.6%");
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(234, 196, 45));  // 41 to 50
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(234, 196, 45));  // 41 to 50
   // The tooltips carry the tally of the calculation, from each side.
   const RangeEquityResult direct = StandardRangeEquity(
       ParseRangeNotation(kWide).holdings, ParseRangeNotation(kTight).holdings,
@@ -109,15 +109,15 @@ TEST(MyHandRange, TheWideRangeAgainstTheTightOneOnTheFlopIsExact) {
         return board;
       }(),
       kFlop);
-  EXPECT_EQ(w.model.lblMyEquity.toolTip, ShowdownTallyText(direct.tally));
-  EXPECT_EQ(w.model.lbloppEquity.toolTip, ShowdownTallyText(direct.tally.Reversed()));
-  EXPECT_EQ(w.model.lblMyEquity.toolTip.rfind("Win ", 0), 0u);
-  EXPECT_EQ(
-      w.model.EquityToolTip(true).rfind("My Hand's range's equity against the opponent's range: 47.43%, "
-                                        "standard rules: Win ",
-                                        0),
-      0u)
-      << w.model.EquityToolTip(true);
+  EXPECT_EQ(w.model.results().lblMyEquity.toolTip, ShowdownTallyText(direct.tally));
+  EXPECT_EQ(w.model.results().lbloppEquity.toolTip, ShowdownTallyText(direct.tally.Reversed()));
+  EXPECT_EQ(w.model.results().lblMyEquity.toolTip.rfind("Win ", 0), 0u);
+  EXPECT_EQ(w.model.results().EquityToolTip(true).rfind(
+                "My Hand's range's equity against the opponent's range: 47.43%, "
+                "standard rules: Win ",
+                0),
+            0u)
+      << w.model.results().EquityToolTip(true);
   // The box's text is kept as typed.
   EXPECT_EQ(w.model.txtMyHand.text, kWide);
 }
@@ -127,7 +127,7 @@ TEST(MyHandRange, PreflopReadsTheExactClassTable) {
   w.Opponent(kTight);
   w.Calc(kWide, "");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_NEAR(w.model.myEquity, 47.307824, 1e-5);
+  EXPECT_NEAR(w.model.results().myEquity, 47.307824, 1e-5);
   EXPECT_EQ(w.my(), "47.3%");
 }
 
@@ -135,7 +135,7 @@ TEST(MyHandRange, TopPairsAndBigSlickAgainstEveryHoldingPreflop) {
   RangeWindow w;
   w.model.cmdAll_Click();
   w.Calc("QQ+,AKs,AKo", "");
-  EXPECT_NEAR(w.model.myEquity, 74.622551, 1e-5);
+  EXPECT_NEAR(w.model.results().myEquity, 74.622551, 1e-5);
   EXPECT_EQ(w.my(), "74.6%");
   EXPECT_EQ(w.opp(), "25.4%");
 }
@@ -145,7 +145,7 @@ TEST(MyHandRange, EveryHoldingAgainstEveryHoldingIsEvenOnEveryStreet) {
     RangeWindow w;
     w.model.cmdAll_Click();
     w.Calc("random", board);
-    EXPECT_NEAR(w.model.myEquity, 50.0, 1e-9) << board;
+    EXPECT_NEAR(w.model.results().myEquity, 50.0, 1e-9) << board;
     EXPECT_EQ(w.my(), "50.0%") << board;
     EXPECT_EQ(w.opp(), "50.0%") << board;
   }
@@ -159,7 +159,7 @@ TEST(MyHandRange, TheRiverShowsTheShowdownsOfBothRanges) {
   EXPECT_EQ(w.my(), "0.0%");
   EXPECT_EQ(w.opp(), "100.0%");
   // 6 queens x 9 live AKo holdings.
-  EXPECT_EQ(w.model.lblMyEquity.toolTip, "Win 0.00%, tie 0.00%, 54 showdowns");
+  EXPECT_EQ(w.model.results().lblMyEquity.toolTip, "Win 0.00%, tie 0.00%, 54 showdowns");
 }
 
 TEST(MyHandRange, UntickedMyHandReadsAsItAlwaysHas) {
@@ -172,7 +172,7 @@ TEST(MyHandRange, UntickedMyHandReadsAsItAlwaysHas) {
   w.services.messages.clear();
   w.Cook("QQ+, AKs", "Tc8h3s");
   EXPECT_EQ(w.messages(), (std::vector<std::string>{"My hand is invalid. Valid Eg: AhAd", "Bad Input"}));
-  EXPECT_TRUE(w.model.TV.empty());
+  EXPECT_TRUE(w.model.results().TV.empty());
   EXPECT_FALSE(w.model.MyHandIsRange());
 }
 
@@ -183,8 +183,8 @@ TEST(MyHandRange, TwoCardsTickedAreStillAHand) {
   EXPECT_TRUE(w.services.messages.empty());
   // AhAd against every holding, as the hand is calculated: normalised text, exact value.
   EXPECT_EQ(w.model.txtMyHand.text, "AhAd");
-  EXPECT_NEAR(w.model.myEquity, 85.371289, 1e-6);
-  EXPECT_EQ(w.model.EquityToolTip(true).rfind("My Hand's equity against", 0), 0u);
+  EXPECT_NEAR(w.model.results().myEquity, 85.371289, 1e-6);
+  EXPECT_EQ(w.model.results().EquityToolTip(true).rfind("My Hand's equity against", 0), 0u);
   w.Calc("AhAh", "Tc8h3s");
   EXPECT_EQ(w.messages(), (std::vector<std::string>{"Duplicate card exists"}));
 }
@@ -207,7 +207,7 @@ TEST(MyHandRange, ABadRangeNamesItsErrorAndColoursTheTokenRed) {
   w.services.messages.clear();
   w.Cook("QQ+, AKx", "Tc8h3s");
   EXPECT_EQ(w.messages().size(), 1u);
-  EXPECT_TRUE(w.model.TV.empty());
+  EXPECT_TRUE(w.model.results().TV.empty());
 }
 
 TEST(MyHandRange, TheBoardIsCheckedFirstAsWithAHand) {
@@ -227,17 +227,17 @@ TEST(MyHandRange, ARangeThatTheBoardKillsShowsMinusOneAndSaysWhy) {
   EXPECT_TRUE(w.services.messages.empty());
   EXPECT_EQ(w.my(), "-1.0%");
   EXPECT_EQ(w.opp(), "-1.0%");
-  EXPECT_EQ(w.model.lblMyEquity.toolTip,
+  EXPECT_EQ(w.model.results().lblMyEquity.toolTip,
             "No showdowns: every holding of My Hand's range shares a card with the board");
   RangeWindow empty;
   empty.Calc("QQ+", "Tc8h3s");
-  EXPECT_EQ(empty.model.lblMyEquity.toolTip, "No showdowns: the opponent's range is empty");
+  EXPECT_EQ(empty.model.results().lblMyEquity.toolTip, "No showdowns: the opponent's range is empty");
   RangeWindow blocked;
   blocked.Opponent("AhKh");
   blocked.Calc("AhQh, AhJh", "");
   EXPECT_EQ(blocked.my(), "-1.0%");
   EXPECT_EQ(
-      blocked.model.lblMyEquity.toolTip,
+      blocked.model.results().lblMyEquity.toolTip,
       "No showdowns: every holding of My Hand's range shares a card with every holding of the opponent's");
 }
 
@@ -251,21 +251,21 @@ TEST(MyHandRange, TheCookClassifiesTheOpponentsRangeOnTheBoardAloneWithoutIcons)
   // My range holds tens and nines too, but only the board's Tc is a dead card.
   w.Cook("TT+, 99, AKs", "Tc8h3s");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_EQ(w.model.cookRangeCount, 12);
-  EXPECT_EQ(w.model.cookLiveCount, 9);  // three tens hold the Tc
-  EXPECT_EQ(w.model.lblCheckPossibleHands,
+  EXPECT_EQ(w.model.results().cookRangeCount, 12);
+  EXPECT_EQ(w.model.results().cookLiveCount, 9);  // three tens hold the Tc
+  EXPECT_EQ(w.model.results().lblCheckPossibleHands,
             "12 Hands in Opponent's Range\r\n9 Possible Hands\r\n9 Hands in categories");
-  const ResultNode* tens = HoldingNode(w.model.TV, "Td Th");
-  const ResultNode* nines = HoldingNode(w.model.TV, "9d 9h");
+  const ResultNode* tens = HoldingNode(w.model.results().TV, "Td Th");
+  const ResultNode* nines = HoldingNode(w.model.results().TV, "9d 9h");
   ASSERT_NE(tens, nullptr);
   ASSERT_NE(nines, nullptr);
-  for (const ResultNode& node : w.model.TV.nodes) {
+  for (const ResultNode& node : w.model.results().TV.nodes) {
     EXPECT_TRUE(node.image != "win" && node.image != "tie" && node.image != "lose") << node.text;
   }
   // The same cook with a hand in My Hand marks the holdings.
   w.Cook("AhAd", "Tc8h3s");
-  ASSERT_NE(HoldingNode(w.model.TV, "Td Th"), nullptr);
-  EXPECT_EQ(HoldingNode(w.model.TV, "Td Th")->image, "lose");
+  ASSERT_NE(HoldingNode(w.model.results().TV, "Td Th"), nullptr);
+  EXPECT_EQ(HoldingNode(w.model.results().TV, "Td Th")->image, "lose");
 }
 
 TEST(MyHandRange, TheCooksAutomaticEquityGivesTheRangesEquity) {
@@ -274,7 +274,7 @@ TEST(MyHandRange, TheCooksAutomaticEquityGivesTheRangesEquity) {
   w.Opponent(kTight);
   w.Cook(kWide, "Tc8h3s");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_NEAR(w.model.myEquity, 47.425292, 1e-5);
+  EXPECT_NEAR(w.model.results().myEquity, 47.425292, 1e-5);
 }
 
 TEST(MyHandRange, AValidRangeShowsItsHoldingsBySuitAndTheRestPlain) {

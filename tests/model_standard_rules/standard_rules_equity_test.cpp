@@ -24,7 +24,7 @@ struct RulesWindow : testing::GenericProfileWindow<> {
 
   // The range box's percentage, typed and entered.
   void TopPercent(const std::string& percent) {
-    model.SetRangeText(percent);
+    model.grid().SetRangeText(percent);
     model.txtRange_KeyUp(kKeyEnter);
   }
 };
@@ -34,23 +34,23 @@ TEST(StandardRulesEquity, AcesAgainstEveryHoldingOnTheFlopShowTheExactEquityAndT
   w.model.cmdAll_Click();
   w.Calc("AhAd", "Tc8h3s");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_NEAR(w.model.myEquity, 85.371289, 1e-6);
-  EXPECT_DOUBLE_EQ(w.model.myEquity + w.model.oppEquity, 100.0);
+  EXPECT_NEAR(w.model.results().myEquity, 85.371289, 1e-6);
+  EXPECT_DOUBLE_EQ(w.model.results().myEquity + w.model.results().oppEquity, 100.0);
   EXPECT_EQ(w.my(), "85.4%");
   EXPECT_EQ(w.opp(), "14.6%");
-  EXPECT_EQ(w.model.lblMyEquity.backColour, Rgb(0, 255, 0));
+  EXPECT_EQ(w.model.results().lblMyEquity.backColour, Rgb(0, 255, 0));
   // 1,081 live holdings, 990 boards each.
-  EXPECT_NE(w.model.lblMyEquity.toolTip.find(", 1,070,190 showdowns"), std::string::npos)
-      << w.model.lblMyEquity.toolTip;
-  EXPECT_EQ(w.model.lblMyEquity.toolTip.rfind("Win ", 0), 0u);
-  EXPECT_NE(w.model.lbloppEquity.toolTip, w.model.lblMyEquity.toolTip);
+  EXPECT_NE(w.model.results().lblMyEquity.toolTip.find(", 1,070,190 showdowns"), std::string::npos)
+      << w.model.results().lblMyEquity.toolTip;
+  EXPECT_EQ(w.model.results().lblMyEquity.toolTip.rfind("Win ", 0), 0u);
+  EXPECT_NE(w.model.results().lbloppEquity.toolTip, w.model.results().lblMyEquity.toolTip);
 }
 
 TEST(StandardRulesEquity, TheTurnCountsEveryRiverWithTiesSplit) {
   RulesWindow w;
   w.model.cmdAll_Click();
   w.Calc("AhAd", "Tc8h3s2d");
-  EXPECT_NEAR(w.model.myEquity, 88.146684, 1e-6);
+  EXPECT_NEAR(w.model.results().myEquity, 88.146684, 1e-6);
   EXPECT_EQ(w.my(), "88.1%");
   EXPECT_EQ(w.opp(), "11.9%");
 }
@@ -64,8 +64,8 @@ TEST(StandardRulesEquity, TheRiverShowsTheRealResultOfTheShowdowns) {
   w.Calc("AhKh", "Ks7s2d5c9h");
   EXPECT_EQ(w.my(), "75.0%");
   EXPECT_EQ(w.opp(), "25.0%");
-  EXPECT_EQ(w.model.lblMyEquity.toolTip, "Win 50.00%, tie 50.00%, 12 showdowns");
-  EXPECT_EQ(w.model.lbloppEquity.toolTip, "Win 0.00%, tie 50.00%, 12 showdowns");
+  EXPECT_EQ(w.model.results().lblMyEquity.toolTip, "Win 50.00%, tie 50.00%, 12 showdowns");
+  EXPECT_EQ(w.model.results().lbloppEquity.toolTip, "Win 0.00%, tie 50.00%, 12 showdowns");
 }
 
 TEST(StandardRulesEquity, TheNutFlushAgainstTheTopTwentyPercentWinsAlmostEverything) {
@@ -76,12 +76,12 @@ TEST(StandardRulesEquity, TheNutFlushAgainstTheTopTwentyPercentWinsAlmostEveryth
   standard.TopPercent("20");
   standard.Calc("AsKs", "Qs7s2s5s");
   EXPECT_EQ(standard.my(), "99.3%");
-  EXPECT_EQ(standard.model.lblMyEquity.toolTip, "Win 99.32%, tie 0.00%, 8,844 showdowns");
+  EXPECT_EQ(standard.model.results().lblMyEquity.toolTip, "Win 99.32%, tie 0.00%, 8,844 showdowns");
   RulesWindow own(/*standard=*/false);
   own.TopPercent("20");
   own.Calc("AsKs", "Qs7s2s5s");
   EXPECT_EQ(own.my(), "36.6%");
-  EXPECT_EQ(own.model.lblMyEquity.toolTip, "");
+  EXPECT_EQ(own.model.results().lblMyEquity.toolTip, "");
 }
 
 TEST(StandardRulesEquity, PreflopGivesAcesAgainstTheOtherAcesFiftyFifty) {
@@ -98,11 +98,11 @@ TEST(StandardRulesEquity, PreflopAcesAgainstEveryHoldingReadTheExactClassTable) 
   w.model.cmdAll_Click();
   w.Calc("AhAd", "");
   EXPECT_TRUE(w.services.messages.empty());
-  EXPECT_NEAR(w.model.myEquity, 85.203713, 1e-6);
+  EXPECT_NEAR(w.model.results().myEquity, 85.203713, 1e-6);
   EXPECT_EQ(w.my(), "85.2%");
   // 1,225 live holdings, 1,712,304 boards each.
-  EXPECT_NE(w.model.lblMyEquity.toolTip.find(", 2,097,572,400 showdowns"), std::string::npos)
-      << w.model.lblMyEquity.toolTip;
+  EXPECT_NE(w.model.results().lblMyEquity.toolTip.find(", 2,097,572,400 showdowns"), std::string::npos)
+      << w.model.results().lblMyEquity.toolTip;
 }
 
 TEST(StandardRulesEquity, AnEmptyRangeShowsMinusOneOnBothSides) {
@@ -110,7 +110,7 @@ TEST(StandardRulesEquity, AnEmptyRangeShowsMinusOneOnBothSides) {
   w.Calc("AhAd", "Tc8h3s");
   EXPECT_EQ(w.my(), "-1.0%");
   EXPECT_EQ(w.opp(), "-1.0%");
-  EXPECT_EQ(w.model.lblMyEquity.toolTip, "No showdowns");
+  EXPECT_EQ(w.model.results().lblMyEquity.toolTip, "No showdowns");
 }
 
 TEST(StandardRulesEquity, TheCooksAutomaticEquityFollowsTheRules) {
@@ -134,7 +134,7 @@ TEST(StandardRulesEquity, TheIconsMarkTheNutFlushAsBeatingAJackHighFlush) {
     w.model.txtMyHand.text = "AsKs";
     w.model.txtBoard.text = "Qs7s2s5s";
     w.model.cmdCheckPossibleHands_Click();
-    const ResultNode* node = HoldingNode(w.model.TV, "Js Tc");
+    const ResultNode* node = HoldingNode(w.model.results().TV, "Js Tc");
     ASSERT_NE(node, nullptr);
     // By the program's own rules AsKs holds six spades and no flush.
     EXPECT_EQ(node->image, standard ? "win" : "lose");

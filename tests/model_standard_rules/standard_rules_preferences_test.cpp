@@ -60,16 +60,16 @@ TEST_F(StandardRulesPreferences, ARecordFalseOrAFileWithoutTheRecordLeavesThemUn
 }
 
 TEST_F(StandardRulesPreferences, TheMenuItemFlipsItsTickAndBlanksTheReadOuts) {
-  model.lblMyEquity.caption = "57.3%";
-  model.lblMyEquity.opaque = true;
-  model.lbloppEquity.caption = "42.7%";
-  model.lblMyEquity.toolTip = "Win 57.00%, tie 0.60%, 990 showdowns";
+  model.results().lblMyEquity.caption = "57.3%";
+  model.results().lblMyEquity.opaque = true;
+  model.results().lbloppEquity.caption = "42.7%";
+  model.results().lblMyEquity.toolTip = "Win 57.00%, tie 0.60%, 990 showdowns";
   model.mnuStandardShowdownRules_Click();
   EXPECT_TRUE(model.options.standardShowdownRules);
-  EXPECT_EQ(model.lblMyEquity.caption, "");
-  EXPECT_FALSE(model.lblMyEquity.opaque);
-  EXPECT_EQ(model.lbloppEquity.caption, "");
-  EXPECT_EQ(model.lblMyEquity.toolTip, "");
+  EXPECT_EQ(model.results().lblMyEquity.caption, "");
+  EXPECT_FALSE(model.results().lblMyEquity.opaque);
+  EXPECT_EQ(model.results().lbloppEquity.caption, "");
+  EXPECT_EQ(model.results().lblMyEquity.toolTip, "");
   model.mnuStandardShowdownRules_Click();
   EXPECT_FALSE(model.options.standardShowdownRules);
 }

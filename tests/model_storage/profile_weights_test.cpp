@@ -32,33 +32,33 @@ fs::path SideFile(const fs::path& profileFile) {
 }
 
 TEST_F(WeightsModel, WeightsSurviveClosingAndStartingAgain) {
-  model.profiles = {WithWeights(Profile("Amy"), "KK:0.5, QQ"), Profile("Bob")};
-  EXPECT_TRUE(model.SaveProfiles());
+  model.profiles().list = {WithWeights(Profile("Amy"), "KK:0.5, QQ"), Profile("Bob")};
+  EXPECT_TRUE(model.profiles().SaveProfiles());
   EXPECT_TRUE(services.messages.empty());
   EXPECT_EQ(ReadBytes(SideFile(ProfileFile())), "Quillet profile weights 1\nAmy\tQQ, KK:0.5\n");
 
   RecordingServices otherServices;
   Form1Model other(otherServices);
   other.ProfilePaths(dir.path());
-  EXPECT_TRUE(other.LoadProfiles());
+  EXPECT_TRUE(other.profiles().LoadProfiles());
   EXPECT_TRUE(otherServices.messages.empty());
-  EXPECT_EQ(other.profiles, model.profiles);
+  EXPECT_EQ(other.profiles().list, model.profiles().list);
 }
 
 TEST_F(WeightsModel, ASessionWithoutWeightsWritesNoWeightsFile) {
-  model.profiles = {Profile("Amy"), Profile("Bob", "KK")};
-  EXPECT_TRUE(model.SaveProfiles());
+  model.profiles().list = {Profile("Amy"), Profile("Bob", "KK")};
+  EXPECT_TRUE(model.profiles().SaveProfiles());
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
 }
 
 TEST_F(WeightsModel, WeightsAnotherProgramGaveAProfileSinceTheLoadAreKept) {
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy"), Profile("Bob", "KK")}));
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   // Another program (quillet-cli, a second window) weights Bob meanwhile; this session changes only Amy.
   ASSERT_FALSE(WriteProfileFile(ProfileFile(), {Profile("Amy"), WithWeights(Profile("Bob", "KK"), "KK:0.25")})
                    .has_value());
-  model.profiles[0] = WithWeights(model.profiles[0], "AA:0.5");
-  EXPECT_TRUE(model.SaveProfiles());
+  model.profiles().list[0] = WithWeights(model.profiles().list[0], "AA:0.5");
+  EXPECT_TRUE(model.profiles().SaveProfiles());
   const ProfileFileContents read = ReadProfileFile(ProfileFile());
   ASSERT_EQ(read.profiles.size(), 2u);
   EXPECT_EQ(PrintWeightedRangeNotation(OnLayerWeights(read.profiles[0])), "AA:0.5");
@@ -69,7 +69,7 @@ TEST_F(WeightsModel, ADamagedWeightsFileIsReportedOnceKeptAsideAndTheProfilesLoa
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy", "KK")}));
   const std::string damaged = "Quillet profile weights 1\nAmy\tKK:0.5 AKx\n";
   WriteBytes(SideFile(ProfileFile()), damaged);
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(services.messages[0].icon, MessageIcon::Warning);
   EXPECT_EQ(services.messages[0].text,
@@ -77,11 +77,11 @@ TEST_F(WeightsModel, ADamagedWeightsFileIsReportedOnceKeptAsideAndTheProfilesLoa
                 "\" cannot be read: line 2: unknown token 'AKx' at column 8.\r\n\r\nThe file was kept as \"" +
                 SideFile(ProfileFile()).string() + ".bad\". The profiles were loaded without their weights.");
   EXPECT_EQ(ReadBytes(fs::path(SideFile(ProfileFile()).string() + ".bad")), damaged);
-  ASSERT_EQ(model.profiles.size(), 1u);
-  EXPECT_EQ(model.profiles[0], Profile("Amy", "KK"));
-  EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Amy"});
+  ASSERT_EQ(model.profiles().list.size(), 1u);
+  EXPECT_EQ(model.profiles().list[0], Profile("Amy", "KK"));
+  EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Amy"});
   // Closing writes the profile file as it was and no weights file; the copy stays.
-  EXPECT_TRUE(model.SaveProfiles());
+  EXPECT_TRUE(model.profiles().SaveProfiles());
   EXPECT_EQ(ReadBytes(ProfileFile()), EncodeProfileFile({Profile("Amy", "KK")}));
   EXPECT_FALSE(fs::exists(SideFile(ProfileFile())));
   EXPECT_EQ(ReadBytes(fs::path(SideFile(ProfileFile()).string() + ".bad")), damaged);
@@ -94,10 +94,10 @@ TEST_F(WeightsModel, AFileOfANewerVersionIsKeptWithItsWeightsFileBeforeTheSessio
   WriteBytes(ProfileFile(), newer);
   WriteBytes(SideFile(ProfileFile()), weights);
   services.yesNoAnswers = {true};
-  EXPECT_TRUE(model.LoadProfiles());
-  EXPECT_TRUE(model.profiles.empty());
-  model.currentProfileIndex = model.FirstProfileIndex();
-  EXPECT_TRUE(model.SaveProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
+  EXPECT_TRUE(model.profiles().list.empty());
+  model.profiles().currentIndex = model.profiles().FirstProfileIndex();
+  EXPECT_TRUE(model.profiles().SaveProfiles());
   // Generic has no weights: the weights file goes, and the copies of both files stay.
   EXPECT_FALSE(fs::exists(SideFile(ProfileFile())));
   EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), newer);

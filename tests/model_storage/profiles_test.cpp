@@ -23,57 +23,57 @@ using testing::Le32;
 using ProfilesModel = testing::ModelInFolderTest;
 
 TEST_F(ProfilesModel, BothFilesLiveInAWritableProgramFolder) {
-  EXPECT_EQ(model.profilePath, dir / "Player_Profiles.ini");
+  EXPECT_EQ(model.profiles().path, dir / "Player_Profiles.ini");
   EXPECT_EQ(model.preferencesPath, dir / "MyPrefs.ini");
 }
 
 TEST_F(ProfilesModel, NoFileLoadsNothingAndGenericIsThenCreated) {
-  EXPECT_TRUE(model.LoadProfiles());
-  EXPECT_TRUE(model.profiles.empty());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
+  EXPECT_TRUE(model.profiles().list.empty());
   EXPECT_TRUE(services.messages.empty());
   EXPECT_TRUE(services.questions.empty());
-  EXPECT_EQ(model.FirstProfileIndex(), 0);
-  ASSERT_EQ(model.profiles.size(), 1u);
-  EXPECT_EQ(model.profiles[0].name, "Generic");
-  EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Generic"});
-  EXPECT_EQ(model.cmbPlayer.listIndex, 0);
+  EXPECT_EQ(model.profiles().FirstProfileIndex(), 0);
+  ASSERT_EQ(model.profiles().list.size(), 1u);
+  EXPECT_EQ(model.profiles().list[0].name, "Generic");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Generic"});
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, 0);
 }
 
 TEST_F(ProfilesModel, AFileWithNoProfilesLoadsAnEmptyListAndGenericIsThenCreated) {
   WriteBytes(ProfileFile(), Le32(1) + Le32(0));
-  EXPECT_TRUE(model.LoadProfiles());
-  EXPECT_TRUE(model.profiles.empty());
-  EXPECT_TRUE(model.cmbPlayer.items.empty());
-  EXPECT_EQ(model.cmbPlayer.listIndex, -1);
-  EXPECT_EQ(model.FirstProfileIndex(), 0);
-  EXPECT_EQ(model.profiles.at(0).name, "Generic");
+  EXPECT_TRUE(model.profiles().LoadProfiles());
+  EXPECT_TRUE(model.profiles().list.empty());
+  EXPECT_TRUE(model.profiles().cmbPlayer.items.empty());
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, -1);
+  EXPECT_EQ(model.profiles().FirstProfileIndex(), 0);
+  EXPECT_EQ(model.profiles().list.at(0).name, "Generic");
   EXPECT_TRUE(services.messages.empty());
 }
 
 TEST_F(ProfilesModel, LoadingListsTheProfilesInFileOrderAndSelectsTheFirst) {
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Zed"), Profile("Amy", "AKs")}));
-  EXPECT_TRUE(model.LoadProfiles());
-  ASSERT_EQ(model.profiles.size(), 2u);
-  EXPECT_EQ(model.profiles[1], Profile("Amy", "AKs"));
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Zed", "Amy"}));
-  EXPECT_EQ(model.cmbPlayer.listIndex, 0);
-  EXPECT_EQ(model.cmbPlayer.text, "Zed");
-  EXPECT_EQ(model.FirstProfileIndex(), 0);
+  EXPECT_TRUE(model.profiles().LoadProfiles());
+  ASSERT_EQ(model.profiles().list.size(), 2u);
+  EXPECT_EQ(model.profiles().list[1], Profile("Amy", "AKs"));
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Zed", "Amy"}));
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, 0);
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Zed");
+  EXPECT_EQ(model.profiles().FirstProfileIndex(), 0);
 }
 
 TEST_F(ProfilesModel, TwoProfilesWithAFreeSlotBetweenSaveAsTwoAndReloadAdjacent) {
-  model.profiles = {Profile("Amy"), Profile(""), Profile("Bob", "72")};
-  model.profiles[1].name.clear();
-  model.SaveProfiles();
+  model.profiles().list = {Profile("Amy"), Profile(""), Profile("Bob", "72")};
+  model.profiles().list[1].name.clear();
+  model.profiles().SaveProfiles();
   const std::string bytes = ReadBytes(ProfileFile());
   EXPECT_EQ(bytes.substr(0, 8), Le32(1) + Le32(2));
   RecordingServices otherServices;
   Form1Model other(otherServices);
   other.ProfilePaths(dir.path());
-  EXPECT_TRUE(other.LoadProfiles());
-  ASSERT_EQ(other.profiles.size(), 2u);
-  EXPECT_EQ(other.profiles[0], model.profiles[0]);
-  EXPECT_EQ(other.profiles[1], model.profiles[2]);
+  EXPECT_TRUE(other.profiles().LoadProfiles());
+  ASSERT_EQ(other.profiles().list.size(), 2u);
+  EXPECT_EQ(other.profiles().list[0], model.profiles().list[0]);
+  EXPECT_EQ(other.profiles().list[1], model.profiles().list[2]);
 }
 
 std::string VersionQuestion(const std::string& version, const std::string& age) {
@@ -88,7 +88,7 @@ TEST_F(ProfilesModel, AVersionOfZeroOrBelowIsCalledAnOldFormat) {
     Form1Model fresh(asked);
     fresh.ProfilePaths(dir.path());
     WriteBytes(ProfileFile(), Le32(version) + Le32(1));
-    EXPECT_TRUE(fresh.LoadProfiles());
+    EXPECT_TRUE(fresh.profiles().LoadProfiles());
     ASSERT_EQ(asked.questions.size(), 1u);
     EXPECT_EQ(asked.questions[0].text, VersionQuestion(std::to_string(version), "an old "));
     EXPECT_EQ(asked.questions[0].icon, MessageIcon::Warning);
@@ -97,7 +97,7 @@ TEST_F(ProfilesModel, AVersionOfZeroOrBelowIsCalledAnOldFormat) {
 
 TEST_F(ProfilesModel, AVersionOfTwoOrAboveIsCalledANewerFormat) {
   WriteBytes(ProfileFile(), Le32(2) + Le32(1));
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   ASSERT_EQ(services.questions.size(), 1u);
   EXPECT_EQ(services.questions[0].text, VersionQuestion("2", "a newer "));
   EXPECT_EQ(services.questions[0].icon, MessageIcon::Warning);
@@ -107,12 +107,12 @@ TEST_F(ProfilesModel, AnsweringYesToTheVersionQuestionLoadsNothingAndTheFileIsOv
   const std::string newer = Le32(7) + EncodeProfileFile({Profile("Kept")}).substr(4);
   WriteBytes(ProfileFile(), newer);
   services.yesNoAnswers = {true};
-  EXPECT_TRUE(model.LoadProfiles());
-  EXPECT_TRUE(model.profiles.empty());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
+  EXPECT_TRUE(model.profiles().list.empty());
   EXPECT_TRUE(services.messages.empty());
   EXPECT_EQ(ReadBytes(ProfileFile()), newer);  // untouched until the session ends
-  model.currentProfileIndex = model.FirstProfileIndex();
-  model.SaveProfiles();
+  model.profiles().currentIndex = model.profiles().FirstProfileIndex();
+  model.profiles().SaveProfiles();
   const std::string written = ReadBytes(ProfileFile());
   EXPECT_EQ(written.substr(0, 8), Le32(1) + Le32(1));
   EXPECT_EQ(written.substr(12, 7), "Generic");
@@ -122,8 +122,8 @@ TEST_F(ProfilesModel, AnsweringNoToTheVersionQuestionEndsTheProgramWithoutTouchi
   const std::string newer = Le32(3) + Le32(0);
   WriteBytes(ProfileFile(), newer);
   services.yesNoAnswers = {false};
-  EXPECT_FALSE(model.LoadProfiles());
-  EXPECT_TRUE(model.profiles.empty());
+  EXPECT_FALSE(model.profiles().LoadProfiles());
+  EXPECT_TRUE(model.profiles().list.empty());
   EXPECT_EQ(ReadBytes(ProfileFile()), newer);
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini"});
 }
@@ -132,7 +132,7 @@ TEST_F(ProfilesModel, ABadFileIsReportedOnceKeptAsideAndTheProfilesBeforeTheFaul
   const std::string whole = EncodeProfileFile({Profile("Amy"), Profile("Bob"), Profile("Cat")});
   const std::string cut = whole.substr(0, whole.size() - 5000);
   WriteBytes(ProfileFile(), cut);
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   ASSERT_EQ(services.messages.size(), 1u);
   const std::string& text = services.messages[0].text;
   EXPECT_EQ(services.messages[0].icon, MessageIcon::Warning);
@@ -144,10 +144,10 @@ TEST_F(ProfilesModel, ABadFileIsReportedOnceKeptAsideAndTheProfilesBeforeTheFaul
       << text;
   EXPECT_NE(text.find("The 2 profiles before the fault were loaded."), std::string::npos) << text;
   EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), cut);
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Amy", "Bob"}));
-  EXPECT_EQ(model.FirstProfileIndex(), 0);
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Amy", "Bob"}));
+  EXPECT_EQ(model.profiles().FirstProfileIndex(), 0);
   // The session goes on, and closing it writes the profiles that were read; the copy stays.
-  model.SaveProfiles();
+  model.profiles().SaveProfiles();
   EXPECT_EQ(ReadBytes(ProfileFile()), EncodeProfileFile({Profile("Amy"), Profile("Bob")}));
   EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), cut);
 }
@@ -156,23 +156,23 @@ TEST_F(ProfilesModel, ABadFileWithNoProfileBeforeTheFaultGoesOnWithGeneric) {
   std::string bytes = EncodeProfileFile({Profile("Amy")});
   bytes.replace(4, 4, Le32(-2));
   WriteBytes(ProfileFile(), bytes);
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_NE(services.messages[0].text.find("it says it holds -2 profiles."), std::string::npos);
   EXPECT_NE(services.messages[0].text.find("No profiles could be loaded from it."), std::string::npos);
-  EXPECT_EQ(model.FirstProfileIndex(), 0);
-  EXPECT_EQ(model.profiles.at(0).name, "Generic");
+  EXPECT_EQ(model.profiles().FirstProfileIndex(), 0);
+  EXPECT_EQ(model.profiles().list.at(0).name, "Generic");
   EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), bytes);
 }
 
 TEST_F(ProfilesModel, AFileThatCannotBeOpenedIsMovedAsideAndReported) {
   fs::create_directory(ProfileFile());
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_NE(services.messages[0].text.find("cannot be read: it is a folder, not a file."), std::string::npos);
   EXPECT_TRUE(fs::is_directory(dir / "Player_Profiles.ini.bad"));
-  model.FirstProfileIndex();
-  model.SaveProfiles();
+  model.profiles().FirstProfileIndex();
+  model.profiles().SaveProfiles();
   EXPECT_TRUE(fs::is_regular_file(ProfileFile()));
   EXPECT_EQ(services.messages.size(), 1u);
 }
@@ -180,10 +180,10 @@ TEST_F(ProfilesModel, AFileThatCannotBeOpenedIsMovedAsideAndReported) {
 TEST_F(ProfilesModel, AFailedSaveIsReportedInOneMessageAndTheOldFileStays) {
   const std::string old = EncodeProfileFile({Profile("Amy")});
   WriteBytes(ProfileFile(), old);
-  model.profiles = {Profile("Amy"), Profile("Bob"), Profile("Cat")};
+  model.profiles().list = {Profile("Amy"), Profile("Bob"), Profile("Cat")};
   {
     testing::FileSizeLimit limit(old.size() + 1000);  // the disk fills up during the save
-    model.SaveProfiles();
+    model.profiles().SaveProfiles();
   }
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(services.messages[0].text,
@@ -202,13 +202,13 @@ TEST_F(ProfilesModel, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegabyt
       RecordingServices quiet;
       Form1Model other(quiet);
       other.ProfilePaths(dir.path());
-      return other.LoadProfiles() && quiet.messages.size() == 1;
+      return other.profiles().LoadProfiles() && quiet.messages.size() == 1;
     }));
     // The child moved the file aside: put it back for the session proper.
     std::error_code ec;
     fs::rename(dir / "Player_Profiles.ini.bad", ProfileFile(), ec);
   }
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(
       services.messages[0].text,
@@ -219,8 +219,8 @@ TEST_F(ProfilesModel, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegabyt
   // Moved, not copied: the one file of a gibibyte is the original, and none is left in its place.
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini.bad"});
   EXPECT_EQ(fs::file_size(dir / "Player_Profiles.ini.bad"), static_cast<std::uintmax_t>(size));
-  EXPECT_EQ(model.profiles.at(model.FirstProfileIndex()).name, "Generic");
-  model.SaveProfiles();
+  EXPECT_EQ(model.profiles().list.at(model.profiles().FirstProfileIndex()).name, "Generic");
+  model.profiles().SaveProfiles();
   EXPECT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(ReadProfileFile(ProfileFile()).status, ProfileFileContents::Status::Read);
   EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
@@ -230,84 +230,84 @@ TEST_F(ProfilesModel, AFileLongerThanItsProfilesFillIsRefusedUnreadAndMovedAside
   const std::string one = EncodeProfileFile({Profile("Amy", "AKs")});
   const off_t size = 8 << 20;
   testing::WriteSparseFile(ProfileFile(), one, size);
-  EXPECT_TRUE(model.LoadProfiles());
+  EXPECT_TRUE(model.profiles().LoadProfiles());
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_NE(
       services.messages[0].text.find("it is 8388608 bytes long, but the 1 profile it holds fills only " +
                                      std::to_string(one.size()) + "."),
       std::string::npos)
       << services.messages[0].text;
-  EXPECT_TRUE(model.profiles.empty());
+  EXPECT_TRUE(model.profiles().list.empty());
   EXPECT_EQ(dir.Entries(), std::vector<std::string>{"Player_Profiles.ini.bad"});
   EXPECT_EQ(fs::file_size(dir / "Player_Profiles.ini.bad"), static_cast<std::uintmax_t>(size));
 }
 
 TEST_F(ProfilesModel, SavingCreatesAMissingDataFolder) {
-  model.profilePath = dir / "share" / "quillet" / "Player_Profiles.ini";
-  model.profiles = {Profile("Amy")};
-  model.SaveProfiles();
+  model.profiles().path = dir / "share" / "quillet" / "Player_Profiles.ini";
+  model.profiles().list = {Profile("Amy")};
+  model.profiles().SaveProfiles();
   EXPECT_TRUE(services.messages.empty());
-  EXPECT_EQ(ReadBytes(model.profilePath), EncodeProfileFile(model.profiles));
+  EXPECT_EQ(ReadBytes(model.profiles().path), EncodeProfileFile(model.profiles().list));
 }
 
 TEST_F(ProfilesModel, AddProfileTakesTheFirstFreeSlotAndSelectsTheNewName) {
-  model.profiles = {Profile("Amy"), Profile("Gone"), Profile("Cat")};
-  model.profiles[1].name.clear();
-  EXPECT_EQ(model.AddProfile("Dan"), 1);
-  EXPECT_EQ(model.profiles.size(), 3u);
-  EXPECT_EQ(model.profiles[1].rangeLayer[0].count, 0);  // a fresh profile, not the freed one's layers
-  EXPECT_EQ(model.profiles[1].rangeText, "");
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Amy", "Dan", "Cat"}));
-  EXPECT_EQ(model.cmbPlayer.listIndex, 1);
-  EXPECT_EQ(model.cmbPlayer.text, "Dan");
+  model.profiles().list = {Profile("Amy"), Profile("Gone"), Profile("Cat")};
+  model.profiles().list[1].name.clear();
+  EXPECT_EQ(model.profiles().AddProfile("Dan"), 1);
+  EXPECT_EQ(model.profiles().list.size(), 3u);
+  EXPECT_EQ(model.profiles().list[1].rangeLayer[0].count, 0);  // a fresh profile, not the freed one's layers
+  EXPECT_EQ(model.profiles().list[1].rangeText, "");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Amy", "Dan", "Cat"}));
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, 1);
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Dan");
 }
 
 TEST_F(ProfilesModel, AddProfileAppendsWhenNoSlotIsFree) {
-  model.profiles = {Profile("Amy")};
-  EXPECT_EQ(model.AddProfile("Bob"), 1);
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Amy", "Bob"}));
-  EXPECT_EQ(model.cmbPlayer.listIndex, 1);
+  model.profiles().list = {Profile("Amy")};
+  EXPECT_EQ(model.profiles().AddProfile("Bob"), 1);
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Amy", "Bob"}));
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, 1);
 }
 
 TEST_F(ProfilesModel, FirstProfileIndexSkipsFreeSlots) {
-  model.profiles = {Profile(""), Profile("Bob")};
-  model.profiles[0].name.clear();
-  EXPECT_EQ(model.FirstProfileIndex(), 1);
-  EXPECT_EQ(model.profiles.size(), 2u);
+  model.profiles().list = {Profile(""), Profile("Bob")};
+  model.profiles().list[0].name.clear();
+  EXPECT_EQ(model.profiles().FirstProfileIndex(), 1);
+  EXPECT_EQ(model.profiles().list.size(), 2u);
 }
 
 TEST_F(ProfilesModel, FirstProfileIndexCreatesGenericInAFreeSlotWhenNoNameIsLeft) {
-  model.profiles = {Profile("")};
-  model.profiles[0].name.clear();
-  EXPECT_EQ(model.FirstProfileIndex(), 0);
-  EXPECT_EQ(model.profiles.size(), 1u);
-  EXPECT_EQ(model.profiles[0].name, "Generic");
+  model.profiles().list = {Profile("")};
+  model.profiles().list[0].name.clear();
+  EXPECT_EQ(model.profiles().FirstProfileIndex(), 0);
+  EXPECT_EQ(model.profiles().list.size(), 1u);
+  EXPECT_EQ(model.profiles().list[0].name, "Generic");
 }
 
 TEST_F(ProfilesModel, RefillPlayerListSelectsTheNamedEntryOrElseTheFirst) {
-  model.profiles = {Profile("Amy"), Profile(""), Profile("Bob")};
-  model.profiles[1].name.clear();
-  model.RefillPlayerList("Bob");
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Amy", "Bob"}));
-  EXPECT_EQ(model.cmbPlayer.listIndex, 1);
-  model.RefillPlayerList("bob");
-  EXPECT_EQ(model.cmbPlayer.listIndex, 0);
-  EXPECT_EQ(model.cmbPlayer.text, "Amy");
-  model.profiles.clear();
-  model.RefillPlayerList("Amy");
-  EXPECT_TRUE(model.cmbPlayer.items.empty());
-  EXPECT_EQ(model.cmbPlayer.listIndex, -1);
+  model.profiles().list = {Profile("Amy"), Profile(""), Profile("Bob")};
+  model.profiles().list[1].name.clear();
+  model.profiles().RefillPlayerList("Bob");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Amy", "Bob"}));
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, 1);
+  model.profiles().RefillPlayerList("bob");
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, 0);
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Amy");
+  model.profiles().list.clear();
+  model.profiles().RefillPlayerList("Amy");
+  EXPECT_TRUE(model.profiles().cmbPlayer.items.empty());
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, -1);
 }
 
 TEST_F(ProfilesModel, ProfilesSurviveASaveAndALoad) {
-  model.profiles = {Profile("Amy", "AKs"), Profile("Bob", "T9")};
-  SetBlockSuitPair(model.profiles[1].seenLayer[FindClassByName("22")], 3, 1, true, false);
-  model.SaveProfiles();
+  model.profiles().list = {Profile("Amy", "AKs"), Profile("Bob", "T9")};
+  SetBlockSuitPair(model.profiles().list[1].seenLayer[FindClassByName("22")], 3, 1, true, false);
+  model.profiles().SaveProfiles();
   RecordingServices otherServices;
   Form1Model other(otherServices);
   other.ProfilePaths(dir.path());
-  EXPECT_TRUE(other.LoadProfiles());
-  EXPECT_EQ(other.profiles, model.profiles);
+  EXPECT_TRUE(other.profiles().LoadProfiles());
+  EXPECT_EQ(other.profiles().list, model.profiles().list);
 }
 
 }  // namespace

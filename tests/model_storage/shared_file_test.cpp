@@ -44,8 +44,8 @@ class SharedProfileFile : public testing::ModelInFolderTest {
  protected:
   // The window as it starts: the file loaded, the first profile chosen.
   void Start() {
-    ASSERT_TRUE(model.LoadProfiles());
-    model.currentProfileIndex = model.FirstProfileIndex();
+    ASSERT_TRUE(model.profiles().LoadProfiles());
+    model.profiles().currentIndex = model.profiles().FirstProfileIndex();
   }
   // Another program (quillet-cli) changes the file while the window is open.
   void OtherWriterSaves(const std::vector<PlayerProfile>& profiles) {
@@ -57,8 +57,8 @@ TEST_F(SharedProfileFile, AProfileAddedByAnotherProgramWhileTheWindowIsOpenSurvi
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy")}));
   Start();
   OtherWriterSaves({Profile("Amy"), Profile("Bob", "KK")});
-  model.AddProfile("Cat");
-  model.SaveProfiles();
+  model.profiles().AddProfile("Cat");
+  model.profiles().SaveProfiles();
   EXPECT_TRUE(services.messages.empty());
   EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Amy", "Cat", "Bob"}));
   const ProfileFileContents read = ReadProfileFile(ProfileFile());
@@ -68,7 +68,7 @@ TEST_F(SharedProfileFile, AProfileAddedByAnotherProgramWhileTheWindowIsOpenSurvi
 TEST_F(SharedProfileFile, AProfileAddedToAFileThatDidNotExistAtStartUpSurvivesToo) {
   Start();  // no file: "Generic" is made in memory
   OtherWriterSaves({Profile("Bob")});
-  model.SaveProfiles();
+  model.profiles().SaveProfiles();
   EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Generic", "Bob"}));
 }
 
@@ -76,9 +76,9 @@ TEST_F(SharedProfileFile, AProfileTheWindowDeletedStaysDeleted) {
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy"), Profile("Bob")}));
   Start();
   OtherWriterSaves({Profile("Amy"), Profile("Bob"), Profile("Cat")});
-  model.currentProfileIndex = 1;
+  model.profiles().currentIndex = 1;
   model.lblDelete_Click();
-  model.SaveProfiles();
+  model.profiles().SaveProfiles();
   EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Amy", "Cat"}));
 }
 
@@ -86,8 +86,8 @@ TEST_F(SharedProfileFile, TheWindowsOwnChangeToAProfileWins) {
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy")}));
   Start();
   OtherWriterSaves({Profile("Amy", "KK")});
-  model.profiles[0] = Profile("Amy", "QQ");
-  model.SaveProfiles();
+  model.profiles().list[0] = Profile("Amy", "QQ");
+  model.profiles().SaveProfiles();
   EXPECT_EQ(ReadProfileFile(ProfileFile()).profiles, (std::vector<PlayerProfile>{Profile("Amy", "QQ")}));
 }
 
@@ -95,7 +95,7 @@ TEST_F(SharedProfileFile, AChangeByAnotherProgramToAProfileTheWindowLeftAloneIsK
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy"), Profile("Bob")}));
   Start();
   OtherWriterSaves({Profile("Amy"), Profile("Bob", "KK")});
-  model.SaveProfiles();
+  model.profiles().SaveProfiles();
   EXPECT_EQ(ReadProfileFile(ProfileFile()).profiles,
             (std::vector<PlayerProfile>{Profile("Amy"), Profile("Bob", "KK")}));
 }
@@ -104,7 +104,7 @@ TEST_F(SharedProfileFile, AProfileAnotherProgramDeletedIsNotBroughtBack) {
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy"), Profile("Bob")}));
   Start();
   OtherWriterSaves({Profile("Amy")});
-  model.SaveProfiles();
+  model.profiles().SaveProfiles();
   EXPECT_EQ(NamesInFile(ProfileFile()), (std::vector<std::string>{"Amy"}));
 }
 
@@ -112,7 +112,7 @@ TEST_F(SharedProfileFile, WithNothingChangedElsewhereTheSaveWritesTheSameBytesAs
   const std::string bytes = EncodeProfileFile({Profile("Amy"), Profile("Bob")});
   WriteBytes(ProfileFile(), bytes);
   Start();
-  model.SaveProfiles();
+  model.profiles().SaveProfiles();
   EXPECT_EQ(ReadBytes(ProfileFile()), bytes);
 }
 
@@ -120,11 +120,11 @@ TEST_F(SharedProfileFile, ASaveWhileAnotherWriterHoldsTheLockAsksRetryOrCancelAn
   const std::string bytes = EncodeProfileFile({Profile("Amy")});
   WriteBytes(ProfileFile(), bytes);
   Start();
-  model.AddProfile("Cat");
-  model.writeLockWait = std::chrono::milliseconds(200);
+  model.profiles().AddProfile("Cat");
+  model.profiles().writeLockWait = std::chrono::milliseconds(200);
   {
     const WriteLock other(ProfileFile());
-    EXPECT_FALSE(model.SaveProfiles());
+    EXPECT_FALSE(model.profiles().SaveProfiles());
   }
   EXPECT_TRUE(services.messages.empty());
   ASSERT_EQ(services.retryQuestions.size(), 1u);
@@ -140,10 +140,10 @@ TEST_F(SharedProfileFile, ASaveWhileAnotherWriterHoldsTheLockAsksRetryOrCancelAn
 
 TEST_F(SharedProfileFile, TheWaitForTheLockIsTakenInShortStepsThroughTheWindow) {
   Start();
-  model.writeLockWait = std::chrono::milliseconds(200);
+  model.profiles().writeLockWait = std::chrono::milliseconds(200);
   {
     const WriteLock other(ProfileFile());
-    model.SaveProfiles();
+    model.profiles().SaveProfiles();
   }
   ASSERT_GE(services.waits.size(), 2u);
   for (const auto step : services.waits) EXPECT_LE(step.count(), 50);
@@ -152,10 +152,10 @@ TEST_F(SharedProfileFile, TheWaitForTheLockIsTakenInShortStepsThroughTheWindow) 
 TEST_F(SharedProfileFile, CancelAtCloseKeepsTheWindowOpenWithItsChangesAndALaterCloseSavesThem) {
   WriteBytes(ProfileFile(), EncodeProfileFile({Profile("Amy")}));
   Start();
-  model.AddProfile("Cat");
+  model.profiles().AddProfile("Cat");
   model.txtMyHand.text = "AhKd";
   model.frmSelCards.visible = true;
-  model.writeLockWait = std::chrono::milliseconds(100);
+  model.profiles().writeLockWait = std::chrono::milliseconds(100);
   {
     const WriteLock other(ProfileFile());
     EXPECT_FALSE(model.Form_QueryUnload());
@@ -164,7 +164,7 @@ TEST_F(SharedProfileFile, CancelAtCloseKeepsTheWindowOpenWithItsChangesAndALater
   EXPECT_TRUE(services.messages.empty());
   EXPECT_EQ(NamesInFile(ProfileFile()), std::vector<std::string>{"Amy"});
   EXPECT_FALSE(fs::exists(PrefsFile()));
-  EXPECT_GE(FindProfileByName(model.profiles, "Cat"), 0);
+  EXPECT_GE(FindProfileByName(model.profiles().list, "Cat"), 0);
   EXPECT_TRUE(model.frmSelCards.visible) << "the window is still open, its picker too";
 
   EXPECT_TRUE(model.Form_QueryUnload());
@@ -174,8 +174,8 @@ TEST_F(SharedProfileFile, CancelAtCloseKeepsTheWindowOpenWithItsChangesAndALater
 
 TEST_F(SharedProfileFile, RetryAtCloseAfterTheOtherWriterIsDoneSavesBothFiles) {
   Start();
-  model.AddProfile("Cat");
-  model.writeLockWait = std::chrono::milliseconds(100);
+  model.profiles().AddProfile("Cat");
+  model.profiles().writeLockWait = std::chrono::milliseconds(100);
   auto other = std::make_unique<WriteLock>(ProfileFile());
   services.retryAnswers = {true};
   services.onRetryQuestion = [&] { other.reset(); };  // the other writer finishes while the question is up
@@ -203,7 +203,7 @@ TEST_F(SharedProfileFile, TheQuestionNamesTheProgramThatHoldsTheLock) {
   char c = 0;
   ASSERT_EQ(::read(ready[0], &c, 1), 1);
   Start();
-  model.writeLockWait = std::chrono::milliseconds(100);
+  model.profiles().writeLockWait = std::chrono::milliseconds(100);
   const bool closed = model.Form_QueryUnload();
   (void)::write(done[1], &c, 1);
   waitpid(child, nullptr, 0);
@@ -232,7 +232,7 @@ TEST_F(SharedProfileFile, AFileOfAnotherVersionIsKeptByteForByteAsBadBeforeItIsO
   struct stat st {};
   ASSERT_EQ(::stat((dir / "Player_Profiles.ini.bad").c_str(), &st), 0);
   EXPECT_EQ(st.st_mode & 0777, 0600u);
-  model.SaveProfiles();
+  model.profiles().SaveProfiles();
   EXPECT_EQ(NamesInFile(ProfileFile()), std::vector<std::string>{"Generic"});
   EXPECT_EQ(ReadBytes(dir / "Player_Profiles.ini.bad"), bytes);
   EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
@@ -246,20 +246,20 @@ TEST_F(SharedProfileFile, StartingAgainAndAgainOnTheSameBadFileKeepsOneCopy) {
     RecordingServices asked;
     Form1Model fresh(asked);
     fresh.ProfilePaths(dir.path());
-    ASSERT_TRUE(fresh.LoadProfiles());  // and no normal close follows
+    ASSERT_TRUE(fresh.profiles().LoadProfiles());  // and no normal close follows
   }
   EXPECT_EQ(dir.Entries(), (std::vector<std::string>{"Player_Profiles.ini", "Player_Profiles.ini.bad"}));
 }
 
 TEST_F(SharedProfileFile, ASaveThatCannotMakeItsFolderSaysSoAndDoesNotSpeakOfAnOldFile) {
   WriteBytes(dir / "data", "a file where the data folder should be");
-  model.profilePath = dir / "data" / "quillet" / "Player_Profiles.ini";
+  model.profiles().path = dir / "data" / "quillet" / "Player_Profiles.ini";
   model.preferencesPath = dir / "data" / "quillet" / "MyPrefs.ini";
-  model.AddProfile("Generic");
+  model.profiles().AddProfile("Generic");
   model.Form_QueryUnload();
   ASSERT_EQ(services.messages.size(), 2u);
   EXPECT_EQ(services.messages[0].text, "The player profiles could not be saved to \"" +
-                                           model.profilePath.string() + "\": the folder \"" +
+                                           model.profiles().path.string() + "\": the folder \"" +
                                            (dir / "data" / "quillet").string() +
                                            "\" could not be created (Not a directory). There was no file "
                                            "there, and none was made.");

@@ -25,7 +25,7 @@ TEST_F(EquityReadOutMenu, ARightClickOnAReadOutWithAValuePopsUpItsMenu) {
   model.lbloppEquity_MouseUp(kRightButton);
   EXPECT_TRUE(services.popups.empty());
   Calculate();
-  ASSERT_FALSE(model.lblMyEquity.caption.empty());
+  ASSERT_FALSE(model.results().lblMyEquity.caption.empty());
   model.lblMyEquity_MouseUp(kLeftButton);  // a left click selects text, no menu
   EXPECT_TRUE(services.popups.empty());
   model.lblMyEquity_MouseUp(kRightButton);
@@ -37,13 +37,13 @@ TEST_F(EquityReadOutMenu, ARightClickOnAReadOutWithAValuePopsUpItsMenu) {
 TEST_F(EquityReadOutMenu, CopyPutsTheReadOutItWasOpenedOnOntoTheClipboard) {
   ASSERT_TRUE(Start());
   Calculate();
-  ASSERT_NE(model.lblMyEquity.caption, model.lbloppEquity.caption);
+  ASSERT_NE(model.results().lblMyEquity.caption, model.results().lbloppEquity.caption);
   model.lbloppEquity_MouseUp(kRightButton);
   model.mnuCopyEquity_Click();
   model.lblMyEquity_MouseUp(kRightButton);
   model.mnuCopyEquity_Click();
-  EXPECT_EQ(services.clipboard,
-            (std::vector<std::string>{model.lbloppEquity.caption, model.lblMyEquity.caption}));
+  EXPECT_EQ(services.clipboard, (std::vector<std::string>{model.results().lbloppEquity.caption,
+                                                          model.results().lblMyEquity.caption}));
 }
 
 }  // namespace

@@ -32,21 +32,21 @@ TEST_F(StartUp, AFirstStartWithNoFilesComesUpWithTheDefaultSchemeGenericEmptyBox
   ASSERT_TRUE(Start());
   EXPECT_TRUE(model.colourSchemeDefault);
   EXPECT_EQ(model.mnuSwitchColourSchemeCaption, "Switch to New Colour Scheme");
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Generic");
-  EXPECT_EQ(model.cmbPlayer.text, "Generic");
-  EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Generic"});
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Generic");
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Generic");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Generic"});
   EXPECT_TRUE(DeleteVisible());
   EXPECT_FALSE(SaveVisible());
   EXPECT_EQ(model.txtMyHand.text, "");
   EXPECT_EQ(model.txtBoard.text, "");
-  EXPECT_EQ(model.txtRange.text, "");
+  EXPECT_EQ(model.grid().txtRange.text, "");
   for (int i = 0; i < kClassCount; ++i) {
-    EXPECT_EQ(model.grid.blockColour[i], DefaultBase(HandClasses()[i].kind)) << HandClasses()[i].name;
-    EXPECT_FALSE(model.grid.selectedOn[i]);
-    EXPECT_FALSE(model.grid.selectedSeen[i]);
-    EXPECT_EQ(model.currentProfile()->rangeLayer[i].count, 0);
-    EXPECT_EQ(model.currentProfile()->seenLayer[i].count, 0);
+    EXPECT_EQ(model.grid().blockColour[i], DefaultBase(HandClasses()[i].kind)) << HandClasses()[i].name;
+    EXPECT_FALSE(model.grid().selectedOn[i]);
+    EXPECT_FALSE(model.grid().selectedSeen[i]);
+    EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[i].count, 0);
+    EXPECT_EQ(model.profiles().currentProfile()->seenLayer[i].count, 0);
   }
 }
 
@@ -60,31 +60,31 @@ TEST_F(StartUp, AFirstStartAsksTheWelcomeQuestionAndYesOpensTheGuide) {
 
 TEST_F(StartUp, TheSliderEndsAtTheLastStepOfTheOrder) {
   ASSERT_TRUE(Start());
-  EXPECT_EQ(model.Slider1.max, 146);
-  EXPECT_EQ(model.Slider1.value, 0);
+  EXPECT_EQ(model.grid().Slider1.max, 146);
+  EXPECT_EQ(model.grid().Slider1.value, 0);
 }
 
 TEST_F(StartUp, TheFirstNamedProfileIsShownWithItsStoredRangeText) {
   WriteProfiles({MakeProfile("Villain", {"AA", "AKs"}, "~0.8"), MakeProfile("Fish", {"22"}, "0.5")});
   ASSERT_TRUE(Start());
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Villain");
-  EXPECT_EQ(model.cmbPlayer.text, "Villain");
-  EXPECT_EQ(model.cmbPlayer.listIndex, 0);
-  EXPECT_EQ(model.txtRange.text, "~0.8");
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Villain");
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Villain");
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, 0);
+  EXPECT_EQ(model.grid().txtRange.text, "~0.8");
   // The On layer shows whole blocks in the On-layer colour; nothing is selected.
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AA")], 0x00FFFFu);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AKs")], 0x00FFFFu);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("KK")], 0xC0FFC0u);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("22")], 0xC0FFC0u);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AA")], 0x00FFFFu);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AKs")], 0x00FFFFu);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("KK")], 0xC0FFC0u);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("22")], 0xC0FFC0u);
 }
 
 TEST_F(StartUp, AStoredEmptyRangeTextIsShownEmptyWithoutPuttingAaIntoTheRange) {
   WriteProfiles({MakeProfile("Villain", {}, "")});
   ASSERT_TRUE(Start());
-  EXPECT_EQ(model.txtRange.text, "");
-  EXPECT_EQ(model.currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
-  EXPECT_FALSE(model.grid.selectedOn[FindClassByName("AA")]);
+  EXPECT_EQ(model.grid().txtRange.text, "");
+  EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
+  EXPECT_FALSE(model.grid().selectedOn[FindClassByName("AA")]);
 }
 
 TEST_F(StartUp, TheCardTextsOfThePreferencesAreColouredBySuit) {
@@ -101,21 +101,21 @@ TEST_F(StartUp, ASavedNewSchemeIsRestoredOnTheGridAndTheMenuCaption) {
   ASSERT_TRUE(Start());
   EXPECT_FALSE(model.colourSchemeDefault);
   EXPECT_EQ(model.mnuSwitchColourSchemeCaption, "Switch to Default Colour Scheme");
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AA")], 0xC0C0C0u);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AKs")], 0xA2A2A2u);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AK")], 0x808080u);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AA")], 0xC0C0C0u);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AKs")], 0xA2A2A2u);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AK")], 0x808080u);
 }
 
 TEST_F(StartUp, TheEquityReadOutsAreBlankAndNoTimerRunsAfterStartUp) {
   WritePrefs("mnuAutoPFEquityCalc|True\r\ntxtMyHand|AhAd\r\n");
   WriteProfiles({MakeProfile("Villain", {"KK"}, "0.9")});
   ASSERT_TRUE(Start());
-  EXPECT_EQ(model.lblMyEquity.caption, "");
-  EXPECT_FALSE(model.lblMyEquity.opaque);
-  EXPECT_EQ(model.lbloppEquity.caption, "");
+  EXPECT_EQ(model.results().lblMyEquity.caption, "");
+  EXPECT_FALSE(model.results().lblMyEquity.opaque);
+  EXPECT_EQ(model.results().lbloppEquity.caption, "");
   EXPECT_FALSE(model.tmrCalcEquity.enabled);
   EXPECT_FALSE(model.tmrSliderMoving.enabled);
-  EXPECT_FALSE(model.tmrTVError.enabled);
+  EXPECT_FALSE(model.results().tmrTVError.enabled);
 }
 
 TEST_F(StartUp, AnsweringNoToTheVersionQuestionEndsTheStartWritingNothing) {
@@ -132,8 +132,8 @@ TEST_F(StartUp, AnsweringYesToTheVersionQuestionStartsWithGeneric) {
   WriteBytes(ProfileFile(), std::string("\x00\x00\x00\x00\x00\x00\x00\x00", 8));
   services.yesNoAnswers.push_back(true);
   ASSERT_TRUE(Start());
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Generic");
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Generic");
 }
 
 class ShutDown : public testing::WindowModelTest {};
@@ -146,7 +146,7 @@ TEST_F(ShutDown, ClosingRewritesBothFilesAlsoWhenNothingChanged) {
   WriteBytes(ProfileFile(), "stale");
   WriteBytes(PrefsFile(), "stale");
   model.Form_QueryUnload();
-  EXPECT_EQ(ReadBytes(ProfileFile()), EncodeProfileFile(model.profiles));
+  EXPECT_EQ(ReadBytes(ProfileFile()), EncodeProfileFile(model.profiles().list));
   const std::string prefs = ReadBytes(PrefsFile());
   EXPECT_EQ(prefs.rfind("mnuHideEmptyCats|True\r\n", 0), 0u);
   EXPECT_NE(prefs.find("\r\ntxtMyHand|AhKd\r\n"), std::string::npos);
@@ -188,7 +188,7 @@ TEST_F(ShutDown, AStartAfterAClosingComesBackWithTheSameProfilesAndOptions) {
   Form1Model next(again);
   ASSERT_TRUE(next.Form_Load(dir.path()));
   EXPECT_TRUE(again.questions.empty());
-  EXPECT_EQ(next.cmbPlayer.items, (std::vector<std::string>{"Generic", "Villain"}));
+  EXPECT_EQ(next.profiles().cmbPlayer.items, (std::vector<std::string>{"Generic", "Villain"}));
   EXPECT_TRUE(next.options.winLoseIcons);
   EXPECT_EQ(next.txtBoard.text, "Tc8h3s");
 }

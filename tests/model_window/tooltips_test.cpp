@@ -17,8 +17,8 @@ class ToolTips : public testing::WindowModelTest {
   }
   // The flat index of the tree's node with `text` at its start, or -1.
   int NodeStartingWith(std::string_view text) const {
-    for (std::size_t i = 0; i < model.TV.nodes.size(); ++i) {
-      if (model.TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
+    for (std::size_t i = 0; i < model.results().TV.nodes.size(); ++i) {
+      if (model.results().TV.nodes[i].text.starts_with(text)) return static_cast<int>(i);
     }
     return -1;
   }
@@ -26,37 +26,37 @@ class ToolTips : public testing::WindowModelTest {
 
 TEST_F(ToolTips, ABlockNamesItsClassAndTheHoldingsOfItsOnLayer) {
   ASSERT_TRUE(Start());
-  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 0 of 4 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AKs")), "AKs: 0 of 4 in range");
   model.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
-  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AKs")), "AKs: 4 of 4 in range");
   model.PFHand_MouseUp(Block("QQ"), kLeftButton, 0);
-  EXPECT_EQ(model.BlockToolTip(Block("QQ")), "QQ: 6 of 6 in range");
-  EXPECT_EQ(model.BlockToolTip(FindClassByName("AK")), "AKo: 0 of 12 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("QQ")), "QQ: 6 of 6 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(FindClassByName("AK")), "AKo: 0 of 12 in range");
 }
 
 TEST_F(ToolTips, ABlockInTheSeenLayerSaysSoToo) {
   ASSERT_TRUE(Start());
   model.PFHand_MouseUp(Block("JTs"), kRightButton, 0);
-  EXPECT_EQ(model.BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range; 4 of 4 in the Seen layer");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range; 4 of 4 in the Seen layer");
 }
 
 TEST_F(ToolTips, ASuitCellSaysWhatAClickDoesToTheSelectedBlocks) {
   ASSERT_TRUE(Start());
-  EXPECT_EQ(model.SuitCellToolTip(0), "");  // no block selected: no cell shown
+  EXPECT_EQ(model.grid().SuitCellToolTip(0), "");  // no block selected: no cell shown
   model.PFHand_MouseUp(Block("AKs"), kLeftButton, 0);
   // The suited cells lie on the diagonal: cell 10 is hearts and hearts.
-  EXPECT_EQ(model.SuitCellToolTip(10),
+  EXPECT_EQ(model.grid().SuitCellToolTip(10),
             "Both hearts: in the range for the selected blocks; a click takes these holdings out");
   model.picSuit_Click(10);
-  EXPECT_EQ(model.SuitCellToolTip(10),
+  EXPECT_EQ(model.grid().SuitCellToolTip(10),
             "Both hearts: out of the range for the selected blocks; a click puts these holdings back");
-  EXPECT_EQ(model.BlockToolTip(Block("AKs")), "AKs: 3 of 4 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AKs")), "AKs: 3 of 4 in range");
 }
 
 TEST_F(ToolTips, AnOffsuitCellNamesBothSuitsInOrder) {
   ASSERT_TRUE(Start());
   model.PFHand_MouseUp(FindClassByName("AK"), kRightButton, 0);
-  EXPECT_EQ(model.SuitCellToolTip(3),
+  EXPECT_EQ(model.grid().SuitCellToolTip(3),
             "First card clubs, second spades: in the Seen layer for the selected blocks; a click takes these "
             "holdings out");
 }
@@ -73,23 +73,25 @@ TEST_F(ToolTips, EveryCommandLabelSaysWhatItDoesAndTheKeyedOnesTheirKey) {
 
 TEST_F(ToolTips, TheEquityReadOutsSayWhatTheyMeasureAndTheUnroundedValueAfterACalculation) {
   ASSERT_TRUE(Start());
-  EXPECT_EQ(model.EquityToolTip(true),
+  EXPECT_EQ(model.results().EquityToolTip(true),
             "My Hand's equity against the opponent's range (Calc Equity shows it here)");
-  model.lblMyEquity.caption = "57.3%";
-  model.lbloppEquity.caption = "42.7%";
-  model.myEquity = 57.25;
-  model.oppEquity = 42.75;
-  model.equityStreet = kFlop;
-  EXPECT_EQ(model.EquityToolTip(true).rfind("My Hand's equity against the opponent's range: 57.25%, on the "
-                                            "flop, every turn and river dealt out\n",
-                                            0),
+  model.results().lblMyEquity.caption = "57.3%";
+  model.results().lbloppEquity.caption = "42.7%";
+  model.results().myEquity = 57.25;
+  model.results().oppEquity = 42.75;
+  model.results().equityStreet = kFlop;
+  EXPECT_EQ(model.results().EquityToolTip(true).rfind(
+                "My Hand's equity against the opponent's range: 57.25%, on the "
+                "flop, every turn and river dealt out\n",
+                0),
             0u)
-      << model.EquityToolTip(true);
-  EXPECT_EQ(model.EquityToolTip(false).rfind("The opponent's range's equity against My Hand: 42.75%, on the "
-                                             "flop, every turn and river dealt out\n",
-                                             0),
+      << model.results().EquityToolTip(true);
+  EXPECT_EQ(model.results().EquityToolTip(false).rfind(
+                "The opponent's range's equity against My Hand: 42.75%, on the "
+                "flop, every turn and river dealt out\n",
+                0),
             0u)
-      << model.EquityToolTip(false);
+      << model.results().EquityToolTip(false);
 }
 
 TEST_F(ToolTips, UnderTheProgramsOwnRulesAReadOutNamesThemAndWhereToSwitch) {
@@ -98,9 +100,9 @@ TEST_F(ToolTips, UnderTheProgramsOwnRulesAReadOutNamesThemAndWhereToSwitch) {
   model.txtMyHand.text = "KhKd";
   model.txtBoard.text = "Tc8h3s9d2c";
   model.cmdCalcEquity_Click();
-  ASSERT_EQ(model.lblMyEquity.caption, "0.0%");  // the river reads 0.0% under these rules
+  ASSERT_EQ(model.results().lblMyEquity.caption, "0.0%");  // the river reads 0.0% under these rules
   for (const bool mine : {true, false}) {
-    const std::string tip = model.EquityToolTip(mine);
+    const std::string tip = model.results().EquityToolTip(mine);
     EXPECT_NE(tip.find("on the river, where no calculation runs\nShowdown rules: this program's own. "),
               std::string::npos)
         << tip;
@@ -110,7 +112,7 @@ TEST_F(ToolTips, UnderTheProgramsOwnRulesAReadOutNamesThemAndWhereToSwitch) {
   // Ticked, the read-out gives the standard rules' tally and no word of the program's own.
   model.mnuStandardShowdownRules_Click();
   model.cmdCalcEquity_Click();
-  const std::string standard = model.EquityToolTip(true);
+  const std::string standard = model.results().EquityToolTip(true);
   EXPECT_NE(standard.find(", standard rules: "), std::string::npos) << standard;
   EXPECT_EQ(standard.find("this program's own"), std::string::npos) << standard;
 }
@@ -147,9 +149,9 @@ TEST_F(ToolTips, TheSaveLabelSaysANewProfileStartsWithAFreshRangeAsItDoes) {
   model.PFHand_MouseUp(Block("AA"), kLeftButton, 0);
   model.PFHand_MouseUp(Block("JTs"), kRightButton, 0);
   TypePlayer("Villain", kKeyEnter);
-  ASSERT_EQ(model.currentProfile()->name, "Villain");
-  EXPECT_EQ(model.BlockToolTip(Block("AA")), "AA: 0 of 6 in range");
-  EXPECT_EQ(model.BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range");
+  ASSERT_EQ(model.profiles().currentProfile()->name, "Villain");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("AA")), "AA: 0 of 6 in range");
+  EXPECT_EQ(model.grid().BlockToolTip(Block("JTs")), "JTs: 0 of 4 in range");
 }
 
 TEST_F(ToolTips, ACategoryNodeOfTheTreeSaysWhatItsTerseCaptionMeansAndAHoldingHasNone) {
@@ -158,12 +160,13 @@ TEST_F(ToolTips, ACategoryNodeOfTheTreeSaysWhatItsTerseCaptionMeansAndAHoldingHa
   Cook("Kc8h3s");
   const int overpair = NodeStartingWith("O pair");
   ASSERT_GE(overpair, 0);
-  EXPECT_EQ(model.TreeNodeToolTip(overpair), "Overpair: a pocket pair above every board card.");
+  EXPECT_EQ(model.results().TreeNodeToolTip(overpair), "Overpair: a pocket pair above every board card.");
   const int holding = NodeStartingWith("Ac Ad");
-  ASSERT_GE(holding, 0) << model.exportText;
-  EXPECT_EQ(model.TreeNodeToolTip(holding), "");
-  EXPECT_EQ(model.TreeNodeToolTip(model.TV.nodes[holding].parent), "");  // the group of all six aces
-  EXPECT_EQ(model.TreeNodeToolTip(-1), "");
+  ASSERT_GE(holding, 0) << model.results().exportText;
+  EXPECT_EQ(model.results().TreeNodeToolTip(holding), "");
+  EXPECT_EQ(model.results().TreeNodeToolTip(model.results().TV.nodes[holding].parent),
+            "");  // the group of all six aces
+  EXPECT_EQ(model.results().TreeNodeToolTip(-1), "");
 }
 
 TEST_F(ToolTips, ADrawCategoryNodeSaysItsPercentageCanPassAHundred) {
@@ -171,8 +174,8 @@ TEST_F(ToolTips, ADrawCategoryNodeSaysItsPercentageCanPassAHundred) {
   model.PFHand_MouseUp(Block("98s"), kLeftButton, 0);
   Cook("7h6h2c");
   const int openEnded = NodeStartingWith("Open ended straight draws");
-  ASSERT_GE(openEnded, 0) << model.exportText;
-  EXPECT_NE(model.TreeNodeToolTip(openEnded).find("can pass 100%"), std::string::npos);
+  ASSERT_GE(openEnded, 0) << model.results().exportText;
+  EXPECT_NE(model.results().TreeNodeToolTip(openEnded).find("can pass 100%"), std::string::npos);
 }
 
 }  // namespace

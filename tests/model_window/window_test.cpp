@@ -19,12 +19,12 @@ TEST_F(ProfileBox, TypingAFifteenCharacterNewNameShowsSaveAndASixteenthCharacter
   TypePlayer("ABCDEFGHIJKLMNO");
   EXPECT_TRUE(SaveVisible());
   EXPECT_FALSE(DeleteVisible());
-  EXPECT_EQ(model.cmbPlayer.foreColour, 0x0000FFu);
+  EXPECT_EQ(model.profiles().cmbPlayer.foreColour, 0x0000FFu);
   TypePlayer("ABCDEFGHIJKLMNOP");
   EXPECT_FALSE(SaveVisible());
   EXPECT_FALSE(DeleteVisible());
-  EXPECT_EQ(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.cmbPlayer.foreColour, 0x0000FFu);
+  EXPECT_EQ(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().cmbPlayer.foreColour, 0x0000FFu);
 }
 
 TEST_F(ProfileBox, ANameIsCountedInCharactersNotBytes) {
@@ -38,14 +38,14 @@ TEST_F(ProfileBox, ANameIsCountedInCharactersNotBytes) {
 TEST_F(ProfileBox, ASixteenCharacterNameCannotBeSavedWithEnter) {
   ASSERT_TRUE(Start());
   TypePlayer("ABCDEFGHIJKLMNOP", kKeyEnter);
-  EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Generic"});
-  EXPECT_EQ(model.currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Generic"});
+  EXPECT_EQ(model.profiles().currentProfile(), nullptr);
 }
 
 TEST_F(ProfileBox, AnEmptyBoxSelectsNoProfileAndHidesBothLabels) {
   ASSERT_TRUE(Start());
   TypePlayer("");
-  EXPECT_EQ(model.currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile(), nullptr);
   EXPECT_FALSE(SaveVisible());
   EXPECT_FALSE(DeleteVisible());
 }
@@ -54,22 +54,22 @@ TEST_F(ProfileBox, TypingAnExistingNameExactlySelectsItInTheWindowTextColour) {
   WriteProfiles({MakeProfile("Villain", {"AA"}, "0.5"), MakeProfile("Fish", {"KK"}, "~0.5")});
   ASSERT_TRUE(Start());
   TypePlayer("Fis");
-  EXPECT_EQ(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.cmbPlayer.foreColour, 0x0000FFu);
+  EXPECT_EQ(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().cmbPlayer.foreColour, 0x0000FFu);
   TypePlayer("Fish");
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Fish");
-  EXPECT_EQ(model.cmbPlayer.foreColour, kWindowTextColour);
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Fish");
+  EXPECT_EQ(model.profiles().cmbPlayer.foreColour, kWindowTextColour);
   EXPECT_TRUE(DeleteVisible());
   EXPECT_FALSE(SaveVisible());
-  EXPECT_EQ(model.txtRange.text, "~0.5");
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("KK")], 0x00FFFFu);
+  EXPECT_EQ(model.grid().txtRange.text, "~0.5");
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("KK")], 0x00FFFFu);
 }
 
 TEST_F(ProfileBox, CaseCountsInAProfileName) {
   ASSERT_TRUE(Start());
   TypePlayer("generic");
-  EXPECT_EQ(model.currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile(), nullptr);
   EXPECT_TRUE(SaveVisible());
 }
 
@@ -78,29 +78,29 @@ TEST_F(ProfileBox, EnterOnANewNameSavesItAsAFreshProfileAndMakesItCurrent) {
   ASSERT_TRUE(Start());
   model.PFHand_MouseUp(FindClassByName("KK"), kLeftButton, 0);
   TypePlayer("Reg", kKeyEnter);
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Reg");
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Villain", "Reg"}));
-  EXPECT_EQ(model.cmbPlayer.text, "Reg");
-  EXPECT_EQ(model.cmbPlayer.foreColour, kWindowTextColour);
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Reg");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Villain", "Reg"}));
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Reg");
+  EXPECT_EQ(model.profiles().cmbPlayer.foreColour, kWindowTextColour);
   EXPECT_TRUE(DeleteVisible());
   EXPECT_FALSE(SaveVisible());
   // A fresh profile: nothing in its layers, its empty range text shown as it is, nothing selected.
-  EXPECT_EQ(model.txtRange.text, "");
+  EXPECT_EQ(model.grid().txtRange.text, "");
   for (int i = 0; i < kClassCount; ++i) {
-    EXPECT_EQ(model.currentProfile()->rangeLayer[i].count, 0);
-    EXPECT_FALSE(model.grid.selectedOn[i]);
-    EXPECT_EQ(model.grid.blockColour[i], model.grid.baseColour[i]);
+    EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[i].count, 0);
+    EXPECT_FALSE(model.grid().selectedOn[i]);
+    EXPECT_EQ(model.grid().blockColour[i], model.grid().baseColour[i]);
   }
   // The profile it came from is untouched.
-  EXPECT_EQ(model.profiles[0].rangeLayer[FindClassByName("KK")].count, 6);
+  EXPECT_EQ(model.profiles().list[0].rangeLayer[FindClassByName("KK")].count, 6);
 }
 
 TEST_F(ProfileBox, EnterOnAnExistingNameAddsNoProfile) {
   ASSERT_TRUE(Start());
   TypePlayer("Generic", kKeyEnter);
-  EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Generic"});
-  EXPECT_EQ(model.profiles.size(), 1u);
+  EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Generic"});
+  EXPECT_EQ(model.profiles().list.size(), 1u);
 }
 
 TEST_F(ProfileBox, SaveTrimsTheNameAndTakesAnExistingProfileRatherThanDoublingIt) {
@@ -108,14 +108,14 @@ TEST_F(ProfileBox, SaveTrimsTheNameAndTakesAnExistingProfileRatherThanDoublingIt
   TypePlayer("  Reg ");
   EXPECT_TRUE(SaveVisible());
   model.lblSave_Click();
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Generic", "Reg"}));
-  EXPECT_EQ(model.currentProfile()->name, "Reg");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Generic", "Reg"}));
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Reg");
   TypePlayer("Generic ");
   EXPECT_TRUE(SaveVisible());
   model.lblSave_Click();
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Generic", "Reg"}));
-  EXPECT_EQ(model.currentProfile()->name, "Generic");
-  EXPECT_EQ(model.cmbPlayer.text, "Generic");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"Generic", "Reg"}));
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Generic");
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Generic");
 }
 
 TEST_F(ProfileBox, ASavedProfileTakesTheFirstFreeSlotAndIsWrittenAtClosing) {
@@ -123,8 +123,8 @@ TEST_F(ProfileBox, ASavedProfileTakesTheFirstFreeSlotAndIsWrittenAtClosing) {
   ASSERT_TRUE(Start());
   model.lblDelete_Click();  // "A" goes: its slot is free
   TypePlayer("C", kKeyEnter);
-  EXPECT_EQ(model.profiles[0].name, "C");
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"C", "B"}));
+  EXPECT_EQ(model.profiles().list[0].name, "C");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, (std::vector<std::string>{"C", "B"}));
   model.Form_QueryUnload();
   EXPECT_EQ(ReadBytes(ProfileFile()),
             EncodeProfileFile({MakeProfile("C", {}, ""), MakeProfile("B", {}, "")}));
@@ -138,8 +138,8 @@ TEST_F(ProfileBox, ANameTheFileCannotHoldIsRefusedWithQuilletClisMessageAndNothi
     ASSERT_EQ(services.messages.size(), 1u) << name;
     EXPECT_EQ(services.messages[0].text, "\"" + name + "\" has characters the profile file cannot hold");
     services.messages.clear();
-    EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Generic"});
-    EXPECT_EQ(model.currentProfile(), nullptr);
+    EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Generic"});
+    EXPECT_EQ(model.profiles().currentProfile(), nullptr);
     EXPECT_TRUE(SaveVisible());  // the name stays in the box, in red, to be changed
   }
   model.Form_QueryUnload();
@@ -152,22 +152,24 @@ TEST_F(ProfileBox, ANameOfCodePageCharactersOtherThanAsciiIsSaved) {
   ASSERT_TRUE(Start());
   TypePlayer("Jos\xC3\xA9 \xE2\x82\xAC", kKeyEnter);  // "José €": both are in the file's code page
   EXPECT_TRUE(services.messages.empty());
-  EXPECT_EQ(model.cmbPlayer.items, (std::vector<std::string>{"Generic", "Jos\xC3\xA9 \xE2\x82\xAC"}));
+  EXPECT_EQ(model.profiles().cmbPlayer.items,
+            (std::vector<std::string>{"Generic", "Jos\xC3\xA9 \xE2\x82\xAC"}));
 }
 
 TEST_F(ProfileBox, PickingAProfileWhoseStoredRangeTextIsEmptySetsTheRangeToAaAndTheTextToHalfAPercent) {
   WriteProfiles({MakeProfile("Villain", {"KK"}, "0.9"), MakeProfile("Fish", {}, "")});
   ASSERT_TRUE(Start());
   PickPlayer(1);
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Fish");
-  EXPECT_EQ(model.txtRange.text, "0.5");
-  EXPECT_EQ(model.currentProfile()->rangeText, "0.5");
-  EXPECT_EQ(model.Slider1.value, 0);
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Fish");
+  EXPECT_EQ(model.grid().txtRange.text, "0.5");
+  EXPECT_EQ(model.profiles().currentProfile()->rangeText, "0.5");
+  EXPECT_EQ(model.grid().Slider1.value, 0);
   const int aa = FindClassByName("AA");
   for (int i = 0; i < kClassCount; ++i) {
-    EXPECT_EQ(model.currentProfile()->rangeLayer[i].count, i == aa ? 6 : 0) << HandClasses()[i].name;
-    EXPECT_EQ(model.grid.selectedOn[i], i == aa);
+    EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[i].count, i == aa ? 6 : 0)
+        << HandClasses()[i].name;
+    EXPECT_EQ(model.grid().selectedOn[i], i == aa);
   }
 }
 
@@ -176,45 +178,45 @@ TEST_F(ProfileBox, PickingAProfileWithAStoredRangeTextShowsItAndKeepsItsLayers) 
   ASSERT_TRUE(Start());
   model.PFHand_MouseUp(FindClassByName("AKs"), kLeftButton, 0);
   PickPlayer(1);
-  EXPECT_EQ(model.txtRange.text, "~0.9");
-  EXPECT_EQ(model.currentProfile()->rangeLayer[FindClassByName("QQ")].count, 6);
-  EXPECT_EQ(model.currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
+  EXPECT_EQ(model.grid().txtRange.text, "~0.9");
+  EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[FindClassByName("QQ")].count, 6);
+  EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
   // The selection made on the other profile is dropped.
-  EXPECT_FALSE(model.grid.selectedOn[FindClassByName("AKs")]);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AKs")], 0x8080FFu);
+  EXPECT_FALSE(model.grid().selectedOn[FindClassByName("AKs")]);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AKs")], 0x8080FFu);
 }
 
 TEST_F(ProfileBox, AClickWithAnUnknownNameShowsThePromptAndSelectsNothing) {
   ASSERT_TRUE(Start());
-  model.cmbPlayer.listIndex = -1;
-  model.cmbPlayer.text = "Nobody";
+  model.profiles().cmbPlayer.listIndex = -1;
+  model.profiles().cmbPlayer.text = "Nobody";
   model.cmbPlayer_Click();
-  EXPECT_EQ(model.cmbPlayer.text, "Type new player name / Select existing player");
-  EXPECT_EQ(model.cmbPlayer.listIndex, -1);
-  EXPECT_EQ(model.currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Type new player name / Select existing player");
+  EXPECT_EQ(model.profiles().cmbPlayer.listIndex, -1);
+  EXPECT_EQ(model.profiles().currentProfile(), nullptr);
 }
 
 TEST_F(ProfileBox, DeletingTheOnlyProfileLeavesGenericSelected) {
   WriteProfiles({MakeProfile("Villain", {"AA"}, "0.5")});
   ASSERT_TRUE(Start());
   model.lblDelete_Click();
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Generic");
-  EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Generic"});
-  EXPECT_EQ(model.cmbPlayer.text, "Generic");
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Generic");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Generic"});
+  EXPECT_EQ(model.profiles().cmbPlayer.text, "Generic");
   EXPECT_TRUE(DeleteVisible());
-  EXPECT_EQ(model.currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
-  EXPECT_EQ(model.txtRange.text, "");
+  EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
+  EXPECT_EQ(model.grid().txtRange.text, "");
 }
 
 TEST_F(ProfileBox, DeletingGenericWhenItIsTheOnlyProfileGivesAFreshGeneric) {
   ASSERT_TRUE(Start());
   model.PFHand_MouseUp(FindClassByName("AA"), kLeftButton, 0);
   model.lblDelete_Click();
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Generic");
-  EXPECT_EQ(model.currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AA")], 0xC0FFC0u);
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Generic");
+  EXPECT_EQ(model.profiles().currentProfile()->rangeLayer[FindClassByName("AA")].count, 0);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AA")], 0xC0FFC0u);
 }
 
 TEST_F(ProfileBox, DeletingOneOfTwoProfilesShowsTheFirstRemainingOneWithoutAQuestion) {
@@ -222,30 +224,30 @@ TEST_F(ProfileBox, DeletingOneOfTwoProfilesShowsTheFirstRemainingOneWithoutAQues
   ASSERT_TRUE(Start());
   model.lblDelete_Click();
   EXPECT_EQ(services.questions.size(), 1u);  // the first-run welcome only
-  ASSERT_NE(model.currentProfile(), nullptr);
-  EXPECT_EQ(model.currentProfile()->name, "Fish");
-  EXPECT_EQ(model.cmbPlayer.items, std::vector<std::string>{"Fish"});
-  EXPECT_EQ(model.txtRange.text, "~0.5");
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("KK")], 0x00FFFFu);
-  EXPECT_EQ(model.grid.blockColour[FindClassByName("AA")], 0xC0FFC0u);
+  ASSERT_NE(model.profiles().currentProfile(), nullptr);
+  EXPECT_EQ(model.profiles().currentProfile()->name, "Fish");
+  EXPECT_EQ(model.profiles().cmbPlayer.items, std::vector<std::string>{"Fish"});
+  EXPECT_EQ(model.grid().txtRange.text, "~0.5");
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("KK")], 0x00FFFFu);
+  EXPECT_EQ(model.grid().blockColour[FindClassByName("AA")], 0xC0FFC0u);
 }
 
 TEST_F(ProfileBox, WithNoProfileCurrentTheGridTheSliderAndTheCommandsChangeNothingAndCookSeesAnEmptyRange) {
   WriteProfiles({MakeProfile("Villain", {"AA"}, "0.5")});
   ASSERT_TRUE(Start());
   TypePlayer("Nobody");
-  ASSERT_EQ(model.currentProfile(), nullptr);
-  const auto before = model.grid.blockColour;
+  ASSERT_EQ(model.profiles().currentProfile(), nullptr);
+  const auto before = model.grid().blockColour;
   model.PFHand_MouseUp(FindClassByName("KK"), kLeftButton, 0);
   model.cmdAll_Click();
   model.cmdClearAllBlocks_Click();
-  model.Slider1.value = 10;
+  model.grid().Slider1.value = 10;
   model.Slider1_MouseMove(kLeftButton);
-  EXPECT_EQ(model.grid.blockColour, before);
-  EXPECT_EQ(model.profiles[0].rangeLayer[FindClassByName("AA")].count, 6);
-  EXPECT_EQ(model.profiles[0].rangeLayer[FindClassByName("KK")].count, 0);
+  EXPECT_EQ(model.grid().blockColour, before);
+  EXPECT_EQ(model.profiles().list[0].rangeLayer[FindClassByName("AA")].count, 6);
+  EXPECT_EQ(model.profiles().list[0].rangeLayer[FindClassByName("KK")].count, 0);
   model.cmdCheckPossibleHands_Click();
-  EXPECT_EQ(model.lblCheckPossibleHands.substr(0, 28), "0 Hands in Opponent's Range\r");
+  EXPECT_EQ(model.results().lblCheckPossibleHands.substr(0, 28), "0 Hands in Opponent's Range\r");
 }
 
 class WindowLabels : public testing::WindowModelTest {};
@@ -361,10 +363,10 @@ TEST_F(OptionsMenu, SimplifyFurtherFlipsItsTickAndCooksAgain) {
   ASSERT_TRUE(Start());
   model.txtBoard.text = "Tc8h3s";
   model.PFHand_MouseUp(FindClassByName("AA"), kLeftButton, 0);
-  EXPECT_EQ(model.lblCheckPossibleHands, "");
+  EXPECT_EQ(model.results().lblCheckPossibleHands, "");
   model.mnuSimplifyFurther_Click();
   EXPECT_TRUE(model.options.simplifyFurther);
-  EXPECT_EQ(model.lblCheckPossibleHands,
+  EXPECT_EQ(model.results().lblCheckPossibleHands,
             "6 Hands in Opponent's Range\r\n6 Possible Hands\r\n6 Hands in categories");
 }
 

@@ -30,14 +30,14 @@ class WindowModelTest : public ModelInFolderTest {
 
   // Types `text` into the player box and releases the last key.
   void TypePlayer(const std::string& text, int keyCode = 'A') {
-    model.cmbPlayer.text = text;
+    model.profiles().cmbPlayer.text = text;
     model.cmbPlayer_KeyUp(keyCode);
   }
 
   // Picks list entry `index` of the player box.
   void PickPlayer(int index) {
-    model.cmbPlayer.listIndex = index;
-    model.cmbPlayer.text = model.cmbPlayer.items[index];
+    model.profiles().cmbPlayer.listIndex = index;
+    model.profiles().cmbPlayer.text = model.profiles().cmbPlayer.items[index];
     model.cmbPlayer_Click();
   }
 

@@ -179,17 +179,17 @@ TEST(StorageFuzz, MutatedProfileFilesOnDiskLeaveTheWindowWorking) {
     Form1Model model(services);
     model.ProfilePaths(dir.path());
     services.yesNoAnswers = {i % 2 == 0};
-    const bool goOn = model.LoadProfiles();
+    const bool goOn = model.profiles().LoadProfiles();
     ASSERT_LE(services.messages.size() + services.questions.size(), 1u);
     if (!goOn) continue;
-    const int current = model.FirstProfileIndex();
+    const int current = model.profiles().FirstProfileIndex();
     ASSERT_GE(current, 0);
-    ASSERT_FALSE(model.profiles.at(current).isFree());
+    ASSERT_FALSE(model.profiles().list.at(current).isFree());
     if (!services.messages.empty()) {
       ASSERT_EQ(testing::ReadBytes(dir / "Player_Profiles.ini.bad"), bytes);
     }
     const std::size_t messagesBefore = services.messages.size();
-    model.SaveProfiles();
+    model.profiles().SaveProfiles();
     ASSERT_EQ(services.messages.size(), messagesBefore);
     // What was saved reads back whole.
     ASSERT_EQ(ReadProfileFile(dir / kProfileFileName).status, ProfileFileContents::Status::Read);

@@ -42,8 +42,8 @@ struct GenericProfileWindow : GenericWindow<Services> {
   }
 
   // The two equity read-outs.
-  const std::string& my() const { return model.lblMyEquity.caption; }
-  const std::string& opp() const { return model.lbloppEquity.caption; }
+  const std::string& my() const { return model.results().lblMyEquity.caption; }
+  const std::string& opp() const { return model.results().lbloppEquity.caption; }
 };
 
 }  // namespace quillet::testing

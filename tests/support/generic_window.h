@@ -14,13 +14,13 @@ struct GenericWindow {
   Form1Model model{services};
 
   GenericWindow() {
-    PlayerProfile& p = model.profiles.emplace_back();
+    PlayerProfile& p = model.profiles().list.emplace_back();
     InitProfile(p);
     p.name = "Generic";
-    model.currentProfileIndex = 0;
+    model.profiles().currentIndex = 0;
   }
 
-  PlayerProfile& profile() { return *model.currentProfile(); }
+  PlayerProfile& profile() { return *model.profiles().currentProfile(); }
 };
 
 }  // namespace quillet::testing

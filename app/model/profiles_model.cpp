@@ -1,5 +1,7 @@
-#include "app/model/form1_model.h"
-#include "storage/data_folder.h"
+// The player profiles: the profile file read and written under the folder's lock, and the player box's list.
+#include "app/model/profiles_model.h"
+
+#include "categorise/cook.h"
 #include "storage/file_io.h"
 #include "storage/file_lock.h"
 #include "storage/preferences_file.h"
@@ -26,48 +28,72 @@ std::string ProfilesCount(std::size_t n) {
 
 }  // namespace
 
-void Form1Model::ProfilePaths(const std::filesystem::path& programFolder) {
-  const std::filesystem::path folder = ChooseDataFolder(programFolder);
-  profilePath = folder / kProfileFileName;
-  preferencesPath = folder / kPreferencesFileName;
+std::string KeepUnreadableFileAside(const std::filesystem::path& path, const std::string* bytes) {
+  const SetAside aside = KeepFileAside(path, bytes);
+  if (!aside.copy.empty()) return "The file was kept as \"" + aside.copy.string() + "\".";
+  return "The file could not be kept aside (" + aside.reason +
+         ") and will be overwritten when Quillet closes.";
 }
 
-bool Form1Model::LoadProfiles() {
-  ProfileFileContents file = ReadProfileFile(profilePath);
-  profilesAsLoaded.emplace();
+bool AskToRetryLockedSave(WindowServices& services, const std::string& fault) {
+  return services.AskRetryCancel(
+      fault +
+          "\r\n\r\nRetry waits for it again; Cancel keeps the window open with your "
+          "changes, to be saved when it closes.",
+      MessageIcon::Warning);
+}
+
+PlayerProfile* ProfilesModel::currentProfile() {
+  if (currentIndex < 0 || currentIndex >= static_cast<int>(list.size())) return nullptr;
+  return &list[currentIndex];
+}
+
+const PlayerProfile* ProfilesModel::currentProfile() const {
+  if (currentIndex < 0 || currentIndex >= static_cast<int>(list.size())) return nullptr;
+  return &list[currentIndex];
+}
+
+std::vector<HandCombo> ProfilesModel::CurrentRangeCombos() const {
+  const PlayerProfile* profile = currentProfile();
+  if (profile == nullptr) return {};
+  return CollectRangeCombos(profile->rangeLayer, profile->seenLayer, &profile->onWeights);
+}
+
+bool ProfilesModel::LoadProfiles() {
+  ProfileFileContents file = ReadProfileFile(path);
+  asLoaded.emplace();
   switch (file.status) {
     case ProfileFileContents::Status::Missing:
       return true;
     case ProfileFileContents::Status::OtherVersion:
-      if (!services.AskYesNo(kVersionQuestionTitle, VersionQuestion(file.version), MessageIcon::Warning))
+      if (!services_.AskYesNo(kVersionQuestionTitle, VersionQuestion(file.version), MessageIcon::Warning))
         return false;
       // Yes: nothing loaded; the file is rewritten when the session ends, so a copy of it is kept first
       // (the question already says it is not loaded; the copy is the way back), and of its weights file.
-      CopyFileAside(profilePath);
-      if (SomethingAt(ProfileWeightsPath(profilePath))) CopyFileAside(ProfileWeightsPath(profilePath));
+      CopyFileAside(path);
+      if (SomethingAt(ProfileWeightsPath(path))) CopyFileAside(ProfileWeightsPath(path));
       return true;
     case ProfileFileContents::Status::Faulty: {
       // Keep the unreadable file before anything can overwrite it, and carry on with what was read.
       std::string text = file.error->message + "\r\n\r\n" +
-                         KeepUnreadableFileAside(profilePath, file.bytes.empty() ? nullptr : &file.bytes) +
-                         " ";
+                         KeepUnreadableFileAside(path, file.bytes.empty() ? nullptr : &file.bytes) + " ";
       text += file.profiles.empty() ? std::string("No profiles could be loaded from it.")
                                     : "The " + ProfilesCount(file.profiles.size()) + " before the fault " +
                                           (file.profiles.size() == 1 ? "was" : "were") + " loaded.";
-      services.MsgBox(text, MessageIcon::Warning);
-      profiles = std::move(file.profiles);
-      profilesAsLoaded = profiles;
+      services_.MsgBox(text, MessageIcon::Warning);
+      list = std::move(file.profiles);
+      asLoaded = list;
       break;
     }
     case ProfileFileContents::Status::Read:
-      profiles = std::move(file.profiles);
-      profilesAsLoaded = profiles;
+      list = std::move(file.profiles);
+      asLoaded = list;
       break;
   }
   if (file.weightsError) {
     // The weights file is kept before the session's save rewrites it; the profiles are there, unweighted.
-    const std::filesystem::path side = ProfileWeightsPath(profilePath);
-    services.MsgBox(
+    const std::filesystem::path side = ProfileWeightsPath(path);
+    services_.MsgBox(
         file.weightsError->message + "\r\n\r\n" +
             KeepUnreadableFileAside(side, file.weightsBytes.empty() ? nullptr : &file.weightsBytes) +
             " The profiles were loaded without their weights.",
@@ -77,66 +103,66 @@ bool Form1Model::LoadProfiles() {
   return true;
 }
 
-bool Form1Model::SaveProfiles() {
-  if (auto failure = CreateFolderFor(profilePath)) {
-    services.MsgBox(ProfileSaveFault(profilePath, *failure, false), MessageIcon::Warning);
+bool ProfilesModel::SaveProfiles() {
+  if (auto failure = CreateFolderFor(path)) {
+    services_.MsgBox(ProfileSaveFault(path, *failure, false), MessageIcon::Warning);
     return true;
   }
   for (;;) {
-    const WriteLock lock(profilePath, writeLockWait,
-                         [this](std::chrono::milliseconds step) { services.Wait(step); });
+    const WriteLock lock(path, writeLockWait,
+                         [this](std::chrono::milliseconds step) { services_.Wait(step); });
     if (!lock.failure()) {
-      if (auto error = WriteProfileFile(profilePath, ProfilesToSave()))
-        services.MsgBox(error->message, MessageIcon::Warning);
+      if (auto error = WriteProfileFile(path, ProfilesToSave()))
+        services_.MsgBox(error->message, MessageIcon::Warning);
       return true;
     }
-    if (!AskToRetryLockedSave(ProfileSaveFault(profilePath, *lock.failure(), SomethingAt(profilePath))))
+    if (!AskToRetryLockedSave(services_, ProfileSaveFault(path, *lock.failure(), SomethingAt(path))))
       return false;
   }
 }
 
-std::vector<PlayerProfile> Form1Model::ProfilesToSave() {
+std::vector<PlayerProfile> ProfilesModel::ProfilesToSave() {
   // Nothing was loaded in this session: the list is the whole truth.
-  if (!profilesAsLoaded) return profiles;
-  ProfileFileContents now = ReadProfileFile(profilePath);
+  if (!asLoaded) return list;
+  ProfileFileContents now = ReadProfileFile(path);
   // A weights file that went bad since it was loaded is kept (none when an identical one is there) before
   // the save replaces it.
   if (now.weightsError)
-    KeepFileAside(ProfileWeightsPath(profilePath), now.weightsBytes.empty() ? nullptr : &now.weightsBytes);
+    KeepFileAside(ProfileWeightsPath(path), now.weightsBytes.empty() ? nullptr : &now.weightsBytes);
   switch (now.status) {
     case ProfileFileContents::Status::Read:
       // Another program (quillet-cli, a second window) may have changed the file since it was loaded.
-      return MergeProfileLists(*profilesAsLoaded, profiles, now.profiles);
+      return MergeProfileLists(*asLoaded, list, now.profiles);
     case ProfileFileContents::Status::Faulty:
       // The file went bad since it was loaded, or is the one that was kept at start-up: a copy is kept
       // (none when an identical one is there) before it is overwritten.
-      KeepFileAside(profilePath, now.bytes.empty() ? nullptr : &now.bytes);
-      return profiles;
+      KeepFileAside(path, now.bytes.empty() ? nullptr : &now.bytes);
+      return list;
     case ProfileFileContents::Status::OtherVersion:
-      CopyFileAside(profilePath);
-      if (SomethingAt(ProfileWeightsPath(profilePath))) CopyFileAside(ProfileWeightsPath(profilePath));
-      return profiles;
+      CopyFileAside(path);
+      if (SomethingAt(ProfileWeightsPath(path))) CopyFileAside(ProfileWeightsPath(path));
+      return list;
     case ProfileFileContents::Status::Missing:
-      return profiles;  // removed meanwhile: nothing to keep, and no sign of what to delete
+      return list;  // removed meanwhile: nothing to keep, and no sign of what to delete
   }
-  return profiles;
+  return list;
 }
 
-int Form1Model::AddProfile(const std::string& name) {
-  const int index = TakeProfileSlot(profiles, name);
+int ProfilesModel::AddProfile(const std::string& name) {
+  const int index = TakeProfileSlot(list, name);
   RefillPlayerList(name);
   return index;
 }
 
-int Form1Model::FirstProfileIndex() {
-  const int index = FirstNamedProfile(profiles);
+int ProfilesModel::FirstProfileIndex() {
+  const int index = FirstNamedProfile(list);
   return index >= 0 ? index : AddProfile("Generic");
 }
 
-void Form1Model::RefillPlayerList(const std::string& name) {
+void ProfilesModel::RefillPlayerList(const std::string& name) {
   cmbPlayer.items.clear();
   cmbPlayer.listIndex = -1;
-  for (const PlayerProfile& p : profiles) {
+  for (const PlayerProfile& p : list) {
     if (!p.isFree()) cmbPlayer.items.push_back(p.name);
   }
   if (cmbPlayer.items.empty()) {
