@@ -25,12 +25,13 @@ const std::array<std::array<Card, 2>, kHoldingCount>& CardsOfHoldings() {
   return cards;
 }
 
-// Per holding number, the weight of a range's live copies in the units its tally counts (see LiveRange).
+// Per holding number, the weight of a range's live copies in the units its tally counts (see
+// RangeLiveWeights).
 using HoldingWeights = std::array<int32_t, kHoldingCount>;
 
 // A range's live holdings by holding number. A range whose listed holdings are all whole counts one unit a
 // copy, any other its weights in thousandths: `unit` units make one whole holding.
-struct LiveRange {
+struct RangeLiveWeights {
   HoldingWeights weights{};
   HoldingWeights copies{};  // live copies, whatever their weight, when weighted (see Copies)
   int32_t holdings = 0;
@@ -42,8 +43,8 @@ struct LiveRange {
 };
 
 // A holding of weight 0 (or below) is not in its range.
-LiveRange ReadLiveRange(std::span<const HandCombo> range, uint64_t boardCards) {
-  LiveRange live;
+RangeLiveWeights ReadLiveRange(std::span<const HandCombo> range, uint64_t boardCards) {
+  RangeLiveWeights live;
   const bool whole = std::all_of(range.begin(), range.end(), [](const HandCombo& combo) {
     return combo.weight <= 0 || combo.weight == kFullWeight;
   });
@@ -599,8 +600,8 @@ RangeEquityResult Calculate(std::span<const HandCombo> myRange, std::span<const 
     result.error = "the board holds a card twice";
     return result;
   }
-  const LiveRange myLive = ReadLiveRange(myRange, boardCards);
-  const LiveRange theirLive = ReadLiveRange(oppRange, boardCards);
+  const RangeLiveWeights myLive = ReadLiveRange(myRange, boardCards);
+  const RangeLiveWeights theirLive = ReadLiveRange(oppRange, boardCards);
   const HoldingWeights& mine = myLive.weights;
   const HoldingWeights& theirs = theirLive.weights;
   result.myHoldings = myLive.holdings;
