@@ -36,7 +36,7 @@ HandCards BenchHand(int32_t rank1, int32_t suit1, int32_t rank2, int32_t suit2) 
 }
 
 // Tc8h3s, with 2d on the turn.
-BoardCards BenchBoard(int32_t street) {
+BoardCards BenchBoard(Street street) {
   BoardCards board;
   board[0] = {10, 0};
   board[1] = {8, 2};
@@ -54,7 +54,7 @@ void RunReport(benchmark::State& state, const BoardsReportRequest& request) {
   }
 }
 
-BoardsReportRequest HandRequest(const std::string& range, int32_t street, ShowdownRules rules) {
+BoardsReportRequest HandRequest(const std::string& range, Street street, ShowdownRules rules) {
   BoardsReportRequest request;
   request.hand = BenchHand(14, 2, 13, 1);  // AhKd
   request.oppRange = BenchRange(range);

@@ -30,7 +30,7 @@ void BM_CookFullRange(benchmark::State& state) {
   std::string boardText = kBoards[state.range(0)];
   HandCards hand{};
   BoardCards board{};
-  int32_t street = 0;
+  Street street = kNoBoard;
   if (!ReadCardInputs(handText, boardText, nullptr, hand, board, street)) state.SkipWithError("bad board");
   Categories categories;
   InitCategories(categories);
@@ -58,7 +58,7 @@ void BM_CookFullRangeWeighted(benchmark::State& state) {
   std::string boardText = kBoards[state.range(0)];
   HandCards hand{};
   BoardCards board{};
-  int32_t street = 0;
+  Street street = kNoBoard;
   if (!ReadCardInputs(handText, boardText, nullptr, hand, board, street)) state.SkipWithError("bad board");
   Categories categories;
   InitCategories(categories);

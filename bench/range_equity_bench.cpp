@@ -24,7 +24,7 @@ HoldingSet Range(const char* text) {
   return ParseRangeNotation(text).holdings;
 }
 
-BoardCards TenEightThreeRainbow(int32_t street) {
+BoardCards TenEightThreeRainbow(Street street) {
   BoardCards board;
   board[0] = {10, 0};                       // Tc
   board[1] = {8, 2};                        // 8h
@@ -35,7 +35,7 @@ BoardCards TenEightThreeRainbow(int32_t street) {
 }
 
 // Three spades and a pair: Ks9s9d, and on the turn a fourth spade.
-BoardCards MonotonePaired(int32_t street) {
+BoardCards MonotonePaired(Street street) {
   BoardCards board;
   board[0] = {13, 3};                       // Ks
   board[1] = {9, 3};                        // 9s
@@ -45,7 +45,7 @@ BoardCards MonotonePaired(int32_t street) {
   return board;
 }
 
-void RunRangeEquity(benchmark::State& state, const char* mine, const char* theirs, int32_t street,
+void RunRangeEquity(benchmark::State& state, const char* mine, const char* theirs, Street street,
                     bool flushy = false) {
   const HoldingSet myRange = Range(mine);
   const HoldingSet oppRange = Range(theirs);
@@ -90,7 +90,7 @@ void BM_QueensPlusAceKingVsRandomPreflop(benchmark::State& state) {
 
 // Both ranges full at mixed weights (bench/mixed_weights.h): the tally counts in millionths. The weighted
 // cases must cost at most 1.5 times the whole ones.
-void RunWeightedRangeEquity(benchmark::State& state, int32_t street, bool flushy = false) {
+void RunWeightedRangeEquity(benchmark::State& state, Street street, bool flushy = false) {
   const WeightedHoldingSet myRange = MixedWeights(1);
   const WeightedHoldingSet oppRange = MixedWeights(2);
   const BoardCards board = flushy ? MonotonePaired(street) : TenEightThreeRainbow(street);
@@ -127,7 +127,7 @@ void BM_WeightedRandomVsWeightedRandomSpadesRiver(benchmark::State& state) {
 // (argument 0) or weighted (1), on the flop (1), the turn (2) or preflop (0).
 void BM_ByHoldingRandomVsRandom(benchmark::State& state) {
   const bool weighted = state.range(0) != 0;
-  const auto street = static_cast<int32_t>(state.range(1));
+  const auto street = static_cast<Street>(state.range(1));
   const std::vector<HandCombo> mine =
       WeightedCombos(weighted ? MixedWeights(1) : WeightedHoldingSet::FromHoldings(Range("random")));
   const std::vector<HandCombo> theirs =

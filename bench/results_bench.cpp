@@ -35,9 +35,9 @@ CookedRange CookFullRange(const char* boardText) {
   RangeLayer on = MakeEmptyLayer();
   for (int k = 0; k < kClassCount; ++k) SetBlockWhole(on[k], HandClasses()[k].kind == kKindSuited);
   std::vector<HandCombo> list = CollectRangeCombos(on, MakeEmptyLayer());
-  RemoveDeadCombos(list, c.cards.hand, c.cards.board, c.cards.street);
+  RemoveDeadCombos(list, c.cards.hand, c.cards.board, c.cards.OnStreet());
   InitCategories(c.categories);
-  ClassifyRange(c.categories, list, c.cards.board, c.cards.street);
+  ClassifyRange(c.categories, list, c.cards.board, c.cards.OnStreet());
   return c;
 }
 
@@ -62,8 +62,8 @@ void BM_PartialBoardShowdown(benchmark::State& state) {
   const CookedRange cooked = CookFullRange(kBoards[state.range(0)]);
   const HandCombo opponent{true, 13, 0, 12, 0};  // KcQc
   for (auto _ : state) {
-    benchmark::DoNotOptimize(
-        ComparePartialBoardShowdown(cooked.cards.hand, opponent, cooked.cards.board, cooked.cards.street));
+    benchmark::DoNotOptimize(ComparePartialBoardShowdown(cooked.cards.hand, opponent, cooked.cards.board,
+                                                         cooked.cards.OnStreet()));
   }
 }
 BENCHMARK(BM_PartialBoardShowdown)->DenseRange(0, 2)->ArgName("street");

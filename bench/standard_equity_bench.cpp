@@ -25,7 +25,7 @@ using testing::Board;
 using testing::Hand;
 using testing::LiveHoldings;
 
-void FullRangeTally(benchmark::State& state, int32_t street, bool weighted = false) {
+void FullRangeTally(benchmark::State& state, Street street, bool weighted = false) {
   const HandCards hand = Hand("AhAd");
   const BoardCards board = Board(std::string_view("Tc8h3s2dKs").substr(0, 2 * BoardCardCount(street)));
   std::vector<HandCombo> range = LiveHoldings(hand, board, street);

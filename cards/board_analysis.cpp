@@ -13,14 +13,14 @@ constexpr bool ValidSuit(int32_t suit) {
 }
 
 // The number of board cards that exist on a street, kept within the five fields.
-constexpr int ExistingBoardCards(int32_t street) {
+constexpr int ExistingBoardCards(Street street) {
   const int count = BoardCardCount(street);
   return count < 0 ? 0 : (count > 5 ? 5 : count);
 }
 
 }  // namespace
 
-PlayedCards HoldingWithBoard(const HandCombo& holding, const BoardCards& board, int32_t street) {
+PlayedCards HoldingWithBoard(const HandCombo& holding, const BoardCards& board, Street street) {
   PlayedCards played;
   played.cards[0] = holding.card1();
   played.cards[1] = holding.card2();
@@ -31,7 +31,7 @@ PlayedCards HoldingWithBoard(const HandCombo& holding, const BoardCards& board, 
   return played;
 }
 
-PlayedCards BoardAlone(const BoardCards& board, int32_t street) {
+PlayedCards BoardAlone(const BoardCards& board, Street street) {
   PlayedCards played;
   const int boardCount = ExistingBoardCards(street);
   for (int i = 0; i < boardCount; ++i) played.cards[i] = board[i];
@@ -153,7 +153,7 @@ StraightDrawAnalysis AnalyseStraightDraw(RankSet ranks) {
   return best;
 }
 
-BoardRanks TopMiddleBottom(const BoardCards& board, int32_t street) {
+BoardRanks TopMiddleBottom(const BoardCards& board, Street street) {
   const int count = ExistingBoardCards(street);
   if (count == 0) return {};
   BoardRanks r;

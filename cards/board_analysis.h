@@ -130,8 +130,8 @@ struct PlayedCards {
   int holdingCount = 0;  // 2 with a holding, 0 for the board alone
 };
 
-PlayedCards HoldingWithBoard(const HandCombo& holding, const BoardCards& board, int32_t street);
-PlayedCards BoardAlone(const BoardCards& board, int32_t street);
+PlayedCards HoldingWithBoard(const HandCombo& holding, const BoardCards& board, Street street);
+PlayedCards BoardAlone(const BoardCards& board, Street street);
 
 // The ranks of the cards as bits, with the ace also counted low. Cards without a rank add nothing.
 RankSet RankSetOf(const PlayedCards& played);
@@ -221,6 +221,6 @@ struct BoardRanks {
   int32_t middle = 0;
   int32_t bottom = 0;
 };
-BoardRanks TopMiddleBottom(const BoardCards& board, int32_t street);
+BoardRanks TopMiddleBottom(const BoardCards& board, Street street);
 
 }  // namespace quillet

@@ -43,6 +43,11 @@ struct HandCards {
 // The board stage: how many community cards are known.
 enum Street : int32_t { kNoBoard = 0, kFlop = 1, kTurn = 2, kRiver = 3 };
 
+// The street after `street` (one past kRiver after the river).
+constexpr Street NextStreet(Street street) {
+  return static_cast<Street>(street + 1);
+}
+
 // Board cards 1..5 (index 0..4). Absent cards are -1, except that after reading the board the ranks of
 // absent cards 4 and 5 copy card 1's rank: code that walks the board decides which cards exist from the
 // street, never from the fields.
@@ -59,7 +64,7 @@ constexpr bool IsDeckCard(Card card) {
 }
 
 // Number of board cards that exist on a street (0, 3, 4 or 5).
-constexpr int BoardCardCount(int32_t street) {
+constexpr int BoardCardCount(Street street) {
   return street == kNoBoard ? 0 : street + 2;
 }
 

@@ -42,7 +42,7 @@ bool ParseHandText(std::string_view rawText, HandCards& hand) {
 }
 
 bool ReadCardInputs(std::string& myHandText, std::string& boardText, const MessageSink& message,
-                    HandCards& hand, BoardCards& board, int32_t& street) {
+                    HandCards& hand, BoardCards& board, Street& street) {
   std::string boardClean = RemoveBlanks(boardText);
   std::string handClean = RemoveBlanks(myHandText);
 
@@ -98,7 +98,15 @@ bool ReadCardInputs(std::string& myHandText, std::string& boardText, const Messa
   return true;
 }
 
-bool HasNoDuplicateCards(const HandCards& hand, const BoardCards& board, int32_t street,
+bool ReadCardInputs(std::string& myHandText, std::string& boardText, const MessageSink& message,
+                    HandCards& hand, BoardCards& board, int32_t& street) {
+  Street read = static_cast<Street>(street);  // left as it was where the read stops before the board
+  const bool ok = ReadCardInputs(myHandText, boardText, message, hand, board, read);
+  street = read;
+  return ok;
+}
+
+bool HasNoDuplicateCards(const HandCards& hand, const BoardCards& board, Street street,
                          std::string_view myHandText) {
   if (street == kNoBoard) {
     const bool identical = hand.rank1 == hand.rank2 && hand.suit1 == hand.suit2;

@@ -28,11 +28,14 @@ bool ParseHandText(std::string_view text, HandCards& hand);
 // length checks both texts are given back blank-free and normalised (ranks upper case, suits lower case).
 // Absent board cards 4 and 5 take card 1's rank (their suits stay -1): walk the board by `street`.
 bool ReadCardInputs(std::string& myHandText, std::string& boardText, const MessageSink& message,
+                    HandCards& hand, BoardCards& board, Street& street);
+// The same with the street as its number (the window keeps it so).
+bool ReadCardInputs(std::string& myHandText, std::string& boardText, const MessageSink& message,
                     HandCards& hand, BoardCards& board, int32_t& street);
 
 // True when no card occurs twice among My Hand and the board cards of the street. Without a board only
 // an identical pair of hand cards counts, and only when the My Hand text is not empty.
-bool HasNoDuplicateCards(const HandCards& hand, const BoardCards& board, int32_t street,
+bool HasNoDuplicateCards(const HandCards& hand, const BoardCards& board, Street street,
                          std::string_view myHandText);
 
 // ---- The core's reading of the two card boxes, as the cook and equity commands take them ----
@@ -53,7 +56,7 @@ struct CardInputs {
   bool textsRead = false;  // both texts parsed (the window colours them by suit again)
   HandCards hand{};        // an empty My Hand reads as four kNoCard fields
   BoardCards board{};
-  int32_t street = kNoBoard;
+  Street street = kNoBoard;
   // The messages the window shows, in order, when the input is refused: the length message of a box, if
   // any, then "Bad Input"; or "Duplicate card exists". Empty when the input is accepted.
   std::vector<std::string> messages;

@@ -27,7 +27,7 @@ std::array<Card, 2> CardsOfHolding(int32_t number) {
 }
 
 int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,
-                         const BoardCards& board, int32_t street) {
+                         const BoardCards& board, Street street) {
   std::array<Card, 7> inUse{};
   int inUseCount = 0;
   inUse[inUseCount++] = hand.card1();

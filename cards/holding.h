@@ -50,9 +50,9 @@ constexpr bool SharesCard(const HandCombo& holding, Card card) {
 // Clears the flag of every holding among the first `count` that shares a card (same rank and suit) with
 // My Hand or with a board card of the street; returns how many of them keep their flag.
 int32_t RemoveDeadCombos(std::vector<HandCombo>& list, int32_t count, const HandCards& hand,
-                         const BoardCards& board, int32_t street);
+                         const BoardCards& board, Street street);
 inline int32_t RemoveDeadCombos(std::vector<HandCombo>& list, const HandCards& hand, const BoardCards& board,
-                                int32_t street) {
+                                Street street) {
   return RemoveDeadCombos(list, static_cast<int32_t>(list.size()), hand, board, street);
 }
 

@@ -37,12 +37,12 @@ ShowdownKey ShowdownKeyOf(Card hole1, Card hole2, const std::array<Card, 5>& boa
                                         BoardCards{board}, kRiver));
 }
 
-ShowdownKey StreetShowdownKey(const HandCombo& holding, const BoardCards& board, int32_t street) {
+ShowdownKey StreetShowdownKey(const HandCombo& holding, const BoardCards& board, Street street) {
   return ShowdownKeyOf(HoldingWithBoard(holding, board, street));
 }
 
 ShowdownResult ComparePartialBoardShowdown(const HandCards& myHand, const HandCombo& opponent,
-                                           const BoardCards& board, int32_t street) {
+                                           const BoardCards& board, Street street) {
   const HandCombo mine{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2};
   return CompareShowdownKeys(StreetShowdownKey(mine, board, street),
                              StreetShowdownKey(opponent, board, street));

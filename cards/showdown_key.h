@@ -129,7 +129,7 @@ ShowdownKey ShowdownKeyOf(const PlayedCards& played);
 // The whole key of one player: two hole cards and five board cards.
 ShowdownKey ShowdownKeyOf(Card hole1, Card hole2, const std::array<Card, 5>& board);
 // A holding's key on the board cards that exist on `street` (none without a board).
-ShowdownKey StreetShowdownKey(const HandCombo& holding, const BoardCards& board, int32_t street);
+ShowdownKey StreetShowdownKey(const HandCombo& holding, const BoardCards& board, Street street);
 
 // Both false is a tie.
 struct ShowdownResult {
@@ -145,6 +145,6 @@ constexpr ShowdownResult CompareShowdownKeys(ShowdownKey mine, ShowdownKey their
 // My Hand against `opponent` on the board cards that exist on `street` (three on the flop, four on the
 // turn, five on the river, none without a board): the results tree's win/tie/lose icons.
 ShowdownResult ComparePartialBoardShowdown(const HandCards& myHand, const HandCombo& opponent,
-                                           const BoardCards& board, int32_t street);
+                                           const BoardCards& board, Street street);
 
 }  // namespace quillet

@@ -129,7 +129,7 @@ bool IsStrongStraightDraw(int32_t entry) {
 
 }  // namespace
 
-BoardContext PrepareBoard(const BoardCards& board, int32_t street) {
+BoardContext PrepareBoard(const BoardCards& board, Street street) {
   BoardContext b;
   b.board = board;
   b.street = street;

@@ -14,14 +14,14 @@ namespace quillet {
 // The board's side of every classification, worked out once per cook.
 struct BoardContext {
   BoardCards board;
-  int32_t street = kNoBoard;
+  Street street = kNoBoard;
   PlayedCards cards;  // the board alone
   Multiplicity own;   // the board's own code and group ranks (multiplicity only: a straight or flush
                       // lying on the board is not part of it)
   BoardRanks ranks;
 };
 
-BoardContext PrepareBoard(const BoardCards& board, int32_t street);
+BoardContext PrepareBoard(const BoardCards& board, Street street);
 
 inline constexpr int32_t kNoEntry = -1;
 

@@ -58,7 +58,7 @@ std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const Range
 }
 
 void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, int32_t count,
-                   const BoardCards& board, int32_t street) {
+                   const BoardCards& board, Street street) {
   if (static_cast<int>(categories.nodes.size()) != kCategoryCount) InitCategories(categories);
   for (CategoryNode& node : categories.nodes) {
     node.count = 0;

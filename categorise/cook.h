@@ -30,9 +30,9 @@ std::vector<HandCombo> CollectRangeCombos(const RangeLayer& onLayer, const Range
 // and the categorised weight by its weight. Last, each entry's non-empty flag tells whether it received
 // anything.
 void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, int32_t count,
-                   const BoardCards& board, int32_t street);
+                   const BoardCards& board, Street street);
 inline void ClassifyRange(Categories& categories, const std::vector<HandCombo>& list, const BoardCards& board,
-                          int32_t street) {
+                          Street street) {
   ClassifyRange(categories, list, static_cast<int32_t>(list.size()), board, street);
 }
 

@@ -29,7 +29,7 @@ Json ShowdownsJson(uint64_t units, uint64_t scale) {
   return Json(static_cast<double>(units) / static_cast<double>(scale));
 }
 
-std::string StreetWord(int32_t rowStreet) {
+std::string StreetWord(Street rowStreet) {
   return rowStreet == kFlop ? "flop" : rowStreet == kTurn ? "turn card" : "river card";
 }
 

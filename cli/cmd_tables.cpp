@@ -15,6 +15,7 @@
 #include "equity/embedded_tables.h"
 #include "equity/lookup_tables.h"
 #include "equity/preflop_class_file.h"
+#include "equity/preflop_class_map.h"
 #include "equity/preflop_classes.h"
 #include "equity/preflop_table_generator.h"
 #include "equity/standard_evaluator.h"
@@ -118,6 +119,11 @@ int Info(std::ostream& out, std::ostream& err) {
   const PreflopClassTableOrError classes = LoadPreflopClassTable();
   if (!classes.ok()) {
     err << "quillet-cli tables: " << classes.error << "\n";
+    return kExitFailure;
+  }
+  // The class table's matchup map, which the build made, is checked like the evaluator's tables.
+  if (!ProgramClassMapIntact()) {
+    err << "quillet-cli tables: the preflop class table's matchup map built into the program is damaged\n";
     return kExitFailure;
   }
   const auto classBytes = EmbeddedClassTableBytes();

@@ -41,7 +41,7 @@ std::string ShowdownsText(const ShowdownTally& tally) {
 }
 
 // The board as the Board box reads it, with the window's messages when it is refused.
-bool ReadBoard(const std::string& text, BoardCards& board, int32_t& street, std::ostream& err) {
+bool ReadBoard(const std::string& text, BoardCards& board, Street& street, std::ostream& err) {
   std::string handText;
   std::string boardText = text;
   HandCards hand;
@@ -71,7 +71,7 @@ int RunEquityRanges(const EquityRangesRequest& request, std::ostream& out, std::
     return kExitBadInput;
   }
   BoardCards board;
-  int32_t street = kNoBoard;
+  Street street = kNoBoard;
   if (!ReadBoard(request.board, board, street, err)) return kExitBadInput;
 
   std::optional<ClassEquities> classes;

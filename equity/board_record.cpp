@@ -2,7 +2,7 @@
 
 namespace quillet {
 
-RemainingCardList RemainingCards(const HandCards& myHand, const BoardCards& board, int32_t street) {
+RemainingCardList RemainingCards(const HandCards& myHand, const BoardCards& board, Street street) {
   const int known = street <= kNoBoard ? 0 : BoardCardCount(street < kRiver ? street : kRiver);
   RemainingCardList list;
   const Deck& deck = TheDeck();

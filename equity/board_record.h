@@ -16,6 +16,6 @@ struct RemainingCardList {
   std::array<Card, 52> cards{};
   int count = 0;
 };
-RemainingCardList RemainingCards(const HandCards& myHand, const BoardCards& board, int32_t street);
+RemainingCardList RemainingCards(const HandCards& myHand, const BoardCards& board, Street street);
 
 }  // namespace quillet

@@ -41,7 +41,7 @@ struct EquityOutcome {
   // My and Opp equity in percent: the tables' mean preflop, the showdown shares on the flop and the turn;
   // -1 and -1 when nothing could be counted, 50 and 50 when every showdown tied, 0 and 0 on the river.
   EquityResult values{0.0, 0.0};
-  int32_t street = kNoBoard;
+  Street street = kNoBoard;
   // Refused: the messages of the refusal, as the window shows them. Calculated: "Error calculating equity
   // GS0" once for each holding whose preflop matchup is missing from the tables (the rest still count),
   // or the tables' load error.

@@ -47,7 +47,7 @@ class ClassBoardCounter {
   // known cards) before the boards of `street` (the flop or the turn), each counting its weight in
   // thousandths.
   template <class Take>
-  ClassBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, int32_t street,
+  ClassBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, Street street,
                     std::span<const HandCombo> combos, Take&& take)
       : boards_(rules, myHand, board, street) {
     const int known = BoardCardCount(street);
@@ -243,7 +243,7 @@ class ClassBoardCounter {
 // When a live holding has a weight below whole, every holding counts its weight in thousandths (out.scale
 // kFullWeight).
 template <class Rules>
-bool CountByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+bool CountByClass(const HandCards& myHand, const BoardCards& board, Street street,
                   std::span<const HandCombo> combos, ClassWinsAndTies& out, int64_t& meets) {
   if (street != kFlop && street != kTurn) return false;
   const KnownCards known = KnownCardsWithHand(myHand, board, street);

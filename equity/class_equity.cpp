@@ -23,7 +23,7 @@ struct LiveHoldings {
 };
 
 LiveHoldings LiveOf(std::span<const HandCombo> range, const HandCards& hand, const BoardCards& board,
-                    int32_t street) {
+                    Street street) {
   std::vector<HandCombo> listed(range.begin(), range.end());
   RemoveDeadCombos(listed, hand, board, street);
   LiveHoldings live;
@@ -162,7 +162,7 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
 
 RangeEquityResult RangeEquityWithClasses(std::span<const HandCombo> myRange,
                                          std::span<const HandCombo> oppRange, const BoardCards& board,
-                                         int32_t street, std::optional<ClassEquities>& classes) {
+                                         Street street, std::optional<ClassEquities>& classes) {
   classes.reset();
   // Per holding of the opponent's range my tally against it, in the whole range's one enumeration.
   std::vector<ShowdownTally> against(kHoldingCount);
@@ -187,21 +187,21 @@ RangeEquityResult RangeEquityWithClasses(std::span<const HandCombo> myRange,
 }
 
 RangeEquityResult RangeEquityWithClasses(const HoldingSet& myRange, const HoldingSet& oppRange,
-                                         const BoardCards& board, int32_t street,
+                                         const BoardCards& board, Street street,
                                          std::optional<ClassEquities>& classes) {
   return RangeEquityWithClasses(CombosOf(myRange), CombosOf(oppRange), board, street, classes);
 }
 
 std::optional<ClassEquities> ClassEquitiesOfRange(std::span<const HandCombo> myRange,
                                                   std::span<const HandCombo> oppRange,
-                                                  const BoardCards& board, int32_t street) {
+                                                  const BoardCards& board, Street street) {
   std::optional<ClassEquities> classes;
   RangeEquityWithClasses(myRange, oppRange, board, street, classes);
   return classes;
 }
 
 std::optional<ClassEquities> ClassEquitiesOfRange(const HoldingSet& myRange, const HoldingSet& oppRange,
-                                                  const BoardCards& board, int32_t street) {
+                                                  const BoardCards& board, Street street) {
   return ClassEquitiesOfRange(CombosOf(myRange), CombosOf(oppRange), board, street);
 }
 

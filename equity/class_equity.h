@@ -54,11 +54,11 @@ std::optional<ClassEquities> ClassEquitiesOfHand(const CardInputs& cards, std::s
 // table.
 std::optional<ClassEquities> ClassEquitiesOfRange(std::span<const HandCombo> myRange,
                                                   std::span<const HandCombo> oppRange,
-                                                  const BoardCards& board, int32_t street);
+                                                  const BoardCards& board, Street street);
 
 // The same for two sets of holdings, each holding listed once.
 std::optional<ClassEquities> ClassEquitiesOfRange(const HoldingSet& myRange, const HoldingSet& oppRange,
-                                                  const BoardCards& board, int32_t street);
+                                                  const BoardCards& board, Street street);
 
 // StandardRangeEquity's result, and in the same enumeration ClassEquitiesOfRange's classes (the whole
 // tally is the classes' tallies summed): what Calc Equity with a range in My Hand and the heat map needs,
@@ -66,9 +66,9 @@ std::optional<ClassEquities> ClassEquitiesOfRange(const HoldingSet& myRange, con
 // result is ok(), else left empty.
 RangeEquityResult RangeEquityWithClasses(std::span<const HandCombo> myRange,
                                          std::span<const HandCombo> oppRange, const BoardCards& board,
-                                         int32_t street, std::optional<ClassEquities>& classes);
+                                         Street street, std::optional<ClassEquities>& classes);
 RangeEquityResult RangeEquityWithClasses(const HoldingSet& myRange, const HoldingSet& oppRange,
-                                         const BoardCards& board, int32_t street,
+                                         const BoardCards& board, Street street,
                                          std::optional<ClassEquities>& classes);
 
 // The holding-weighted mean of the classes' equities: with every holding meeting the same number of

@@ -12,13 +12,18 @@
   extern "C" const std::size_t NAME##_size
 
 // The build names the preflop table files in QUILLET_PREFLOP_TABLE_FILE and QUILLET_PREFLOP_CLASS_FILE
-// (absent without the files), and the standard evaluator's tables, which it makes itself
-// (tools/evaluator_table_generator.cpp), in QUILLET_EVALUATOR_TABLE_FILE.
+// (absent without the files), the class table's matchup map, which it makes from the class table
+// (tools/preflop_class_map_generator.cpp), in QUILLET_PREFLOP_CLASS_MAP_FILE (absent without the class
+// table), and the standard evaluator's tables, which it makes itself (tools/evaluator_table_generator.cpp),
+// in QUILLET_EVALUATOR_TABLE_FILE.
 #ifdef QUILLET_PREFLOP_TABLE_FILE
 QUILLET_EMBED_FILE(quillet_preflop_table, QUILLET_PREFLOP_TABLE_FILE);
 #endif
 #ifdef QUILLET_PREFLOP_CLASS_FILE
 QUILLET_EMBED_FILE(quillet_preflop_class, QUILLET_PREFLOP_CLASS_FILE);
+#endif
+#ifdef QUILLET_PREFLOP_CLASS_MAP_FILE
+QUILLET_EMBED_FILE(quillet_preflop_class_map, QUILLET_PREFLOP_CLASS_MAP_FILE);
 #endif
 QUILLET_EMBED_FILE(quillet_evaluator_table, QUILLET_EVALUATOR_TABLE_FILE);
 
@@ -35,6 +40,14 @@ std::span<const unsigned char> EmbeddedTableBytes() {
 std::span<const unsigned char> EmbeddedClassTableBytes() {
 #ifdef QUILLET_PREFLOP_CLASS_FILE
   return {quillet_preflop_class_data, quillet_preflop_class_size};
+#else
+  return {};
+#endif
+}
+
+std::span<const unsigned char> EmbeddedClassMapBytes() {
+#ifdef QUILLET_PREFLOP_CLASS_MAP_FILE
+  return {quillet_preflop_class_map_data, quillet_preflop_class_map_size};
 #else
   return {};
 #endif

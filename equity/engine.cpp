@@ -18,7 +18,7 @@ namespace {
 // (a function of its ranks in the board's flush suit, which needs exactly five of them).
 class ProgramRules {
  public:
-  ProgramRules(const BoardCards& board, int32_t street) {
+  ProgramRules(const BoardCards& board, Street street) {
     for (int i = 0; i < BoardCardCount(street); ++i) knownRanks_.Add(board[i].rank);
   }
 
@@ -50,7 +50,7 @@ class ProgramRules {
 // share a card.
 class ReaderHoldings {
  public:
-  ReaderHoldings(const HandCards& myHand, const BoardCards& board, int32_t street)
+  ReaderHoldings(const HandCards& myHand, const BoardCards& board, Street street)
       : board_(board),
         known_(BoardCardCount(street)),
         mine_{true, myHand.rank1, myHand.suit1, myHand.rank2, myHand.suit2} {}
@@ -93,7 +93,7 @@ bool TakesPart(const HandCombo& combo) {
 
 }  // namespace
 
-ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
+ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, Street street,
                               std::span<const HandCombo> combos) {
   ShowdownCounts counts;
   if (street != kFlop && street != kTurn) return counts;
@@ -140,7 +140,7 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
   return counts;
 }
 
-void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, Street street,
                              std::span<const HandCombo> combos, std::span<ShowdownCounts> counts) {
   std::fill(counts.begin(), counts.end(), ShowdownCounts{});
   if (counts.size() < combos.size()) return;
@@ -196,7 +196,7 @@ void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, i
   }
 }
 
-void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, Street street,
                            std::span<const HandCombo> combos, std::span<ShowdownCounts> counts) {
   std::fill(counts.begin(), counts.end(), ShowdownCounts{});
   if (counts.size() < static_cast<std::size_t>(kClassCount)) return;
@@ -224,7 +224,7 @@ double RoundedShare(int64_t wins, int64_t decided) {
   return static_cast<double>(hundredths) / 100.0;
 }
 
-EquityResult RunPath(const HandCards& myHand, const BoardCards& board, int32_t street,
+EquityResult RunPath(const HandCards& myHand, const BoardCards& board, Street street,
                      std::span<const HandCombo> combos, const CaptionSink& caption) {
   if (caption) caption(kCalculatingCaption);
   const ShowdownCounts counts = CountShowdowns(myHand, board, street, combos);

@@ -42,7 +42,7 @@ using CaptionSink = std::function<void(std::string_view caption)>;
 // a card outside the deck, and a My Hand or board with such a card, take no part. Other streets count
 // nothing. Each showdown compares the two players' keys (cards/showdown_key.h): read from tables built
 // once per board, or card by card for a holding that shares a card with My Hand or the board.
-ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
+ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, Street street,
                               std::span<const HandCombo> combos);
 
 // The same showdowns as CountShowdowns, in the same one enumeration, but counted for each holding apart:
@@ -51,7 +51,7 @@ ShowdownCounts CountShowdowns(const HandCards& myHand, const BoardCards& board, 
 // CountShowdowns's counts. Unlike CountShowdowns it counts the river too: the board as it stands, one
 // showdown per holding (the equities per category read it). `counts` must have an entry for every holding
 // (else it is only cleared).
-void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, Street street,
                              std::span<const HandCombo> combos, std::span<ShowdownCounts> counts);
 
 // The same showdowns on the flop or the turn summed per starting-hand class, in one enumeration counted by
@@ -59,7 +59,7 @@ void CountShowdownsByHolding(const HandCards& myHand, const BoardCards& board, i
 // holdings take part (flag set, two cards of the deck, none shared with My Hand or the board), as after
 // the equity command has removed the dead ones. Other streets, or a My Hand or board with a card twice,
 // count nothing. `counts` must have kClassCount entries (else it is only cleared).
-void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+void CountShowdownsByClass(const HandCards& myHand, const BoardCards& board, Street street,
                            std::span<const HandCombo> combos, std::span<ShowdownCounts> counts);
 
 // Result R: ties are left out of the denominator, so the two shares add up to 100 before rounding; each

@@ -69,13 +69,13 @@ struct WeightUnits {
 };
 
 // The board cards that exist on `street`.
-constexpr KnownCards KnownBoardCards(const BoardCards& board, int32_t street) {
+constexpr KnownCards KnownBoardCards(const BoardCards& board, Street street) {
   KnownCards known;
   for (int i = 0; i < BoardCardCount(street); ++i) known.Add(board[i]);
   return known;
 }
 // My Hand's two cards and the board cards that exist on `street`.
-constexpr KnownCards KnownCardsWithHand(const HandCards& myHand, const BoardCards& board, int32_t street) {
+constexpr KnownCards KnownCardsWithHand(const HandCards& myHand, const BoardCards& board, Street street) {
   KnownCards known;
   known.Add(myHand.card1());
   known.Add(myHand.card2());
@@ -117,12 +117,12 @@ struct SuitCounts {
 };
 
 // How many cards are still to come on `street`: two on the flop, one on the turn, none on the river.
-constexpr int ComingCardCount(int32_t street) {
+constexpr int ComingCardCount(Street street) {
   return street == kFlop ? 2 : street == kTurn ? 1 : 0;
 }
 
 // How many boards a holding of two remaining cards meets when `remaining` cards are left in the deck.
-constexpr int64_t BoardsMet(int32_t street, int remaining) {
+constexpr int64_t BoardsMet(Street street, int remaining) {
   const int64_t rest = remaining - 2;
   return street == kFlop ? rest * (rest - 1) / 2 : street == kTurn ? rest : 1;
 }
@@ -133,7 +133,7 @@ constexpr int64_t BoardsMet(int32_t street, int remaining) {
 // the share of the boards counted so far and stops the walk by returning false. Returns how many cards
 // are left in the deck, or -1 when the walk was stopped.
 template <class CountBoard, class RowDone>
-int ForEachComingBoard(uint64_t deadCards, int32_t street, CountBoard&& countBoard, RowDone&& rowDone) {
+int ForEachComingBoard(uint64_t deadCards, Street street, CountBoard&& countBoard, RowDone&& rowDone) {
   std::array<Card, kDeckSize> remaining{};
   int count = 0;
   for (int32_t index = 0; index < kDeckSize; ++index) {
@@ -160,7 +160,7 @@ int ForEachComingBoard(uint64_t deadCards, int32_t street, CountBoard&& countBoa
   return count;
 }
 template <class CountBoard>
-int ForEachComingBoard(uint64_t deadCards, int32_t street, CountBoard&& countBoard) {
+int ForEachComingBoard(uint64_t deadCards, Street street, CountBoard&& countBoard) {
   return ForEachComingBoard(deadCards, street, countBoard, [](double) { return true; });
 }
 

@@ -78,7 +78,7 @@ struct LiveRange {
   // candidates are listed for the suits the known board leaves open to three or more cards only. Each
   // holding's weight is taken through `units`.
   template <class Take>
-  LiveRange(std::span<const HandCombo> combos, const BoardCards& board, int32_t street, Take&& take,
+  LiveRange(std::span<const HandCombo> combos, const BoardCards& board, Street street, Take&& take,
             WeightUnits& units) {
     const int known = BoardCardCount(street);
     const int comingCount = ComingCardCount(street);
@@ -188,7 +188,7 @@ using RankPairValues = std::array<uint32_t, kRankPairCount>;
 template <class Rules>
 class ComingBoards {
  public:
-  ComingBoards(const Rules& rules, const HandCards& myHand, const BoardCards& board, int32_t street)
+  ComingBoards(const Rules& rules, const HandCards& myHand, const BoardCards& board, Street street)
       : rules_(rules), values_(ComingCardCount(street)), myPair_(RankPairIndex(myHand.rank1, myHand.rank2)) {
     for (int i = 0; i < BoardCardCount(street); ++i) knownSuits_.Add(board[i]);
     mySuitRanks_[myHand.suit1] |= RankMaskBit(myHand.rank1);
@@ -257,7 +257,7 @@ class ComingBoards {
 template <class Rules>
 class RangeBoardCounter {
  public:
-  RangeBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, int32_t street,
+  RangeBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, Street street,
                     const LiveRange& live)
       : boards_(rules, myHand, board, street), live_(live) {}
 
@@ -402,7 +402,7 @@ template <class Rules, class Take>
 template <class Rules>
 class HoldingBoardCounter {
  public:
-  HoldingBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, int32_t street)
+  HoldingBoardCounter(const Rules& rules, const HandCards& myHand, const BoardCards& board, Street street)
       : boards_(rules, myHand, board, street) {}
 
   void Add(const HandCombo& combo) {

@@ -27,7 +27,7 @@ std::vector<unsigned char> SerializeClassTable(std::span<const MatchupClassRecor
   return out;
 }
 
-PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes, ClassTableCheck check) {
+PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes) {
   if (bytes.size() < kClassTableHeaderSize) {
     return Fail("it is " + std::to_string(bytes.size()) + " bytes long, shorter than its header");
   }
@@ -47,16 +47,14 @@ PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes, C
                 " classes take " + std::to_string(expected));
   }
   const auto payload = bytes.subspan(kClassTableHeaderSize);
-  const bool full = check == ClassTableCheck::Full;
-  if (full && Crc32(payload) != ReadU32(bytes.data() + 16))
-    return Fail("its checksum does not match its contents");
+  if (Crc32(payload) != ReadU32(bytes.data() + 16)) return Fail("its checksum does not match its contents");
 
   std::vector<MatchupClassRecord> records(count);
   for (std::size_t i = 0; i < count; ++i) {
     const unsigned char* p = payload.data() + kClassRecordSize * i;
     records[i] = {ReadU32(p), ReadU32(p + 4), ReadU32(p + 8), ReadU32(p + 12)};
   }
-  PreflopClassTableOrError built = PreflopClassTable::Build(std::move(records), full);
+  PreflopClassTableOrError built = PreflopClassTable::Build(std::move(records));
   if (!built.ok()) return Fail(built.error);
   return built;
 }

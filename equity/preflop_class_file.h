@@ -27,14 +27,9 @@ inline constexpr std::size_t kClassRecordSize = 16;
 // The file image of one record per class (the caller keeps the codes ascending; ParseClassTable checks).
 std::vector<unsigned char> SerializeClassTable(std::span<const MatchupClassRecord> records);
 
-// How much of a class table image is checked: everything (a file, "quillet-cli tables info", the tests),
-// or, for the table built into the program at every start, all but the checksum and Build's costly checks.
-enum class ClassTableCheck { Full, BuiltIn };
-
 // Reads a file image, checking magic, version, size, checksum, code order, that each record's counts add
 // up to every board, and that the codes are exactly the classes of all matchups; the error names the
 // first check that failed.
-PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes,
-                                         ClassTableCheck check = ClassTableCheck::Full);
+PreflopClassTableOrError ParseClassTable(std::span<const unsigned char> bytes);
 
 }  // namespace quillet

@@ -4,9 +4,7 @@
 #include <type_traits>
 
 #include "equity/deck.h"
-#include "equity/embedded_tables.h"
 #include "equity/enumeration.h"
-#include "equity/preflop_class_file.h"
 
 namespace quillet {
 namespace {
@@ -96,7 +94,7 @@ std::vector<uint32_t> AllMatchupClassCodes() {
   return codes;
 }
 
-PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord> records, bool fullCheck) {
+PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord> records) {
   const std::size_t n = records.size();
   for (std::size_t i = 0; i < n; ++i) {
     const MatchupClassRecord& r = records[i];
@@ -112,14 +110,16 @@ PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord
   }
 
   PreflopClassTable t;
-  t.oriented_.reserve(2 * n + 1);
+  std::vector<Counts>& oriented = t.ownOriented_;
+  std::vector<uint32_t>& refs = t.ownRefs_;
+  oriented.reserve(2 * n + 1);
   for (const MatchupClassRecord& r : records) {
-    t.oriented_.push_back({r.wins, r.ties, r.losses});
-    t.oriented_.push_back({r.losses, r.ties, r.wins});
+    oriented.push_back({r.wins, r.ties, r.losses});
+    oriented.push_back({r.losses, r.ties, r.wins});
   }
   const uint32_t none = static_cast<uint32_t>(2 * n);
-  t.oriented_.push_back({0, 0, 0});
-  t.refs_.assign(static_cast<std::size_t>(kHoldingCount) * kHoldingCount, none);
+  oriented.push_back({0, 0, 0});
+  refs.assign(kMatchupRefCount, none);
 
   // Each class claims every matchup its own one becomes under the renamings of the suits, either way round.
   for (std::size_t i = 0; i < n; ++i) {
@@ -128,27 +128,48 @@ PreflopClassTableOrError PreflopClassTable::Build(std::vector<MatchupClassRecord
     if (code > 0xFFFFFF || first < 0 || second < 0 || HoldingsOverlap(first, second)) {
       return {std::nullopt, "its class " + std::to_string(i) + " names no matchup"};
     }
-    if (fullCheck && ClassCodeOf(first, second).code != code) {
+    if (ClassCodeOf(first, second).code != code) {
       return {std::nullopt,
               "its class " + std::to_string(i) + " is not named by the smallest code of its matchups"};
     }
     for (const Renaming& r : AllRenamings()) {
       const std::size_t a = r.holding[first];
       const std::size_t b = r.holding[second];
-      t.refs_[a * kHoldingCount + b] = static_cast<uint32_t>(2 * i);
-      t.refs_[b * kHoldingCount + a] = static_cast<uint32_t>(2 * i + 1);
+      refs[a * kHoldingCount + b] = static_cast<uint32_t>(2 * i);
+      refs[b * kHoldingCount + a] = static_cast<uint32_t>(2 * i + 1);
     }
   }
   // Codes that are ascending and each the smallest of its class name different classes; whether they name
   // them all shows in the matchups left over.
-  for (int32_t a = 0; fullCheck && a < kHoldingCount; ++a) {
+  for (int32_t a = 0; a < kHoldingCount; ++a) {
     for (int32_t b = a + 1; b < kHoldingCount; ++b) {
-      if (t.refs_[static_cast<std::size_t>(a) * kHoldingCount + b] == none && !HoldingsOverlap(a, b)) {
+      if (refs[static_cast<std::size_t>(a) * kHoldingCount + b] == none && !HoldingsOverlap(a, b)) {
         return {std::nullopt, "it has no class for the matchup " + MatchupText(a, b)};
       }
     }
   }
-  t.records_ = std::move(records);
+  t.ownRecords_ = std::move(records);
+  t.records_ = t.ownRecords_;
+  t.oriented_ = oriented;
+  t.refs_ = refs.data();
+  return {std::move(t), {}};
+}
+
+PreflopClassTableOrError PreflopClassTable::InPlace(std::span<const MatchupClassRecord> records,
+                                                    std::span<const Counts> oriented,
+                                                    std::span<const uint32_t> refs) {
+  if (oriented.size() != 2 * records.size() + 1) {
+    return {std::nullopt, "its matchup map holds " + std::to_string(oriented.size()) + " counts for " +
+                              std::to_string(records.size()) + " classes"};
+  }
+  if (refs.size() != kMatchupRefCount) {
+    return {std::nullopt, "its matchup map names " + std::to_string(refs.size()) + " matchups, not " +
+                              std::to_string(kMatchupRefCount)};
+  }
+  PreflopClassTable t;
+  t.records_ = records;
+  t.oriented_ = oriented;
+  t.refs_ = refs.data();
   return {std::move(t), {}};
 }
 
@@ -166,7 +187,7 @@ ShowdownTally PreflopClassTable::Matchup(Card h1, Card h2, Card o1, Card o2) con
 ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const {
   if (!IsHolding(h1, h2)) return {};
   // My Hand's row of the matchup table; a holding that shares a card with My Hand reads the all-zero entry.
-  const uint32_t* row = refs_.data() + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
+  const uint32_t* row = refs_ + static_cast<std::size_t>(HoldingNumber(h1, h2)) * kHoldingCount;
   // A list without a weight below whole is counted plainly; else each matchup counts its holding's weight
   // in thousandths (WeightUnits).
   const auto count = [&](auto anyPartial) {
@@ -176,7 +197,7 @@ ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const 
     int64_t losses = 0;
     for (const HandCombo& h : holdings) {
       if (!h.flag || !IsHolding(h.card1(), h.card2())) continue;
-      const Counts& c = oriented_[row[HoldingNumber(h.card1(), h.card2())]];
+      const Counts& c = oriented_.data()[row[HoldingNumber(h.card1(), h.card2())]];
       if constexpr (decltype(anyPartial)::value) {
         const int64_t w = units.Take(h);
         wins += w * c[0];
@@ -200,30 +221,6 @@ ShowdownTally PreflopClassTable::TallyAgainst(Card h1, Card h2, std::span<const 
     if (h.weight != kFullWeight) return count(std::true_type{});
   }
   return count(std::false_type{});
-}
-
-PreflopClassTableOrError LoadPreflopClassTable() {
-  const std::span<const unsigned char> bytes = EmbeddedClassTableBytes();
-  if (bytes.empty()) return {std::nullopt, "The preflop class table was not built into this program."};
-  return ParseClassTable(bytes);
-}
-
-const PreflopClassTableOrError& ProgramPreflopClassTable() {
-  static const PreflopClassTableOrError table = [] {
-    const std::span<const unsigned char> bytes = EmbeddedClassTableBytes();
-    if (bytes.empty()) {
-      return PreflopClassTableOrError{std::nullopt,
-                                      "The preflop class table was not built into this program."};
-    }
-    return ParseClassTable(bytes, ClassTableCheck::BuiltIn);
-  }();
-  return table;
-}
-
-ShowdownTally StandardPreflopTally(const HandCards& hand, std::span<const HandCombo> holdings) {
-  const PreflopClassTableOrError& loaded = ProgramPreflopClassTable();
-  if (!loaded.ok()) return {};
-  return loaded.table->TallyAgainst(hand.card1(), hand.card2(), holdings);
 }
 
 }  // namespace quillet

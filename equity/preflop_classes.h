@@ -61,10 +61,14 @@ struct MatchupClassRecord {
 
 struct PreflopClassTableOrError;
 
-// The class table with its matchup map: for each ordered pair of holdings the counts it reads (7 MB, built
-// on loading from each class's renamings; the counts themselves take 1.1 MB).
+// The class table with its matchup map: for each ordered pair of holdings the counts it reads (7 MB; the
+// counts themselves take 1.1 MB). The program's table reads its records and its map in place from the
+// program's read-only data (the build makes the map, tools/preflop_class_map_generator.cpp); a table read
+// from a file builds its map from each class's renamings.
 class PreflopClassTable {
  public:
+  using Counts = std::array<uint32_t, 3>;  // wins, ties, losses
+
   // Which class a matchup reads, as an index into Records().
   struct ClassRef {
     int32_t index = -1;     // -1 when the two holdings share a card
@@ -74,18 +78,29 @@ class PreflopClassTable {
   // A table from one record per class, codes ascending. Refused, with the reason, unless the codes are
   // exactly the class codes of all ordered matchups (each matchup finds its class, each class is some
   // matchup's) and every record's counts add up to kPreflopBoardCount.
-  // Without `fullCheck` (the table built into the program, checked by the tests and by "quillet-cli tables
-  // info") the two costly checks are left out: that each class is named by the smallest code of its
-  // matchups and that every matchup has a class.
-  static PreflopClassTableOrError Build(std::vector<MatchupClassRecord> records, bool fullCheck = true);
+  static PreflopClassTableOrError Build(std::vector<MatchupClassRecord> records);
+  // A table over a matchup map made beforehand (ClassMapLayout in preflop_class_map.h), all read in place:
+  // they must outlive the table. Only the sizes are checked, not the contents.
+  static PreflopClassTableOrError InPlace(std::span<const MatchupClassRecord> records,
+                                          std::span<const Counts> oriented, std::span<const uint32_t> refs);
 
-  const std::vector<MatchupClassRecord>& Records() const { return records_; }
+  PreflopClassTable(PreflopClassTable&&) = default;
+  PreflopClassTable& operator=(PreflopClassTable&&) = default;
+  PreflopClassTable(const PreflopClassTable&) = delete;
+  PreflopClassTable& operator=(const PreflopClassTable&) = delete;
+
+  std::span<const MatchupClassRecord> Records() const { return records_; }
+  // The matchup map: per class its counts as recorded (2 i) and reversed (2 i + 1), then one all-zero entry
+  // for holdings that share a card; and for each ordered pair [holding x kHoldingCount + opponent] the entry
+  // it reads.
+  std::span<const Counts> OrientedCounts() const { return oriented_; }
+  std::span<const uint32_t> MatchupRefs() const { return {refs_, kMatchupRefCount}; }
   ClassRef ClassOf(int32_t holding, int32_t opponent) const;
 
   // The exact tally of `holding` against `opponent` (both 0..1325) over every board, from the first
   // holding's side; an empty tally when they share a card. One read of the matchup map and one of the counts.
   ShowdownTally Matchup(int32_t holding, int32_t opponent) const {
-    const Counts& c = oriented_[refs_[static_cast<std::size_t>(holding) * kHoldingCount + opponent]];
+    const Counts& c = oriented_.data()[refs_[static_cast<std::size_t>(holding) * kHoldingCount + opponent]];
     return {c[0], c[1], c[2]};
   }
   ShowdownTally Matchup(Card h1, Card h2, Card o1, Card o2) const;
@@ -98,14 +113,18 @@ class PreflopClassTable {
   ShowdownTally TallyAgainst(Card h1, Card h2, std::span<const HandCombo> holdings) const;
 
  private:
-  using Counts = std::array<uint32_t, 3>;  // wins, ties, losses
+  static constexpr std::size_t kMatchupRefCount = static_cast<std::size_t>(kHoldingCount) * kHoldingCount;
 
-  std::vector<MatchupClassRecord> records_;
-  // Per class its counts as recorded (2 i) and reversed (2 i + 1); the last entry is all zero, for
-  // holdings that share a card.
-  std::vector<Counts> oriented_;
-  // [holding x kHoldingCount + opponent]: the entry of oriented_ the matchup reads.
-  std::vector<uint32_t> refs_;
+  PreflopClassTable() = default;
+
+  // What a table built from records owns; the views below read either these or the program's data.
+  std::vector<MatchupClassRecord> ownRecords_;
+  std::vector<Counts> ownOriented_;
+  std::vector<uint32_t> ownRefs_;
+
+  std::span<const MatchupClassRecord> records_;
+  std::span<const Counts> oriented_;
+  const uint32_t* refs_ = nullptr;  // kMatchupRefCount entries
 };
 
 struct PreflopClassTableOrError {
@@ -117,8 +136,9 @@ struct PreflopClassTableOrError {
 
 // Reads the class table built into the program, checking the file (preflop_class_file.h) and the classes.
 PreflopClassTableOrError LoadPreflopClassTable();
-// The program's class table, read once on first use: as LoadPreflopClassTable() but without the checksum
-// and the costly checks of Build, which the tests and "quillet-cli tables info" run.
+// The program's class table, read in place on first use with the matchup map the build made: only the
+// headers are checked here; the checksums and the costly checks of Build are for the tests and
+// "quillet-cli tables info" (LoadPreflopClassTable, ClassMapIntact).
 const PreflopClassTableOrError& ProgramPreflopClassTable();
 
 // My Hand against the holdings under standard rules before the flop: TallyAgainst over the program's class

@@ -25,7 +25,8 @@ const std::array<std::array<Card, 2>, kHoldingCount>& CardsOfHoldings() {
   return cards;
 }
 
-// Per holding number, the weight of a range's live copies in the units its tally counts (see LiveRangeWeights).
+// Per holding number, the weight of a range's live copies in the units its tally counts (see
+// LiveRangeWeights).
 using HoldingWeights = std::array<int32_t, kHoldingCount>;
 
 // A range's live holdings by holding number. A range whose listed holdings are all whole counts one unit a
@@ -515,7 +516,7 @@ bool CountOnBoard(const BoardCards& board, int32_t known, uint64_t boardCards, c
   CompletionCounter counter(board, known, mine, theirs);
   int64_t wins = 0;
   int64_t ties = 0;
-  const int32_t street = known == 5 ? kRiver : known == 4 ? kTurn : kFlop;
+  const Street street = known == 5 ? kRiver : known == 4 ? kTurn : kFlop;
   const int walked = ForEachComingBoard(
       boardCards, street, [&](std::span<const Card> coming) { counter.Count<false>(coming, wins, ties); },
       [&](double done) { return !progress || progress(done); });
@@ -536,7 +537,7 @@ bool CountOnBoardByOpponent(const BoardCards& board, int32_t known, uint64_t boa
                             std::span<ShowdownTally> against, ShowdownTally& tally) {
   CompletionCounter counter(board, known, mine, theirs);
   int64_t unused = 0;
-  const int32_t street = known == 5 ? kRiver : known == 4 ? kTurn : kFlop;
+  const Street street = known == 5 ? kRiver : known == 4 ? kTurn : kFlop;
   const int walked = ForEachComingBoard(
       boardCards, street, [&](std::span<const Card> coming) { counter.Count<true>(coming, unused, unused); },
       [&](double done) { return !progress || progress(done); });
@@ -594,7 +595,7 @@ bool CountPreflopByOpponent(const PreflopClassTable& table, const HoldingWeights
 // StandardRangeEquity, and with `against` (kHoldingCount entries) the tally per holding of the opponent's
 // range as well.
 RangeEquityResult Calculate(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
-                            const BoardCards& board, int32_t street, const RangeEquityProgress& progress,
+                            const BoardCards& board, Street street, const RangeEquityProgress& progress,
                             std::span<ShowdownTally> against) {
   RangeEquityResult result;
   if (street != kNoBoard && street != kFlop && street != kTurn && street != kRiver) {
@@ -657,14 +658,14 @@ RangeEquityResult Calculate(std::span<const HandCombo> myRange, std::span<const 
 }  // namespace
 
 RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
-                                      const BoardCards& board, int32_t street,
+                                      const BoardCards& board, Street street,
                                       const RangeEquityProgress& progress) {
   return Calculate(myRange, oppRange, board, street, progress, {});
 }
 
 RangeEquityResult StandardRangeEquityByHolding(std::span<const HandCombo> myRange,
                                                std::span<const HandCombo> oppRange, const BoardCards& board,
-                                               int32_t street, std::span<ShowdownTally> against,
+                                               Street street, std::span<ShowdownTally> against,
                                                const RangeEquityProgress& progress) {
   std::fill(against.begin(), against.end(), ShowdownTally{});
   if (against.size() < static_cast<std::size_t>(kHoldingCount)) {

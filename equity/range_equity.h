@@ -65,15 +65,15 @@ struct RangeEquityResult {
 // BoardCardCount(street) cards are known). Refused, with an error, for a board with a card twice or
 // outside the deck, and preflop when the program has no matchup class table.
 RangeEquityResult StandardRangeEquity(std::span<const HandCombo> myRange, std::span<const HandCombo> oppRange,
-                                      const BoardCards& board, int32_t street,
+                                      const BoardCards& board, Street street,
                                       const RangeEquityProgress& progress = {});
 // The same for two sets of holdings, each holding listed once.
 RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSet& oppRange,
-                                      const BoardCards& board, int32_t street,
+                                      const BoardCards& board, Street street,
                                       const RangeEquityProgress& progress = {});
 // The same for two weighted sets, each holding listed once with its weight.
 RangeEquityResult StandardRangeEquity(const WeightedHoldingSet& myRange, const WeightedHoldingSet& oppRange,
-                                      const BoardCards& board, int32_t street,
+                                      const BoardCards& board, Street street,
                                       const RangeEquityProgress& progress = {});
 
 // The holdings of a weighted set as a list, in holding-number order, each once with its weight and its
@@ -89,7 +89,7 @@ std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights);
 // is cleared when the calculation is refused or stopped.
 RangeEquityResult StandardRangeEquityByHolding(std::span<const HandCombo> myRange,
                                                std::span<const HandCombo> oppRange, const BoardCards& board,
-                                               int32_t street, std::span<ShowdownTally> against,
+                                               Street street, std::span<ShowdownTally> against,
                                                const RangeEquityProgress& progress = {});
 
 }  // namespace quillet

@@ -30,7 +30,7 @@ std::vector<HandCombo> WeightedCombos(const WeightedHoldingSet& weights) {
 }
 
 RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSet& oppRange,
-                                      const BoardCards& board, int32_t street,
+                                      const BoardCards& board, Street street,
                                       const RangeEquityProgress& progress) {
   const auto whole = [](const HoldingSet& set) {
     return HoldingList(set.size(), [&](int number) { return set.contains(number) ? kFullWeight : 0; });
@@ -39,7 +39,7 @@ RangeEquityResult StandardRangeEquity(const HoldingSet& myRange, const HoldingSe
 }
 
 RangeEquityResult StandardRangeEquity(const WeightedHoldingSet& myRange, const WeightedHoldingSet& oppRange,
-                                      const BoardCards& board, int32_t street,
+                                      const BoardCards& board, Street street,
                                       const RangeEquityProgress& progress) {
   const std::vector<HandCombo> mine = WeightedCombos(myRange);
   const std::vector<HandCombo> theirs = WeightedCombos(oppRange);

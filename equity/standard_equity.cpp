@@ -32,7 +32,7 @@ void FillRankValues(const StandardEvaluator& evaluator, RankState boardRanks, Ha
 // its cards, the larger of what its ranks make and the flush (any five or more cards of the suit).
 class StandardRules {
  public:
-  StandardRules(const BoardCards& board, int32_t street) : evaluator_(StandardEvaluator::Get()) {
+  StandardRules(const BoardCards& board, Street street) : evaluator_(StandardEvaluator::Get()) {
     for (int i = 0; i < BoardCardCount(street); ++i)
       knownRanks_ = evaluator_.AddRank(knownRanks_, board[i].rank);
   }
@@ -51,13 +51,13 @@ class StandardRules {
   RankState knownRanks_ = StandardEvaluator::kNoRanks;
 };
 
-bool IsStreetWithBoard(int32_t street) {
+bool IsStreetWithBoard(Street street) {
   return street == kFlop || street == kTurn || street == kRiver;
 }
 
 }  // namespace
 
-ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
+ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, Street street,
                                     std::span<const HandCombo> combos) {
   ShowdownTally tally;
   if (!IsStreetWithBoard(street)) return tally;
@@ -88,7 +88,7 @@ ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& b
   return tally;
 }
 
-void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& board, Street street,
                                     std::span<const HandCombo> combos, std::span<ShowdownTally> tallies) {
   std::fill(tallies.begin(), tallies.end(), ShowdownTally{});
   if (tallies.size() < combos.size()) return;
@@ -125,7 +125,7 @@ void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& b
   }
 }
 
-void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& board, Street street,
                                   std::span<const HandCombo> combos, std::span<ShowdownTally> tallies) {
   std::fill(tallies.begin(), tallies.end(), ShowdownTally{});
   if (tallies.size() < static_cast<std::size_t>(kClassCount)) return;
@@ -149,7 +149,7 @@ std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHan
 }
 
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
-                                                 int32_t street, std::span<const HandCombo> combos) {
+                                                 Street street, std::span<const HandCombo> combos) {
   if (street == kNoBoard) return PreflopTallyForStandardRules(myHand, combos);
   return StandardShowdownTally(myHand, board, street, combos);
 }
@@ -161,7 +161,7 @@ EquityResult EquityFromTally(const ShowdownTally& tally) {
 }
 
 ShowdownResult CompareStandardShowdown(const HandCards& myHand, const HandCombo& opponent,
-                                       const BoardCards& board, int32_t street) {
+                                       const BoardCards& board, Street street) {
   const int known = BoardCardCount(street);
   if (known < 3 || known > 5 || !KnownCardsWithHand(myHand, board, street).valid()) return {};
   const Card a = opponent.card1();

@@ -34,21 +34,21 @@ namespace quillet {
 // Every showdown of My Hand against the live holdings on the flop (street 1: every turn and river), the
 // turn (street 2: every river) or the river (street 3: the board itself). Nothing is counted preflop, for
 // a My Hand or board with a card twice or outside the deck, or with no live holding.
-ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, int32_t street,
+ShowdownTally StandardShowdownTally(const HandCards& myHand, const BoardCards& board, Street street,
                                     std::span<const HandCombo> combos);
 
 // The same showdowns as StandardShowdownTally, in one enumeration, counted for each holding apart:
 // `tallies[k]` gets My Hand's wins, ties and losses against `combos[k]` (all zero for a holding that takes
 // no part). Summed over the holdings they are StandardShowdownTally's tally. `tallies` must have an entry
 // for every holding (else it is only cleared).
-void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& board, int32_t street,
+void StandardShowdownTallyByHolding(const HandCards& myHand, const BoardCards& board, Street street,
                                     std::span<const HandCombo> combos, std::span<ShowdownTally> tallies);
 
 // The same showdowns on the flop or the turn summed per starting-hand class, in one enumeration counted by
 // rank pair (class_board_counter.h): `tallies[c]` for grid block c (cards/hand_class.h). Summed over the
 // classes they are StandardShowdownTally's tally. Other streets count nothing. `tallies` must have
 // kClassCount entries (else it is only cleared).
-void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& board, int32_t street,
+void StandardShowdownTallyByClass(const HandCards& myHand, const BoardCards& board, Street street,
                                   std::span<const HandCombo> combos, std::span<ShowdownTally> tallies);
 
 // Every showdown preflop (every five-card board), read from the exact preflop table of matchup classes.
@@ -60,7 +60,7 @@ std::optional<ShowdownTally> PreflopTallyForStandardRules(const HandCards& myHan
 
 // The tally on any street: PreflopTallyForStandardRules without a board, StandardShowdownTally with one.
 std::optional<ShowdownTally> StandardEquityTally(const HandCards& myHand, const BoardCards& board,
-                                                 int32_t street, std::span<const HandCombo> combos);
+                                                 Street street, std::span<const HandCombo> combos);
 
 // The read-outs of a tally: My Equity with ties split half, Opp Equity the rest of 100; -1 and -1 when
 // nothing was counted (as for an empty range under the program's own rules).
@@ -70,6 +70,6 @@ EquityResult EquityFromTally(const ShowdownTally& tally);
 // tie), under the standard rules. Used for the win/tie/lose icons. No board, or cards given twice, give
 // a tie.
 ShowdownResult CompareStandardShowdown(const HandCards& myHand, const HandCombo& opponent,
-                                       const BoardCards& board, int32_t street);
+                                       const BoardCards& board, Street street);
 
 }  // namespace quillet

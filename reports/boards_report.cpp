@@ -108,7 +108,7 @@ struct BoardJob {
 // What each worker thread keeps between boards.
 class BoardCounter {
  public:
-  BoardCounter(const BoardsReportRequest& request, int32_t rowStreet, const std::vector<ShowdownTally>& flops)
+  BoardCounter(const BoardsReportRequest& request, Street rowStreet, const std::vector<ShowdownTally>& flops)
       : request_(request),
         rowStreet_(rowStreet),
         flops_(flops),
@@ -168,7 +168,7 @@ class BoardCounter {
 
  private:
   const BoardsReportRequest& request_;
-  int32_t rowStreet_;
+  Street rowStreet_;
   const std::vector<ShowdownTally>& flops_;  // every flop's tally counted at once, when it was
   std::vector<HandCombo> live_;
   std::vector<ShowdownCounts> byHolding_;
@@ -279,7 +279,7 @@ BoardsAggregate AggregateRows(std::span<const BoardsReportRow> rows, const Board
 BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsReportCallbacks& callbacks) {
   BoardsReport report;
   report.rules = request.hand ? request.rules : ShowdownRules::Standard;
-  report.rowStreet = request.street + 1;
+  report.rowStreet = NextStreet(request.street);
   report.error = CheckRequest(request);
   if (!report.error.empty()) return report;
 

@@ -45,7 +45,7 @@ struct BoardsReportRequest {
   std::vector<HandCombo> myRange;
   std::vector<HandCombo> oppRange;  // holdings with their weights; flags cleared take no part
   BoardCards board;                 // the board so far: none, a flop or a turn
-  int32_t street = kNoBoard;
+  Street street = kNoBoard;
   // Quillet's own rules need my hand: the program counts a range of mine under the standard rules only.
   ShowdownRules rules = ShowdownRules::Quillet;
   // Boards the filter does not keep are not counted (and give no row).
@@ -84,8 +84,8 @@ struct BoardsAggregate {
 struct BoardsReport {
   std::vector<BoardsReportRow> rows;
   ShowdownRules rules = ShowdownRules::Quillet;
-  int32_t rowStreet = kFlop;  // the street of the rows' boards
-  bool suitClasses = false;   // the rows are the 1,755 flops, each with its weight
+  Street rowStreet = kFlop;  // the street of the rows' boards
+  bool suitClasses = false;  // the rows are the 1,755 flops, each with its weight
   // The equity of the board so far as the engines give it: the check of the aggregate over every row.
   // None under the program's own rules without a board (the preflop read-out is the tables' mean).
   std::optional<ShowdownTally> boardSoFar;

@@ -40,7 +40,7 @@ int32_t RangeGroupOf(const ComboClassification& c) {
   return kGroupNothing;
 }
 
-RankPairGroups GroupsByRanks(const BoardCards& board, int32_t street) {
+RankPairGroups GroupsByRanks(const BoardCards& board, Street street) {
   // The board's ranks in their places, its suits spread so that no suit has more than two of its cards:
   // with two hole cards of two other suits no flush and no flush draw can come about, and what the cook
   // finds is what the ranks make.
@@ -61,10 +61,10 @@ RankPairGroups GroupsByRanks(const BoardCards& board, int32_t street) {
   return groups;
 }
 
-RangeGroupReader::RangeGroupReader(const BoardCards& board, int32_t street)
+RangeGroupReader::RangeGroupReader(const BoardCards& board, Street street)
     : RangeGroupReader(board, street, GroupsByRanks(board, street)) {}
 
-RangeGroupReader::RangeGroupReader(const BoardCards& board, int32_t street, const RankPairGroups& byRanks)
+RangeGroupReader::RangeGroupReader(const BoardCards& board, Street street, const RankPairGroups& byRanks)
     : byRanks_(byRanks), draws_(street == kFlop || street == kTurn) {
   for (int i = 0; i < BoardCardCount(street); ++i) ++boardSuitCounts_[board[i].suit];
 }

@@ -43,15 +43,15 @@ int32_t RangeGroupOf(const ComboClassification& classification);
 // Per rank pair (CanonicalPairIndex): the group a holding of those ranks is in when no flush counts. It
 // depends on the board's ranks in their places alone.
 using RankPairGroups = std::array<int8_t, kRankPairCount>;
-RankPairGroups GroupsByRanks(const BoardCards& board, int32_t street);
+RankPairGroups GroupsByRanks(const BoardCards& board, Street street);
 
 // The groups of holdings on one board (three to five cards).
 class RangeGroupReader {
  public:
-  RangeGroupReader(const BoardCards& board, int32_t street);
+  RangeGroupReader(const BoardCards& board, Street street);
   // With the board's GroupsByRanks worked out already (for another board of the same ranks in the same
   // places).
-  RangeGroupReader(const BoardCards& board, int32_t street, const RankPairGroups& byRanks);
+  RangeGroupReader(const BoardCards& board, Street street, const RankPairGroups& byRanks);
 
   // The group of a holding that shares no card with the board.
   int32_t GroupOf(Card a, Card b) const;

@@ -116,7 +116,7 @@ class TreeBuilder {
   void CountCategoryEquities() {
     if (!options_.categoryEquity || cards_.street == kNoBoard) return;
     if (!IsDeckCard(cards_.hand.card1()) || !IsDeckCard(cards_.hand.card2())) return;
-    showdowns_.emplace(cards_.hand, cards_.board, cards_.street, CategorisedHoldings(categories_),
+    showdowns_.emplace(cards_.hand, cards_.board, cards_.OnStreet(), CategorisedHoldings(categories_),
                        options_.showdownRules);
     out_.categoryEquities = CategoryEquities(categories_, *showdowns_);
   }
@@ -204,7 +204,7 @@ class TreeBuilder {
   }
 
   WinTieLose Icon(const HandCombo& combo) const {
-    return WinTieLoseIcon(options_.winLoseIcons, cards_.hand, combo, cards_.board, cards_.street,
+    return WinTieLoseIcon(options_.winLoseIcons, cards_.hand, combo, cards_.board, cards_.OnStreet(),
                           options_.showdownRules);
   }
 
@@ -320,7 +320,7 @@ int AddResultNode(ResultsTree& tree, std::string& exportText, int level, std::st
 }
 
 WinTieLose WinTieLoseIcon(bool winLoseOn, const HandCards& myHand, const HandCombo& combo,
-                          const BoardCards& board, int32_t street, ShowdownRules rules) {
+                          const BoardCards& board, Street street, ShowdownRules rules) {
   if (!winLoseOn || street == kNoBoard) return {};
   if (!IsDeckCard(myHand.card1()) || !IsDeckCard(myHand.card2())) return {};
   const ShowdownResult result = rules == ShowdownRules::Standard

@@ -44,7 +44,9 @@ struct ResultsCards {
   std::string boardText;
   HandCards hand{0, kNoCard, kNoCard, kNoCard, kNoCard};  // empty My Hand
   BoardCards board{};
-  int32_t street = kNoBoard;
+  int32_t street = kNoBoard;  // the street as a number (the window keeps it so): OnStreet() reads it
+
+  Street OnStreet() const { return static_cast<Street>(street); }
 };
 
 struct ResultsBuild {
@@ -104,7 +106,7 @@ struct WinTieLose {
   bool decisive = false;
 };
 WinTieLose WinTieLoseIcon(bool winLoseOn, const HandCards& myHand, const HandCombo& combo,
-                          const BoardCards& board, int32_t street,
+                          const BoardCards& board, Street street,
                           ShowdownRules rules = ShowdownRules::Quillet);
 
 // The text colour of a holding's node: by suit when both cards share it (clubs green, diamonds blue,

@@ -23,7 +23,7 @@ std::span<const HandCombo> OwnHoldings(const CategoryNode& node) {
 
 }  // namespace
 
-HoldingShowdowns::HoldingShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
+HoldingShowdowns::HoldingShowdowns(const HandCards& myHand, const BoardCards& board, Street street,
                                    std::span<const HandCombo> holdings, ShowdownRules rules)
     : rules_(rules), byNumber_(kHoldingCount) {
   if (street != kFlop && street != kTurn && street != kRiver) return;

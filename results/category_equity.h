@@ -28,7 +28,7 @@ class HoldingShowdowns {
   // part; a holding listed twice is counted once) on the board of `street`: every completion of a flop or
   // a turn, the board as it stands on the river (one showdown per holding). A holding that shares a card
   // with My Hand or the board, or a street without a board, counts nothing.
-  HoldingShowdowns(const HandCards& myHand, const BoardCards& board, int32_t street,
+  HoldingShowdowns(const HandCards& myHand, const BoardCards& board, Street street,
                    std::span<const HandCombo> holdings, ShowdownRules rules);
 
   ShowdownRules rules() const { return rules_; }

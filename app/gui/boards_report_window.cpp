@@ -28,7 +28,7 @@ QString BoardsTip(const char* control) {
   return ToQString(BoardsReportModel::ToolTip(control));
 }
 
-QColor ToQColor(Colour colour) {
+QColor PlainQColor(Colour colour) {
   return QColor(static_cast<int>(RedOf(colour)), static_cast<int>(GreenOf(colour)),
                 static_cast<int>(BlueOf(colour)));
 }
@@ -128,7 +128,7 @@ void BoardsChart::PaintHistogram(QPainter& painter) {
     const int barHeight = static_cast<int>(area.height() * bins[static_cast<std::size_t>(b)] / most + 0.5);
     const double centre = (b + 0.5) * 100.0 / kBoardsHistogramBins;
     const QRectF bar(area.left() + b * barWidth + 1, area.bottom() - barHeight + 1, barWidth - 2, barHeight);
-    painter.fillRect(bar, ToQColor(BoardsReportModel::EquityColour(centre, midpoint)));
+    painter.fillRect(bar, PlainQColor(BoardsReportModel::EquityColour(centre, midpoint)));
     painter.setPen(palette().mid().color());
     painter.drawRect(bar);
   }
@@ -151,7 +151,7 @@ void BoardsChart::PaintGrid(QPainter& painter) {
   painter.setPen(palette().mid().color());
   for (int cell = 0; cell < static_cast<int>(cells.size()); ++cell) {
     const QRect box = CellRect(cell);
-    painter.fillRect(box, ToQColor(cells[static_cast<std::size_t>(cell)].colour));
+    painter.fillRect(box, PlainQColor(cells[static_cast<std::size_t>(cell)].colour));
     painter.setPen(palette().mid().color());
     painter.drawRect(box.adjusted(0, 0, -1, -1));
     painter.setPen(Qt::black);

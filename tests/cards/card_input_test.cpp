@@ -15,7 +15,7 @@ struct InputRun {
   std::vector<std::string> messages;
   HandCards handCards;
   BoardCards boardCards;
-  int32_t street = -99;
+  int32_t street = -99;  // read through the overload that keeps the street as a number, as the window does
   bool ok = false;
 
   InputRun(std::string h, std::string b) : hand(std::move(h)), board(std::move(b)) {
@@ -157,43 +157,46 @@ TEST(ParseHandText, RefusesWrongLengthsAndBadCharacters) {
 TEST(HasNoDuplicateCards, SameHandCardTwiceWithNoBoardIsADuplicate) {
   InputRun run("AhAh", "");
   ASSERT_TRUE(run.ok);
-  EXPECT_FALSE(HasNoDuplicateCards(run.handCards, run.boardCards, run.street, run.hand));
+  EXPECT_FALSE(HasNoDuplicateCards(run.handCards, run.boardCards, static_cast<Street>(run.street), run.hand));
 }
 
 TEST(HasNoDuplicateCards, EmptyHandWithNoBoardIsNoDuplicate) {
   InputRun run("", "");
   ASSERT_TRUE(run.ok);
-  EXPECT_TRUE(HasNoDuplicateCards(run.handCards, run.boardCards, run.street, run.hand));
+  EXPECT_TRUE(HasNoDuplicateCards(run.handCards, run.boardCards, static_cast<Street>(run.street), run.hand));
 }
 
 TEST(HasNoDuplicateCards, EmptyHandAndARepeatedBoardCardIsADuplicate) {
   InputRun run("", "AhAh4c");
   ASSERT_TRUE(run.ok);
-  EXPECT_FALSE(HasNoDuplicateCards(run.handCards, run.boardCards, run.street, run.hand));
+  EXPECT_FALSE(HasNoDuplicateCards(run.handCards, run.boardCards, static_cast<Street>(run.street), run.hand));
 }
 
 TEST(HasNoDuplicateCards, AHandCardOnTheBoardIsADuplicate) {
   InputRun run("AhKd", "QsAh4c");
   ASSERT_TRUE(run.ok);
-  EXPECT_FALSE(HasNoDuplicateCards(run.handCards, run.boardCards, run.street, run.hand));
+  EXPECT_FALSE(HasNoDuplicateCards(run.handCards, run.boardCards, static_cast<Street>(run.street), run.hand));
 }
 
 TEST(HasNoDuplicateCards, DistinctCardsOnEveryStreetPass) {
   for (const char* board : {"QsJh4c", "QsJh4c2d", "QsJh4c2d9s"}) {
     InputRun run("AhKd", board);
     ASSERT_TRUE(run.ok);
-    EXPECT_TRUE(HasNoDuplicateCards(run.handCards, run.boardCards, run.street, run.hand)) << board;
+    EXPECT_TRUE(HasNoDuplicateCards(run.handCards, run.boardCards, static_cast<Street>(run.street), run.hand))
+        << board;
   }
 }
 
 TEST(HasNoDuplicateCards, LooksAtTheRiverOnlyOnTheRiver) {
   InputRun river("AhKd", "QsJh4c2dKd");
   ASSERT_TRUE(river.ok);
-  EXPECT_FALSE(HasNoDuplicateCards(river.handCards, river.boardCards, river.street, river.hand));
+  EXPECT_FALSE(
+      HasNoDuplicateCards(river.handCards, river.boardCards, static_cast<Street>(river.street), river.hand));
   InputRun turn("AhKd", "QsJh4c2d");
   ASSERT_TRUE(turn.ok);
   turn.boardCards[4] = Card{13, 1};  // a stale river field is not a card on the turn
-  EXPECT_TRUE(HasNoDuplicateCards(turn.handCards, turn.boardCards, turn.street, turn.hand));
+  EXPECT_TRUE(
+      HasNoDuplicateCards(turn.handCards, turn.boardCards, static_cast<Street>(turn.street), turn.hand));
 }
 
 }  // namespace

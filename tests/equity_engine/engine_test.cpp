@@ -26,7 +26,7 @@ using testing::LiveHoldings;
 // The same count by the reference comparator (test code): every completion of the board from the cards
 // left beside My Hand and the known board, each holding that uses none of its cards compared by the
 // written rules.
-ShowdownCounts ReferenceCounts(const HandCards& hand, const BoardCards& board, int32_t street,
+ShowdownCounts ReferenceCounts(const HandCards& hand, const BoardCards& board, Street street,
                                const std::vector<HandCombo>& combos) {
   const int known = BoardCardCount(street);
   const RemainingCardList remaining = RemainingCards(hand, board, street);
@@ -208,7 +208,7 @@ TEST(Enumeration, RandomHandsBoardsAndRangesCountExactlyWhatTheReferenceComparat
       const int32_t suit = static_cast<int32_t>(rng() % 4);
       std::stable_partition(deck.begin() + 2, deck.end(), [&](Card card) { return card.suit == suit; });
     }
-    const int32_t street = round % 2 == 0 ? kFlop : kTurn;
+    const Street street = round % 2 == 0 ? kFlop : kTurn;
     const HandCards hand{1, deck[0].rank, deck[0].suit, deck[1].rank, deck[1].suit};
     BoardCards board;
     for (int i = 0; i < 5; ++i) board[i] = i < BoardCardCount(street) ? deck[2 + i] : Card{};

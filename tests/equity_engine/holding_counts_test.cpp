@@ -31,7 +31,7 @@ ShowdownCounts Sum(const std::vector<ShowdownCounts>& counts) {
   return sum;
 }
 
-std::vector<ShowdownCounts> ByHolding(const HandCards& hand, const BoardCards& board, int32_t street,
+std::vector<ShowdownCounts> ByHolding(const HandCards& hand, const BoardCards& board, Street street,
                                       const std::vector<HandCombo>& combos) {
   std::vector<ShowdownCounts> counts(combos.size());
   CountShowdownsByHolding(hand, board, street, combos, counts);
@@ -47,7 +47,7 @@ const Spot kSpots[] = {{"AhKd", "Tc8h3s", kFlop},
 
 // The holdings that share no card with My Hand or the board (what the equity command passes), then a few
 // that do (the fast path leaves those to the hand reader, card by card).
-std::vector<HandCombo> LiveAndSomeDead(const HandCards& hand, const BoardCards& board, int32_t street) {
+std::vector<HandCombo> LiveAndSomeDead(const HandCards& hand, const BoardCards& board, Street street) {
   std::vector<HandCombo> live;
   std::vector<HandCombo> dead;
   for (const HandCombo& combo : AllHoldings()) {

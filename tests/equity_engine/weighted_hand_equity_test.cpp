@@ -59,7 +59,7 @@ struct BoardCount {
 
 // My Hand against one holding on every board the known cards leave to come (every five-card board
 // preflop), each board once, decided by the comparison behind the win/tie/lose icons on the full board.
-BoardCount DealtOut(const HandCards& hand, const BoardCards& board, int32_t street, const HandCombo& holding,
+BoardCount DealtOut(const HandCards& hand, const BoardCards& board, Street street, const HandCombo& holding,
                     ShowdownRules rules) {
   const int known = BoardCardCount(street);
   std::vector<Card> rest;
@@ -97,7 +97,7 @@ ShowdownTally Weighed(const BoardCount& boards, int32_t weight) {
 }
 
 // The whole range's showdowns, each holding's boards weighted by its weight.
-ShowdownTally WeighedDealtOut(const HandCards& hand, const BoardCards& board, int32_t street,
+ShowdownTally WeighedDealtOut(const HandCards& hand, const BoardCards& board, Street street,
                               const std::vector<HandCombo>& range, ShowdownRules rules) {
   ShowdownTally tally{0, 0, 0, kFullWeight};
   for (const HandCombo& holding : range)
@@ -106,7 +106,7 @@ ShowdownTally WeighedDealtOut(const HandCards& hand, const BoardCards& board, in
 }
 
 // The same showdowns counted plainly (every holding once, whatever its weight).
-ShowdownTally PlainDealtOut(const HandCards& hand, const BoardCards& board, int32_t street,
+ShowdownTally PlainDealtOut(const HandCards& hand, const BoardCards& board, Street street,
                             const std::vector<HandCombo>& range, ShowdownRules rules) {
   ShowdownTally tally;
   for (const HandCombo& holding : range) {
@@ -122,14 +122,14 @@ ShowdownTally TallyOf(const ShowdownCounts& counts) {
 }
 
 // The program's rules' whole-range count as a tally (wins, ties, losses and scale), its total checked.
-ShowdownTally QuilletTally(const HandCards& hand, const BoardCards& board, int32_t street,
+ShowdownTally QuilletTally(const HandCards& hand, const BoardCards& board, Street street,
                            const std::vector<HandCombo>& range) {
   const ShowdownCounts counts = CountShowdowns(hand, board, street, range);
   EXPECT_EQ(counts.total, counts.myWins + counts.ties + counts.oppWins);
   return TallyOf(counts);
 }
 
-ShowdownTally RangeTally(const HandCards& hand, const BoardCards& board, int32_t street,
+ShowdownTally RangeTally(const HandCards& hand, const BoardCards& board, Street street,
                          const std::vector<HandCombo>& range, ShowdownRules rules) {
   return rules == ShowdownRules::Standard ? StandardShowdownTally(hand, board, street, range)
                                           : QuilletTally(hand, board, street, range);
@@ -138,7 +138,7 @@ ShowdownTally RangeTally(const HandCards& hand, const BoardCards& board, int32_t
 // ---- ranges ----
 
 // Every live holding kept with chance `share`, each at a weight of 0.001 to 1 (a quarter of them whole).
-std::vector<HandCombo> RandomWeightedRange(const HandCards& hand, const BoardCards& board, int32_t street,
+std::vector<HandCombo> RandomWeightedRange(const HandCards& hand, const BoardCards& board, Street street,
                                            double share, std::mt19937_64& rng) {
   std::vector<HandCombo> range;
   std::uniform_real_distribution<double> keep(0.0, 1.0);
@@ -157,7 +157,7 @@ struct RandomSpot {
   HandCards hand;
   BoardCards board;
 };
-RandomSpot MakeRandomSpot(int32_t street, std::mt19937_64& rng) {
+RandomSpot MakeRandomSpot(Street street, std::mt19937_64& rng) {
   std::array<int, kDeckSize> places{};
   for (int i = 0; i < kDeckSize; ++i) places[i] = i;
   for (int i = 0; i < 7; ++i) std::swap(places[i], places[i + static_cast<int>(rng() % (kDeckSize - i))]);
@@ -290,7 +290,7 @@ TEST(WeightedHandEquity, AWeightBelowWholeOnADeadHoldingLeavesTheStandardCountWh
 TEST(WeightedHandEquity, RandomHandsBoardsAndWeightedRangesCountWhatTheDealtOutCountCounts) {
   std::mt19937_64 rng(testing::TestSeed(2203));
   for (int round = 0; round < 6; ++round) {
-    const int32_t street = round % 3 == 0 ? kFlop : round % 3 == 1 ? kTurn : kRiver;
+    const Street street = round % 3 == 0 ? kFlop : round % 3 == 1 ? kTurn : kRiver;
     const RandomSpot spot = MakeRandomSpot(street, rng);
     const std::vector<HandCombo> range =
         RandomWeightedRange(spot.hand, spot.board, street, street == kFlop ? 0.1 : 0.5, rng);
@@ -320,7 +320,7 @@ TEST(WeightedHandEquity, AFullRangeWithMixedWeightsOnAMonotoneFlopCountsWhatTheD
 TEST(WeightedHandEquity, HoldingByHoldingEachGetsItsBoardsTimesItsWeightUnderBothRules) {
   std::mt19937_64 rng(testing::TestSeed(2205));
   const FixedSpot spots[] = {kFlops[0], kTurns[0], kRivers[0]};
-  const int32_t streets[] = {kFlop, kTurn, kRiver};
+  const Street streets[] = {kFlop, kTurn, kRiver};
   for (int s = 0; s < 3; ++s) {
     const HandCards hand = Hand(spots[s].hand);
     const BoardCards board = Board(spots[s].board);
@@ -344,7 +344,7 @@ TEST(WeightedHandEquity, HoldingByHoldingEachGetsItsBoardsTimesItsWeightUnderBot
 TEST(WeightedHandEquity, ClassByClassEachClassSumsItsHoldingsWeightedBoardsUnderBothRules) {
   std::mt19937_64 rng(testing::TestSeed(2206));
   const FixedSpot spots[] = {kFlops[1], kTurns[2]};
-  const int32_t streets[] = {kFlop, kTurn};
+  const Street streets[] = {kFlop, kTurn};
   for (int s = 0; s < 2; ++s) {
     const HandCards hand = Hand(spots[s].hand);
     const BoardCards board = Board(spots[s].board);
@@ -581,7 +581,7 @@ TEST(WeightedHandEquity, EveryHoldingAtHalfGivesHalfTheCountsAndExactlyThePlainE
   std::mt19937_64 rng(testing::TestSeed(2213));
   for (const char* boardText : {"Qh9h4c", "Qh9h4c2h", "Qh9h4c2h8s"}) {
     const BoardCards board = Board(boardText);
-    const int32_t street = static_cast<int32_t>(std::string_view(boardText).size() / 2 - 2);
+    const Street street = static_cast<Street>(std::string_view(boardText).size() / 2 - 2);
     const std::vector<HandCombo> whole =
         WithWeight(RandomWeightedRange(hand, board, street, street == kFlop ? 0.3 : 0.8, rng), kFullWeight);
     const std::vector<HandCombo> half = WithWeight(whole, 500);
@@ -612,7 +612,7 @@ TEST(WeightedHandEquity, AHoldingAtHalfCountsAsHalfOfTheOthersListedTwice) {
   const HandCards hand = Hand("9c8c");
   for (const char* boardText : {"Ac7c2d", "Ac7c2d2c"}) {
     const BoardCards board = Board(boardText);
-    const int32_t street = static_cast<int32_t>(std::string_view(boardText).size() / 2 - 2);
+    const Street street = static_cast<Street>(std::string_view(boardText).size() / 2 - 2);
     std::vector<HandCombo> weighted = {Holding("KcQc"), Holding("AhAs"), Holding("6c5d")};
     weighted[0].weight = 500;
     const std::vector<HandCombo> listed = {Holding("KcQc"), Holding("AhAs"), Holding("AhAs"), Holding("6c5d"),

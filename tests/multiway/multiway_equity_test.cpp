@@ -295,7 +295,7 @@ TEST(MultiwayEquity, HeadsUpWithWeightsEqualsTheWeightedRangeEquity) {
       const MultiwayResult multi = MultiwayExact(MultiwayRanges({mine, theirs}), Cards(board));
       const RangeEquityResult heads =
           StandardRangeEquity(MultiwayRange(mine), MultiwayRange(theirs), quillet::testing::Board(board),
-                              static_cast<int32_t>(board.size() / 2 - 2));
+                              static_cast<Street>(board.size() / 2 - 2));
       ASSERT_TRUE(multi.ok() && heads.ok()) << multi.error << heads.error;
       EXPECT_NEAR(multi.players[0].equity, heads.MyEquity(), 1e-9) << mine << " v " << theirs << " " << board;
       EXPECT_NEAR(multi.players[0].win, heads.tally.WinPercent(), 1e-9);
@@ -578,7 +578,7 @@ TEST(MultiwayEquity, HeadsUpEqualsTheRangeEquity) {
       const MultiwayResult multi = MultiwayExact(MultiwayRanges({mine, theirs}), Cards(board));
       const RangeEquityResult heads =
           StandardRangeEquity(ParseRangeNotation(mine).holdings, ParseRangeNotation(theirs).holdings,
-                              quillet::testing::Board(board), static_cast<int32_t>(board.size() / 2 - 2));
+                              quillet::testing::Board(board), static_cast<Street>(board.size() / 2 - 2));
       ASSERT_TRUE(multi.ok() && heads.ok()) << multi.error << heads.error;
       EXPECT_DOUBLE_EQ(multi.players[0].equity, heads.MyEquity()) << mine << " v " << theirs << " " << board;
       EXPECT_DOUBLE_EQ(multi.players[0].win, heads.tally.WinPercent());

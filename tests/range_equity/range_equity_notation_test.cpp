@@ -14,7 +14,7 @@ RangeEquityResult Equity(const std::string& mine, const std::string& theirs, con
   const ParsedRange myRange = ParseRangeNotation(mine);
   const ParsedRange oppRange = ParseRangeNotation(theirs);
   EXPECT_TRUE(myRange.ok() && oppRange.ok());
-  const int32_t street = board.empty() ? kNoBoard : static_cast<int32_t>(board.size() / 2 - 2);
+  const Street street = board.empty() ? kNoBoard : static_cast<Street>(board.size() / 2 - 2);
   RangeEquityResult result =
       StandardRangeEquity(myRange.holdings, oppRange.holdings, testing::Board(board), street);
   EXPECT_TRUE(result.ok()) << result.error;

@@ -25,8 +25,8 @@ using testing::Board;
 using testing::C;
 using testing::Holding;
 
-int32_t StreetOf(const std::string& board) {
-  return board.empty() ? kNoBoard : static_cast<int32_t>(board.size() / 2 - 2);
+Street StreetOf(const std::string& board) {
+  return board.empty() ? kNoBoard : static_cast<Street>(board.size() / 2 - 2);
 }
 
 CardSet ComboSet(const HandCombo& combo) {

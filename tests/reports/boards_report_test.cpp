@@ -54,8 +54,8 @@ BoardCards BoardSoFar(std::string_view text) {
   return board;
 }
 
-int32_t StreetOf(std::string_view text) {
-  return text.empty() ? kNoBoard : static_cast<int32_t>(text.size() / 2) - 2;
+Street StreetOf(std::string_view text) {
+  return text.empty() ? kNoBoard : static_cast<Street>(text.size() / 2 - 2);
 }
 
 BoardsReportRequest HandRequest(std::string_view hand, const std::string& range, std::string_view board,
@@ -114,7 +114,7 @@ struct Counted {
 // step-by-step evaluator (standard) or the reference comparator (the program's own rules); each showdown
 // weighs its holding's weight.
 Counted BruteForceHand(const HandCards& hand, std::span<const HandCombo> range, const BoardCards& board,
-                       int32_t street, ShowdownRules rules) {
+                       Street street, ShowdownRules rules) {
   Counted counted;
   const int known = BoardCardCount(street);
   uint64_t used = (uint64_t{1} << DeckIndex(hand.card1())) | (uint64_t{1} << DeckIndex(hand.card2()));

@@ -19,7 +19,7 @@ using quillet::testing::Board;
 using quillet::testing::Holding;
 
 // Every holding without a card of the board: the reader's group against the cook's entries.
-void ExpectReaderMatchesTheCook(const BoardCards& board, int32_t street) {
+void ExpectReaderMatchesTheCook(const BoardCards& board, Street street) {
   const RangeGroupReader reader(board, street);
   const BoardContext context = PrepareBoard(board, street);
   uint64_t boardBits = 0;
@@ -71,7 +71,7 @@ TEST(RangeGroups, ReaderMatchesTheCookOnRandomBoards) {
   std::mt19937_64 random(quillet::testing::TestSeed(24));
   std::array<int32_t, kDeckSize> deck{};
   for (int32_t i = 0; i < kDeckSize; ++i) deck[i] = i;
-  for (int32_t street : {kFlop, kTurn, kRiver}) {
+  for (Street street : {kFlop, kTurn, kRiver}) {
     for (int round = 0; round < 60; ++round) {
       std::shuffle(deck.begin(), deck.end(), random);
       BoardCards board;

@@ -433,16 +433,16 @@ TEST(WinLoseIcons, NoBoardOrNoHandGivesNoImageAtAll) {
 
 TEST(WinTieLoseIcon, IsEmptyAndNotDecisiveWhenTheOptionIsOff) {
   const ResultsCards cards = Cards("AhKd", "Tc9c2c");
-  const WinTieLose off = WinTieLoseIcon(false, cards.hand, Holding("QcJc"), cards.board, cards.street);
+  const WinTieLose off = WinTieLoseIcon(false, cards.hand, Holding("QcJc"), cards.board, cards.OnStreet());
   EXPECT_EQ(off.imageKey, "");
   EXPECT_FALSE(off.decisive);
-  const WinTieLose lose = WinTieLoseIcon(true, cards.hand, Holding("QcJc"), cards.board, cards.street);
+  const WinTieLose lose = WinTieLoseIcon(true, cards.hand, Holding("QcJc"), cards.board, cards.OnStreet());
   EXPECT_EQ(lose.imageKey, "lose");
   EXPECT_TRUE(lose.decisive);
-  const WinTieLose win = WinTieLoseIcon(true, cards.hand, Holding("QhJh"), cards.board, cards.street);
+  const WinTieLose win = WinTieLoseIcon(true, cards.hand, Holding("QhJh"), cards.board, cards.OnStreet());
   EXPECT_EQ(win.imageKey, "win");
   EXPECT_TRUE(win.decisive);
-  const WinTieLose tie = WinTieLoseIcon(true, cards.hand, Holding("AsKs"), cards.board, cards.street);
+  const WinTieLose tie = WinTieLoseIcon(true, cards.hand, Holding("AsKs"), cards.board, cards.OnStreet());
   EXPECT_EQ(tie.imageKey, "tie");
   EXPECT_FALSE(tie.decisive);
 }
@@ -451,14 +451,15 @@ TEST(WinTieLoseIcon, UnderTheStandardRulesTheNutFlushBeatsAJackHighFlush) {
   // AsKs holds six spades on Qs7s2s5s: no flush by the program's own exactly-five rule, the nut flush by
   // the standard rules.
   const ResultsCards cards = Cards("AsKs", "Qs7s2s5s");
-  EXPECT_EQ(WinTieLoseIcon(true, cards.hand, Holding("Js3c"), cards.board, cards.street).imageKey, "lose");
-  EXPECT_EQ(
-      WinTieLoseIcon(true, cards.hand, Holding("Js3c"), cards.board, cards.street, ShowdownRules::Standard)
-          .imageKey,
-      "win");
+  EXPECT_EQ(WinTieLoseIcon(true, cards.hand, Holding("Js3c"), cards.board, cards.OnStreet()).imageKey,
+            "lose");
+  EXPECT_EQ(WinTieLoseIcon(true, cards.hand, Holding("Js3c"), cards.board, cards.OnStreet(),
+                           ShowdownRules::Standard)
+                .imageKey,
+            "win");
   // A board that plays for both splits under the standard rules, whatever the hole cards.
   const ResultsCards straight = Cards("2c3d", "TsJhQcKdAh");
-  EXPECT_EQ(WinTieLoseIcon(true, straight.hand, Holding("4h2s"), straight.board, straight.street,
+  EXPECT_EQ(WinTieLoseIcon(true, straight.hand, Holding("4h2s"), straight.board, straight.OnStreet(),
                            ShowdownRules::Standard)
                 .imageKey,
             "tie");

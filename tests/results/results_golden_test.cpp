@@ -54,9 +54,9 @@ CookRun Cook(const std::string& hand, const std::string& board, const RangeLayer
   run.cards.hand = handCards;
   std::vector<HandCombo> list = CollectRangeCombos(on, seen);
   run.rangeCount = static_cast<int32_t>(list.size());
-  run.liveCount = RemoveDeadCombos(list, run.cards.hand, run.cards.board, run.cards.street);
+  run.liveCount = RemoveDeadCombos(list, run.cards.hand, run.cards.board, run.cards.OnStreet());
   InitCategories(run.categories);
-  ClassifyRange(run.categories, list, run.cards.board, run.cards.street);
+  ClassifyRange(run.categories, list, run.cards.board, run.cards.OnStreet());
   return run;
 }
 

@@ -25,7 +25,7 @@ std::array<Card, 52> ShuffledDeck(std::mt19937& random) {
 // reads the same cards by the written rules, so both must give the same answer for every showdown: here
 // My Hand against every holding of the 45 cards left, on 300 random boards of each street (297,000
 // showdowns a street).
-void ExpectAgreementOnRandomBoards(int32_t street, uint64_t fixedSeed) {
+void ExpectAgreementOnRandomBoards(Street street, uint64_t fixedSeed) {
   SCOPED_TRACE("street " + std::to_string(street));
   std::mt19937 random(static_cast<std::mt19937::result_type>(quillet::testing::TestSeed(fixedSeed)));
   int showdowns = 0;

@@ -18,7 +18,7 @@ using testing::Hand;
 using testing::Holding;
 using testing::Spot;
 
-std::vector<ShowdownTally> ByHolding(const HandCards& hand, const BoardCards& board, int32_t street,
+std::vector<ShowdownTally> ByHolding(const HandCards& hand, const BoardCards& board, Street street,
                                      const std::vector<HandCombo>& combos) {
   std::vector<ShowdownTally> tallies(combos.size());
   StandardShowdownTallyByHolding(hand, board, street, combos, tallies);

@@ -18,8 +18,8 @@ using testing::Hand;
 using testing::Holding;
 using testing::LiveHoldings;
 
-int32_t StreetOf(const std::string& board) {
-  return board.empty() ? kNoBoard : static_cast<int32_t>(board.size() / 2 - 2);
+Street StreetOf(const std::string& board) {
+  return board.empty() ? kNoBoard : static_cast<Street>(board.size() / 2 - 2);
 }
 
 CardSet SetOf(std::initializer_list<Card> cards) {
@@ -30,7 +30,7 @@ CardSet SetOf(std::initializer_list<Card> cards) {
 
 // The tally the long way: every completion of the board, every listed holding that shares no card with
 // My Hand, the board or the completion, both hands valued by the reference evaluator.
-ShowdownTally ReferenceTally(const HandCards& hand, const BoardCards& board, int32_t street,
+ShowdownTally ReferenceTally(const HandCards& hand, const BoardCards& board, Street street,
                              const std::vector<HandCombo>& combos) {
   const int known = BoardCardCount(street);
   CardSet knownSet = SetOf({hand.card1(), hand.card2()});
@@ -110,7 +110,7 @@ TEST(StandardEquity, RandomHandsBoardsAndRangesOnEveryStreetCountExactlyWhatTheR
     if (sample % 3 == 0) {
       std::stable_partition(deck.begin() + 2, deck.end(), [](Card card) { return card.suit == 3; });
     }
-    const int32_t street = kFlop + sample % 3;
+    const auto street = static_cast<Street>(kFlop + sample % 3);
     HandCards hand;
     hand.rank1 = deck[0].rank, hand.suit1 = deck[0].suit;
     hand.rank2 = deck[1].rank, hand.suit2 = deck[1].suit;

@@ -17,7 +17,7 @@ enum class Outcome { Win, Tie, Lose };
 
 // My Hand against the holding on a board of three to five cards.
 Outcome Showdown(std::string_view mine, std::string_view theirs, std::string_view board) {
-  const auto street = static_cast<int32_t>(board.size() / 2 - 2);
+  const auto street = static_cast<Street>(board.size() / 2 - 2);
   const ShowdownResult result = CompareStandardShowdown(Hand(mine), Holding(theirs), Board(board), street);
   EXPECT_FALSE(result.myWin && result.oppWin);
   return result.myWin ? Outcome::Win : result.oppWin ? Outcome::Lose : Outcome::Tie;

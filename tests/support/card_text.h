@@ -95,12 +95,12 @@ inline std::vector<HandCombo> AllHoldings() {
 struct Spot {
   std::string hand;
   std::string board;
-  int32_t street;
+  Street street;
 };
 
 // The holdings, in deck order, that share no card with My Hand or the board of the street (what the equity
 // command passes on).
-inline std::vector<HandCombo> LiveHoldings(const HandCards& hand, const BoardCards& board, int32_t street) {
+inline std::vector<HandCombo> LiveHoldings(const HandCards& hand, const BoardCards& board, Street street) {
   std::vector<HandCombo> live;
   for (const HandCombo& combo : AllHoldings()) {
     bool dead = false;
@@ -130,7 +130,7 @@ inline std::vector<HandCombo> ClassHoldingsBeside(const HandCards& me) {
 
 struct TestBoard {
   BoardCards cards;
-  int32_t street = kNoBoard;
+  Street street = kNoBoard;
 };
 
 // A board read the way the window reads it, with its street (absent cards 4 and 5 carry card 1's rank).

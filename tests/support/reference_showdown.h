@@ -103,7 +103,7 @@ inline BoardRecord MakeBoardRecord(const std::array<Card, 5>& cards) {
 }
 
 // The record of the board cards that exist on `street`.
-inline BoardRecord MakeBoardRecord(const BoardCards& cards, int32_t street) {
+inline BoardRecord MakeBoardRecord(const BoardCards& cards, Street street) {
   BoardRecord board = MakeBoardRecord(cards.cards);
   board.count = BoardCardCount(street);
   BoardFlushSuit(board);
