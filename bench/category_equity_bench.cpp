@@ -70,7 +70,7 @@ void BM_CookHandlerEquityPerCategory(benchmark::State& state) {
     model.txtMyHand.text = "AhKd";
     model.txtBoard.text = "Tc8h3s";
     model.cmdCheckPossibleHands_Click();
-    benchmark::DoNotOptimize(model.exportText.data());
+    benchmark::DoNotOptimize(model.results().exportText.data());
     benchmark::ClobberMemory();
   }
   if (!window.services.messages.empty()) state.SkipWithError("the cook refused its input");

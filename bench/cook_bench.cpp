@@ -84,7 +84,7 @@ void BM_CookHandler(benchmark::State& state) {
     model.txtMyHand.text = "AhAd";
     model.txtBoard.text = kBoards[state.range(0)];
     model.cmdCheckPossibleHands_Click();
-    benchmark::DoNotOptimize(model.lblCheckPossibleHands.data());
+    benchmark::DoNotOptimize(model.results().lblCheckPossibleHands.data());
     benchmark::ClobberMemory();
   }
   if (!window.services.messages.empty()) state.SkipWithError("the cook refused its input");

@@ -32,11 +32,11 @@ void BM_CalcEquityHeatMap(benchmark::State& state) {
   model.txtBoard.text = kBoards[state.range(1)];
   for (auto _ : state) {
     model.cmdCalcEquity_Click();
-    benchmark::DoNotOptimize(model.myEquity);
+    benchmark::DoNotOptimize(model.results().myEquity);
     benchmark::ClobberMemory();
   }
-  if (model.lblMyEquity.caption.empty()) state.SkipWithError("no equity shown");
-  if (model.options.equityHeatMap && !model.heatMap) state.SkipWithError("no heat map");
+  if (model.results().lblMyEquity.caption.empty()) state.SkipWithError("no equity shown");
+  if (model.options.equityHeatMap && !model.results().heatMap) state.SkipWithError("no heat map");
   state.SetLabel(std::string(model.options.equityHeatMap ? "heat map" : "plain") + ", " +
                  (state.range(1) == 0   ? "preflop"
                   : state.range(1) == 1 ? "flop"
@@ -83,11 +83,11 @@ void BM_CalcMyRangeEquityHeatMap(benchmark::State& state) {
   model.txtBoard.text = kBoards[state.range(1)];
   for (auto _ : state) {
     model.cmdCalcEquity_Click();
-    benchmark::DoNotOptimize(model.myEquity);
+    benchmark::DoNotOptimize(model.results().myEquity);
     benchmark::ClobberMemory();
   }
-  if (model.lblMyEquity.caption.empty()) state.SkipWithError("no equity shown");
-  if (model.options.equityHeatMap && !model.heatMap) state.SkipWithError("no heat map");
+  if (model.results().lblMyEquity.caption.empty()) state.SkipWithError("no equity shown");
+  if (model.options.equityHeatMap && !model.results().heatMap) state.SkipWithError("no heat map");
   state.SetLabel(std::string(model.options.equityHeatMap ? "heat map" : "plain") + ", my range " +
                  (state.range(2) == 0 ? "QQ+,AK" : "wide") + ", " + (state.range(1) == 1 ? "flop" : "turn"));
 }

@@ -17,19 +17,19 @@ struct Editor {
   RecordingServices services;
   Form1Model form{services};
   Editor() {
-    form.profiles.resize(1);
-    InitProfile(form.profiles[0]);
-    form.profiles[0].name = "Generic";
-    form.currentProfileIndex = 0;
+    form.profiles().list.resize(1);
+    InitProfile(form.profiles().list[0]);
+    form.profiles().list[0].name = "Generic";
+    form.profiles().currentIndex = 0;
   }
 };
 
 void BM_SliderStepToTheLastPosition(benchmark::State& state) {
   Editor editor;
-  editor.form.Slider1.value = 146;
+  editor.form.grid().Slider1.value = 146;
   for (auto _ : state) {
     editor.form.Slider1_MouseMove(kLeftButton);
-    benchmark::DoNotOptimize(editor.form.profiles[0].rangeLayer[168].count);
+    benchmark::DoNotOptimize(editor.form.profiles().list[0].rangeLayer[168].count);
   }
 }
 BENCHMARK(BM_SliderStepToTheLastPosition);
@@ -37,10 +37,10 @@ BENCHMARK(BM_SliderStepToTheLastPosition);
 void BM_SetBlockColoursFullGrid(benchmark::State& state) {
   Editor editor;
   editor.form.cmdAll_Click();
-  editor.form.DeselectAllBlocks();
+  editor.form.grid().DeselectAllBlocks();
   for (auto _ : state) {
     editor.form.SetBlockColours();
-    benchmark::DoNotOptimize(editor.form.grid.blockColour[168]);
+    benchmark::DoNotOptimize(editor.form.grid().blockColour[168]);
   }
 }
 BENCHMARK(BM_SetBlockColoursFullGrid);
@@ -53,10 +53,10 @@ void BM_SetBlockColoursFullGridWeighted(benchmark::State& state) {
   editor.form.cmdAll_Click();
   editor.form.txtWeight_Change(250);
   editor.form.cmdAnySuited_Click();
-  editor.form.DeselectAllBlocks();
+  editor.form.grid().DeselectAllBlocks();
   for (auto _ : state) {
     editor.form.SetBlockColours();
-    benchmark::DoNotOptimize(editor.form.grid.blockColour[168]);
+    benchmark::DoNotOptimize(editor.form.grid().blockColour[168]);
   }
 }
 BENCHMARK(BM_SetBlockColoursFullGridWeighted);
@@ -78,9 +78,9 @@ BENCHMARK(BM_UnionCountOfTwoFullLayers);
 void BM_TypedPercentSnappedAndApplied(benchmark::State& state) {
   Editor editor;
   for (auto _ : state) {
-    editor.form.SetRangeText("50");
+    editor.form.grid().SetRangeText("50");
     editor.form.txtRange_KeyUp(kKeyEnter);
-    benchmark::DoNotOptimize(editor.form.Slider1.value);
+    benchmark::DoNotOptimize(editor.form.grid().Slider1.value);
   }
 }
 BENCHMARK(BM_TypedPercentSnappedAndApplied);

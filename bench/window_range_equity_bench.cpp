@@ -33,9 +33,10 @@ void BM_RandomAgainstRandomThroughTheWindow(benchmark::State& state) {
     model.txtMyHand.text = "random";
     model.txtBoard.text = board;
     model.cmdCalcEquity_Click();
-    benchmark::DoNotOptimize(model.myEquity);
+    benchmark::DoNotOptimize(model.results().myEquity);
   }
-  state.SetLabel((board.empty() ? std::string("preflop") : board) + ", " + model.lblMyEquity.caption);
+  state.SetLabel((board.empty() ? std::string("preflop") : board) + ", " +
+                 model.results().lblMyEquity.caption);
 }
 BENCHMARK(BM_RandomAgainstRandomThroughTheWindow)->DenseRange(0, 6)->Unit(benchmark::kMillisecond);
 

@@ -263,7 +263,7 @@ class RangeBoardCounter {
 
   // Adds every board still to come (the deck less `knownCards`), as Count does board by board; a function
   // of its own, so that Count is inlined into the walk.
-  [[gnu::noinline]] void CountAll(uint64_t knownCards, int32_t street, int64_t& wins, int64_t& ties,
+  [[gnu::noinline]] void CountAll(uint64_t knownCards, Street street, int64_t& wins, int64_t& ties,
                                   int64_t& met) {
     ForEachComingBoard(knownCards, street,
                        [&](std::span<const Card> coming) { Count(coming, wins, ties, met); });

@@ -244,9 +244,9 @@ TEST(WeightedHandEquity, AWeightBelowWholeOnlyLateInTheListWeighsTheWholeHolding
   for (const FixedSpot& spot : spots) {
     const HandCards hand = Hand(spot.hand);
     const BoardCards board = Board(spot.board);
-    const int32_t street = std::string_view(spot.board).size() == 6   ? kFlop
-                           : std::string_view(spot.board).size() == 8 ? kTurn
-                                                                      : kRiver;
+    const Street street = std::string_view(spot.board).size() == 6   ? kFlop
+                          : std::string_view(spot.board).size() == 8 ? kTurn
+                                                                     : kRiver;
     std::vector<HandCombo> range =
         WithWeight(RandomWeightedRange(hand, board, street, 0.3, rng), kFullWeight);
     ASSERT_GT(range.size(), 4U);
@@ -270,9 +270,9 @@ TEST(WeightedHandEquity, AWeightBelowWholeOnADeadHoldingLeavesTheStandardCountWh
   for (const FixedSpot& spot : spots) {
     const HandCards hand = Hand(spot.hand);
     const BoardCards board = Board(spot.board);
-    const int32_t street = std::string_view(spot.board).size() == 6   ? kFlop
-                           : std::string_view(spot.board).size() == 8 ? kTurn
-                                                                      : kRiver;
+    const Street street = std::string_view(spot.board).size() == 6   ? kFlop
+                          : std::string_view(spot.board).size() == 8 ? kTurn
+                                                                     : kRiver;
     const std::vector<HandCombo> live = LiveHoldings(hand, board, street);
     std::vector<HandCombo> range = live;
     HandCombo dead = live.front();
