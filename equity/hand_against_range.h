@@ -129,9 +129,9 @@ struct LiveRange {
   // counts by pair of cards (kExact). kWhole stops at the first live holding below whole and gives its
   // place; otherwise the end.
   template <bool kWhole, bool kExact, class Take>
-  std::size_t AddHoldings(std::span<const HandCombo> combos, std::size_t from, Take&& take,
-                          const std::array<bool, 4>& flushSuits, std::array<int32_t, kRankPairCount>& perPair,
-                          WeightUnits& units) {
+  [[gnu::flatten]] std::size_t AddHoldings(std::span<const HandCombo> combos, std::size_t from, Take&& take,
+                                           const std::array<bool, 4>& flushSuits,
+                                           std::array<int32_t, kRankPairCount>& perPair, WeightUnits& units) {
     for (std::size_t i = from; i < combos.size(); ++i) {
       const HandCombo& combo = combos[i];
       if (!take(combo)) continue;
@@ -263,8 +263,8 @@ class RangeBoardCounter {
 
   // Adds every board still to come (the deck less `knownCards`), as Count does board by board; a function
   // of its own, so that Count is inlined into the walk.
-  [[gnu::noinline]] void CountAll(uint64_t knownCards, Street street, int64_t& wins, int64_t& ties,
-                                  int64_t& met) {
+  [[gnu::noinline, gnu::flatten]] void CountAll(uint64_t knownCards, Street street, int64_t& wins,
+                                                int64_t& ties, int64_t& met) {
     ForEachComingBoard(knownCards, street,
                        [&](std::span<const Card> coming) { Count(coming, wins, ties, met); });
   }
@@ -384,9 +384,10 @@ void CountOneBoardOf(const Rules& rules, const typename ComingBoards<Rules>::Boa
 }
 
 template <class Rules, class Take>
-[[gnu::noinline]] void CountOneBoard(const Rules& rules, const HandCards& myHand, const BoardCards& board,
-                                     std::span<const HandCombo> combos, Take&& take, WeightUnits& units,
-                                     int64_t& wins, int64_t& ties, int64_t& met) {
+[[gnu::noinline, gnu::flatten]] void CountOneBoard(const Rules& rules, const HandCards& myHand,
+                                                   const BoardCards& board, std::span<const HandCombo> combos,
+                                                   Take&& take, WeightUnits& units, int64_t& wins,
+                                                   int64_t& ties, int64_t& met) {
   ComingBoards<Rules> boards(rules, myHand, board, kRiver);
   const typename ComingBoards<Rules>::Board b = boards.Read({});
   if (b.flushSuit >= 0) {
