@@ -24,7 +24,7 @@ namespace {
 constexpr int kSliceBoards = 2048;  // boards per slice of the exact walk
 // The last player's holdings are counted from running totals when it has at least this many; with fewer
 // every deal is walked.
-constexpr std::size_t kCountLastFrom = 24;  // no stop on the standard error before this many samples
+constexpr std::size_t kCountLastFrom = 24;
 
 struct Holding {
   uint64_t bits = 0;  // deck bits of its two cards
