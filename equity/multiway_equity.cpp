@@ -13,6 +13,7 @@
 
 #include "cards/holding.h"
 #include "equity/board_symmetry.h"
+#include "equity/complete_board.h"
 #include "equity/enumeration.h"
 #include "equity/multiway_sampling.h"
 #include "equity/multiway_three_way.h"
@@ -40,22 +41,7 @@ struct Player {
 };
 
 // The value of a holding on a complete board whose rank state, suit counts and flush suit are given.
-struct BoardReader {
-  RankState state = StandardEvaluator::kNoRanks;
-  SuitCounts suits;
-  int32_t flushSuit = -1;
-
-  void Set(uint64_t boardBits) {
-    const StandardEvaluator& evaluator = StandardEvaluator::Get();
-    state = StandardEvaluator::kNoRanks;
-    suits = {};
-    for (uint64_t bits = boardBits; bits != 0; bits &= bits - 1) {
-      const Card card = DeckCard(std::countr_zero(bits));
-      state = evaluator.AddRank(state, card.rank);
-      suits.Add(card);
-    }
-    flushSuit = suits.FlushSuit();
-  }
+struct BoardReader : CompleteBoard {
   HandValue Value(const Holding& h) const {
     const StandardEvaluator& evaluator = StandardEvaluator::Get();
     if (flushSuit >= 0) {

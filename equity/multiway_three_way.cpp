@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "equity/complete_board.h"
 #include "equity/enumeration.h"
 #include "equity/standard_evaluator.h"
 
@@ -23,25 +24,6 @@ constexpr std::array<std::array<int, 2>, 3> kThreeWayOthers = {{{1, 2}, {0, 2}, 
 constexpr int ThreeWayPairOf(int i) {
   return 2 - i;
 }
-
-// A complete board read once: its rank state, suit counts and flush suit.
-struct ThreeWayReader {
-  RankState state = StandardEvaluator::kNoRanks;
-  SuitCounts suits;
-  int32_t flushSuit = -1;
-
-  void Set(uint64_t boardBits) {
-    const StandardEvaluator& evaluator = StandardEvaluator::Get();
-    state = StandardEvaluator::kNoRanks;
-    suits = {};
-    for (uint64_t bits = boardBits; bits != 0; bits &= bits - 1) {
-      const Card card = DeckCard(std::countr_zero(bits));
-      state = evaluator.AddRank(state, card.rank);
-      suits.Add(card);
-    }
-    flushSuit = suits.FlushSuit();
-  }
-};
 
 }  // namespace
 
@@ -259,7 +241,7 @@ int64_t ThreeWayCounter::Pairs(const Side& x, const Side& y, const Common* both,
 
 void ThreeWayCounter::Order(uint64_t boardBits) {
   boardBits_ = boardBits;
-  ThreeWayReader reader;
+  CompleteBoard reader;
   reader.Set(boardBits);
   const StandardEvaluator& evaluator = StandardEvaluator::Get();
   ++boardMark_;
