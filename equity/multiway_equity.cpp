@@ -6,9 +6,7 @@
 #include <bit>
 #include <chrono>
 #include <cmath>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <thread>
 
 #include "cards/holding.h"
@@ -18,6 +16,7 @@
 #include "equity/multiway_sampling.h"
 #include "equity/multiway_three_way.h"
 #include "equity/standard_evaluator.h"
+#include "equity/worker_threads.h"
 
 namespace quillet {
 namespace {
@@ -451,8 +450,6 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
   result.threads = threads;
   result.exact = exact;
 
-  std::mutex mutex;
-  std::condition_variable wake;
   std::atomic<bool> stop{false};
   const auto cancelled = [&] { return callbacks.cancel && callbacks.cancel(); };
 
@@ -485,12 +482,10 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
     const std::size_t slices = (boardList.size() + kSliceBoards - 1) / kSliceBoards;
     std::vector<Sums> sliceSums(slices);
     std::atomic<std::size_t> next{0};
-    std::atomic<std::size_t> done{0};
     std::atomic<uint64_t> dealsDone{0};
-    {
-      std::vector<std::jthread> workers;
-      for (int t = 0; t < threads; ++t) {
-        workers.emplace_back([&] {
+    RunOnWorkerThreads(
+        threads,
+        [&](int) {
           ExactWalk walk(ordered);
           std::unique_ptr<ThreeWayCounter> threeWayCounter;
           if (count == 3)
@@ -517,25 +512,15 @@ MultiwayResult MultiwayEquity(std::span<const WeightedHoldingSet> ranges, std::s
               }
             }
             dealsDone += sums.deals;
-            if (done.fetch_add(1) + 1 == slices) {
-              std::lock_guard lock(mutex);
-              wake.notify_all();
-            }
           }
-        });
-      }
-      std::unique_lock lock(mutex);
-      while (done.load() < slices) {
-        wake.wait_for(lock, std::chrono::milliseconds(50));
-        if (done.load() >= slices) break;
-        if (callbacks.progress) callbacks.progress(dealsDone.load(), 0.0);
-        if (cancelled()) {
+        },
+        [&] {
+          if (callbacks.progress) callbacks.progress(dealsDone.load(), 0.0);
+          if (!cancelled()) return true;
           stop = true;
           result.cancelled = true;
-          break;
-        }
-      }
-    }
+          return false;
+        });
     Sums total;
     for (const Sums& sums : sliceSums) total.Add(sums, count);
     FillResult(total, order, result);

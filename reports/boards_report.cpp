@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 #include <unordered_map>
 
@@ -14,6 +11,7 @@
 #include "equity/enumeration.h"
 #include "equity/range_equity.h"
 #include "equity/standard_equity.h"
+#include "equity/worker_threads.h"
 #include "reports/flop_sweep.h"
 
 namespace quillet {
@@ -369,8 +367,6 @@ BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsRe
   std::atomic<int> next{0};
   std::atomic<int> done{0};
   std::atomic<bool> stop{false};
-  std::mutex mutex;
-  std::condition_variable wake;
   // My hand on every flop under the standard rules: every flop's tally in one sweep of the boards.
   // Progress counts the boards of the rows once, and the sweep, where there is one, as much again first.
   std::vector<ShowdownTally> flops;
@@ -393,33 +389,25 @@ BoardsReport MakeBoardsReport(const BoardsReportRequest& request, const BoardsRe
     }
   }
   if (total > 0) {
-    std::vector<std::jthread> workers;
-    for (int t = 0; t < threads; ++t) {
-      workers.emplace_back([&] {
-        BoardCounter counter(request, report.rowStreet, flops);
-        for (;;) {
-          if (stop.load(std::memory_order_relaxed)) break;
-          const int index = next.fetch_add(1);
-          if (index >= total) break;
-          counter.Count(jobs[index]);
-          if (done.fetch_add(1) + 1 == total) {
-            std::lock_guard lock(mutex);
-            wake.notify_all();
+    RunOnWorkerThreads(
+        threads,
+        [&](int) {
+          BoardCounter counter(request, report.rowStreet, flops);
+          for (;;) {
+            if (stop.load(std::memory_order_relaxed)) break;
+            const int index = next.fetch_add(1);
+            if (index >= total) break;
+            counter.Count(jobs[index]);
+            ++done;
           }
-        }
-      });
-    }
-    std::unique_lock lock(mutex);
-    while (done.load() < total) {
-      wake.wait_for(lock, std::chrono::milliseconds(50));
-      if (done.load() >= total) break;
-      if (callbacks.progress) callbacks.progress(offset + done.load(), steps);
-      if (callbacks.cancel && callbacks.cancel()) {
-        stop = true;
-        report.cancelled = true;
-        break;
-      }
-    }
+        },
+        [&] {
+          if (callbacks.progress) callbacks.progress(offset + done.load(), steps);
+          if (!(callbacks.cancel && callbacks.cancel())) return true;
+          stop = true;
+          report.cancelled = true;
+          return false;
+        });
   }
   if (report.cancelled) return report;
   if (callbacks.progress) callbacks.progress(steps, steps);

@@ -4,15 +4,12 @@
 #include <array>
 #include <atomic>
 #include <bit>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 
 #include "cards/holding.h"
 #include "equity/deck.h"
 #include "equity/rank_pair.h"
 #include "equity/standard_evaluator.h"
+#include "equity/worker_threads.h"
 
 namespace quillet {
 namespace {
@@ -168,10 +165,7 @@ std::vector<ShowdownTally> StandardTallyOfEveryFlop(const HandCards& hand, std::
                                            std::vector<SweepSums>(kFlopCount));
   std::atomic<int> next{0};
   std::atomic<int64_t> done{0};
-  std::atomic<int> finished{0};
   std::atomic<bool> halt{false};
-  std::mutex mutex;
-  std::condition_variable wake;
   const auto count = [&](std::vector<SweepSums>& flops) {
     for (;;) {
       if (halt.load(std::memory_order_relaxed)) return;
@@ -303,28 +297,14 @@ std::vector<ShowdownTally> StandardTallyOfEveryFlop(const HandCards& hand, std::
       done += boards;
     }
   };
-  {
-    std::vector<std::jthread> workers;
-    for (int t = 0; t < threads; ++t) {
-      workers.emplace_back([&, t] {
-        count(sums[t]);
-        if (finished.fetch_add(1) + 1 == threads) {
-          std::lock_guard lock(mutex);
-          wake.notify_all();
-        }
-      });
-    }
-    std::unique_lock lock(mutex);
-    while (finished.load() < threads) {
-      wake.wait_for(lock, std::chrono::milliseconds(50));
-      if (finished.load() >= threads) break;
-      if (boardsDone) boardsDone(done.load());
-      if (stop && stop()) {
+  RunOnWorkerThreads(
+      threads, [&](int t) { count(sums[t]); },
+      [&] {
+        if (boardsDone) boardsDone(done.load());
+        if (!(stop && stop())) return true;
         halt = true;
-        break;
-      }
-    }
-  }
+        return false;
+      });
   if (halt.load()) return {};
 
   std::vector<ShowdownTally> tallies(kFlopCount);
