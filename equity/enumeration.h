@@ -50,7 +50,7 @@ struct KnownCards {
 // counts its holding's weight in thousandths (a whole holding 1000), so one pass over the holdings both
 // counts them and finds out whether any is below whole. At the end a range whose counted holdings are all
 // whole gives plain counts, each divided by kFullWeight (exactly, every count being a multiple of it): the
-// tallies of a range without weights are at scale 1, as before weights existed. A weighted range keeps
+// tallies of a range without weights are plain counts (scale 1). A weighted range keeps
 // its thousandths (scale kFullWeight).
 struct WeightUnits {
   bool partial = false;  // a holding counted has a weight below whole

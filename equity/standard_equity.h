@@ -9,7 +9,7 @@
 //
 // Weighted ranges: when a live holding has a weight below whole, each showdown counts the holding's weight
 // in thousandths and the tallies say so (scale kFullWeight); with every weight whole they are plain counts
-// (scale 1), as before weights existed. Every tally below follows this, preflop included.
+// (scale 1). Every tally below follows this, preflop included.
 //
 // How it counts: a holding's hand is worth the same on one board as that of every other holding with
 // the same two ranks, unless a flush is possible for it. So per completion the engine reads the value

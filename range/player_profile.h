@@ -15,7 +15,7 @@ namespace quillet {
 // The weights below 1 of a profile's On-layer holdings, by holding number (cards/holding.h), in thousandths
 // (1..kFullWeight - 1); 0 stands for a whole weight. Only the On layer's holdings have a weight: an entry
 // for a holding the layer does not hold means nothing (SetOnLayerWeights clears such entries). All zero, as
-// in every profile typed without weights, the profile is what it was before weights existed.
+// in every profile typed without weights, the profile holds its holdings whole.
 using PartialWeights = std::array<uint16_t, kHoldingCount>;
 
 // The weight, in thousandths, that an On-layer holding has under `weights`.

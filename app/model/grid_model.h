@@ -36,7 +36,7 @@ struct GridState {
   std::array<Colour, 16> matrixCellColour{};  // the suit-matrix cells' colours
   Colour matrixColour = 0xFFFFC0;             // the colour the last grid click chose for the matrix
   // The mean weight, in thousandths, of each block's On-layer holdings when it is below 1; 0 for a block
-  // whose On holdings are all whole (or that has none), which shows exactly as a block did before weights.
+  // whose On holdings are all whole (or that has none), which is filled whole with its colour.
   std::array<int32_t, 169> blockPartWeight{};
   // Likewise for each suit-matrix cell: the mean weight of the On-layer holdings it stands for in the
   // blocks selected in the On layer, 0 when they are whole (or there are none).
