@@ -6,15 +6,12 @@
 #include <sstream>
 
 #include "tests/cli/cli_run.h"
+#include "tests/support/sanitizer.h"
 
 namespace quillet::cli {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kBoardsCliUnderSanitizer = true;
-#else
-constexpr bool kBoardsCliUnderSanitizer = false;
-#endif
+using quillet::testing::kUnderSanitizer;
 
 nlohmann::json RunJson(const std::vector<std::string>& words) {
   const CliRun run = RunCommandLine(words);
@@ -55,8 +52,7 @@ TEST(BoardsCli, AggregateOverEveryTurnCardIsTheFlopsEquityUnderTheProgramsRules)
 }
 
 TEST(BoardsCli, AggregateOverEveryFlopOfAcesIsThePreflopEquity) {
-  if (kBoardsCliUnderSanitizer)
-    GTEST_SKIP() << "19,600 flops against every holding: too slow under the sanitizer";
+  if (kUnderSanitizer) GTEST_SKIP() << "19,600 flops against every holding: too slow under the sanitizer";
   const nlohmann::json report =
       RunJson({"boards", "--hand", "AhAd", "--range", "random", "--standard-rules", "--json"});
   EXPECT_EQ(report["rows"].size(), 19600u);

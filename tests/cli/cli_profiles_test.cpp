@@ -191,7 +191,7 @@ TEST_F(ProfilesCommand, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegab
             "The player profile file \"" + File() +
                 "\" cannot be read: it is 1073741824 bytes long, more than the 67108864 bytes such a "
                 "file can hold.\n");
-  if (quillet::testing::kUnderAddressSanitizer)
+  if (quillet::testing::kUnderSanitizer)
     GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
   EXPECT_TRUE(quillet::testing::RunsWithin(50 * 1000 * 1000, [&] { return Run({"list"}).status == 2; }));
   EXPECT_EQ(std::filesystem::file_size(File()), std::uintmax_t{1} << 30);  // left alone

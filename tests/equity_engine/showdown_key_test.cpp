@@ -14,6 +14,7 @@
 
 #include "tests/support/card_text.h"
 #include "tests/support/reference_showdown.h"
+#include "tests/support/sanitizer.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {
@@ -124,10 +125,10 @@ std::vector<CardPool> Pools(std::mt19937_64& random) {
   return pools;
 }
 
-TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) {
+TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnMillionsOfRandomShowdowns) {
   std::mt19937_64 random(quillet::testing::TestSeed(20240611));
   std::vector<CardPool> pools = Pools(random);
-  constexpr int kShowdowns = 2'000'000;
+  constexpr int kShowdowns = quillet::testing::SweepRounds(2'000'000);
   std::array<int, 10> categoriesSeen{};
   int disagreements = 0;
   for (int n = 0; n < kShowdowns && disagreements < 10; ++n) {
@@ -160,7 +161,7 @@ TEST(ShowdownKeys, AgreeWithTheStepByStepComparatorOnTwoMillionRandomShowdowns) 
 TEST(ShowdownKeys, GiveEveryPlayerTheCategoryTheComparatorGives) {
   std::mt19937_64 random(7);
   std::vector<CardPool> pools = Pools(random);
-  for (int n = 0; n < 400'000; ++n) {
+  for (int n = 0; n < quillet::testing::SweepRounds(400'000); ++n) {
     const std::array<Card, 9> c = Deal(pools[static_cast<std::size_t>(n) % pools.size()], random);
     const std::array<Card, 5> board{c[4], c[5], c[6], c[7], c[8]};
     const ShowdownHand hand = EvaluateShowdownHand(c[0], c[1], MakeBoardRecord(board));
@@ -174,7 +175,7 @@ TEST(ShowdownKeys, GiveEveryPlayerTheCategoryTheComparatorGives) {
 TEST(ShowdownKeys, AgreeWithTheReferenceWhenTheOpponentHoldsACardOfTheBoard) {
   std::mt19937_64 random(quillet::testing::TestSeed(20240615));
   std::vector<CardPool> pools = Pools(random);
-  constexpr int kShowdowns = 1'000'000;
+  constexpr int kShowdowns = quillet::testing::SweepRounds(1'000'000);
   int disagreements = 0;
   int twiceCounted = 0;
   for (int n = 0; n < kShowdowns && disagreements < 10; ++n) {

@@ -27,6 +27,7 @@
 #include "equity/standard_equity.h"
 #include "range/range_notation.h"
 #include "tests/support/card_text.h"
+#include "tests/support/sanitizer.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {
@@ -37,11 +38,7 @@ using testing::Hand;
 using testing::Holding;
 using testing::LiveHoldings;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kUnderSanitizer = true;
-#else
-constexpr bool kUnderSanitizer = false;
-#endif
+using quillet::testing::kUnderSanitizer;
 
 const ShowdownRules kBothRules[] = {ShowdownRules::Quillet, ShowdownRules::Standard};
 

@@ -15,6 +15,7 @@
 #include "cards/hand_class.h"
 #include "tests/equity_tables/reference_equity.h"
 #include "tests/support/card_text.h"
+#include "tests/support/sanitizer.h"
 
 namespace quillet {
 namespace {
@@ -164,13 +165,13 @@ uint64_t TestSeed() {
   return 20261123;
 }
 
-TEST(PreflopClasses, TenRandomlyChosenClassesHoldTheTallyAFullEnumerationOfEveryBoardGives) {
+TEST(PreflopClasses, RandomlyChosenClassesHoldTheTallyAFullEnumerationOfEveryBoardGives) {
   const PreflopClassTable& t = Classes();
   const uint64_t seed = TestSeed();
   std::cout << "random classes from seed " << seed << " (set QUILLET_TEST_SEED to choose another)\n";
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937_64 rng(seed);
-  for (int pick = 0; pick < 10; ++pick) {
+  for (int pick = 0; pick < quillet::testing::SweepRounds(10, 4); ++pick) {  // ten, three under the sanitizer
     const std::size_t index = rng() % t.Records().size();
     const MatchupClassRecord& r = t.Records()[index];
     // A matchup of the class as a caller may meet it: suits renamed at random, holdings either way round.

@@ -197,7 +197,7 @@ TEST_F(ProfilesModel, AFailedSaveIsReportedInOneMessageAndTheOldFileStays) {
 TEST_F(ProfilesModel, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegabytesAndMovedAsideNotCopied) {
   const off_t size = off_t{1} << 30;
   testing::WriteSparseFile(ProfileFile(), Le32(1) + Le32(1), size);
-  if (!testing::kUnderAddressSanitizer) {
+  if (!testing::kUnderSanitizer) {
     EXPECT_TRUE(testing::RunsWithin(50 * 1000 * 1000, [&] {
       RecordingServices quiet;
       Form1Model other(quiet);

@@ -16,17 +16,14 @@
 #include "equity/range_equity.h"
 #include "range/range_notation.h"
 #include "tests/support/card_text.h"
+#include "tests/support/sanitizer.h"
 
 namespace quillet {
 namespace {
 
 using quillet::testing::Cards;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMultiwayUnderSanitizer = true;
-#else
-constexpr bool kMultiwayUnderSanitizer = false;
-#endif
+using quillet::testing::kUnderSanitizer;
 
 WeightedHoldingSet MultiwayRange(const std::string& text) {
   const ParsedWeightedRange parsed = ParseWeightedRangeNotation(text);
@@ -148,7 +145,7 @@ void ExpectMatchesBruteForce(const std::vector<std::string>& texts, const std::s
                              const std::string& dead) {
   // The flop and preflop cases walk thousands of boards step by step: too slow under the sanitizer, which
   // still checks the turn and the river.
-  if (kMultiwayUnderSanitizer && Cards(board).size() < 4) return;
+  if (kUnderSanitizer && Cards(board).size() < 4) return;
   const auto ranges = MultiwayRanges(texts);
   const MultiwayResult result = MultiwayExact(ranges, Cards(board), Cards(dead));
   ASSERT_TRUE(result.ok()) << result.error;
@@ -207,7 +204,7 @@ TEST(MultiwayEquity, ThreeRandomWeightedRangesWithDeadCardsMatchTheBruteForceOnE
   for (const auto& [board, dead] : streets) {
     // Every board but the river's walked step by step: too slow under the sanitizer, which checks the
     // river.
-    if (kMultiwayUnderSanitizer && board.size() < 10) continue;
+    if (kUnderSanitizer && board.size() < 10) continue;
     // Preflop and on the flop the brute force walks many boards: fewer holdings there.
     const int wide = board.empty() ? 4 : board.size() == 6 ? 10 : 60;
     const int narrow = board.empty() ? 3 : 6;
@@ -224,7 +221,7 @@ TEST(MultiwayEquity, ThreeRandomWeightedRangesWithDeadCardsMatchTheBruteForceOnE
 
 TEST(MultiwayEquity, BoardsCountedOncePerSuitSymmetricClassGiveThePlainEnumerationsValues) {
   // Every suit of ranks 2 to 9 dead: the boards of the 20 cards left are few enough for the brute force.
-  if (kMultiwayUnderSanitizer) GTEST_SKIP() << "thousands of boards walked step by step";
+  if (kUnderSanitizer) GTEST_SKIP() << "thousands of boards walked step by step";
   const std::string dead = "2c2d2h2s3c3d3h3s4c4d4h4s5c5d5h5s6c6d6h6s7c7d7h7s8c8d8h8s9c9d9h9s";
   const std::vector<std::vector<std::string>> cases = {
       {"AA,KQs", "KK,QQ", "AKo"},         // every suit permutation
@@ -322,7 +319,7 @@ TEST(MultiwayEquity, MonteCarloDrawsWeightedHoldingsInProportionToTheirWeights) 
 TEST(MultiwayEquity, SamplingGivesUpWhereTheWeightsMakeEveryDealAllButImpossible) {
   // Five players who nearly always hold AhAd: a deal needs four of them on their one-in-a-thousand pair, so
   // sampling would wait for ever. A round gives up, and the run ends with its reason instead of spinning.
-  if (kMultiwayUnderSanitizer) GTEST_SKIP() << "a whole round of draws is too slow under the sanitizer";
+  if (kUnderSanitizer) GTEST_SKIP() << "a whole round of draws is too slow under the sanitizer";
   const auto ranges = MultiwayRanges(
       {"AhAd, KsKc:0.001", "AhAd, QsQc:0.001", "AhAd, JsJc:0.001", "AhAd, TsTc:0.001", "AhAd, 9s9c:0.001"});
   const MultiwayResult sampled = MultiwaySampled(ranges, "2d3d4h", 0.1, 7);
@@ -444,6 +441,8 @@ MultiwayResult MultiwaySampledOn(const std::vector<WeightedHoldingSet>& ranges, 
 
 void ExpectSampledWithinFourStandardErrors(const std::vector<std::string>& texts, const std::string& board,
                                            double targetError, uint64_t seed) {
+  // Under the sanitizer a target four times looser: a sixteenth of the deals, still held to four errors.
+  if (kUnderSanitizer) targetError *= 4;
   const auto ranges = MultiwayRanges(texts);
   const MultiwayResult exact = MultiwayExact(ranges, Cards(board));
   const MultiwayResult sampled = MultiwaySampled(ranges, board, targetError, seed);
@@ -520,7 +519,7 @@ TEST(MultiwayEquity, MonteCarloStandardErrorsMatchTheSpreadOfManyRuns) {
   // (their root mean square distance from the exact value) matches the mean reported error, and no
   // player's spread is larger. A standard error that left out part of the spread, or counted it twice,
   // would be off by a factor near 1.4. The bounds are loose; the runs are the same on every machine.
-  if (kMultiwayUnderSanitizer) GTEST_SKIP() << "a hundred runs are too slow under the sanitizer";
+  if (kUnderSanitizer) GTEST_SKIP() << "a hundred runs are too slow under the sanitizer";
   const std::vector<std::vector<std::string>> cases = {
       {"AA,KK:0.5,AKs", "QQ+,AJs:0.4,KQ", "JJ-99,AK:0.7"},  // ranges that share holdings, weighted
       {"AA", "KK", "QQ"},                                   // ranges that share none
@@ -589,7 +588,7 @@ TEST(MultiwayEquity, HeadsUpEqualsTheRangeEquity) {
 }
 
 TEST(MultiwayEquity, SixHandsPreflopGiveTheKnownExactValues) {
-  if (kMultiwayUnderSanitizer) GTEST_SKIP() << "1.7 million boards: too slow under the sanitizer";
+  if (kUnderSanitizer) GTEST_SKIP() << "1.7 million boards: too slow under the sanitizer";
   const MultiwayResult result =
       MultiwayExact(MultiwayRanges({"AhAd", "KsKc", "QsQc", "JhTh", "9s9c", "8d7d"}), {});
   ASSERT_TRUE(result.ok()) << result.error;

@@ -10,6 +10,7 @@
 #include "cards/hand_class.h"
 #include "cards/preflop_order.h"
 #include "tests/support/card_text.h"
+#include "tests/support/sanitizer.h"
 
 namespace quillet {
 namespace {
@@ -414,7 +415,7 @@ TEST(RangeNotationRoundTrip, ReadingThePrintedTextGivesTheSameHoldings) {
   const uint32_t seed = TestSeed();
   std::cout << "round-trip seed " << seed << " (set QUILLET_TEST_SEED to repeat another)\n";
   std::mt19937 random(seed);
-  for (int n = 0; n < 5000; ++n) {
+  for (int n = 0; n < quillet::testing::SweepRounds(5000); ++n) {
     const HoldingSet set = RandomSet(random);
     const std::string text = PrintRangeNotation(set);
     const ParsedRange parsed = ParseRangeNotation(text);

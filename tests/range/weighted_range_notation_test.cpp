@@ -11,6 +11,7 @@
 #include "range/range_notation.h"
 #include "range/weighted_holding_set.h"
 #include "tests/support/card_text.h"
+#include "tests/support/sanitizer.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {
@@ -247,7 +248,7 @@ TEST(WeightedRangeNotationRoundTrip, ReadingThePrintedTextGivesTheSameWeights) {
   const uint32_t seed = WeightsSeed();
   std::cout << "weighted round-trip seed " << seed << " (set QUILLET_TEST_SEED to repeat another)\n";
   std::mt19937 random(seed);
-  for (int n = 0; n < 1500; ++n) {
+  for (int n = 0; n < quillet::testing::SweepRounds(1500); ++n) {
     const WeightedHoldingSet set = RandomWeights(random);
     const std::string text = PrintWeightedRangeNotation(set);
     ASSERT_LE(text.size(), kLongestRangeNotation) << "seed " << seed << ", set " << n;

@@ -19,6 +19,7 @@
 #include "range/range_notation.h"
 #include "tests/support/card_text.h"
 #include "tests/support/reference_showdown.h"
+#include "tests/support/sanitizer.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {
@@ -27,11 +28,7 @@ namespace {
 using quillet::testing::Board;
 using quillet::testing::Hand;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kReportUnderSanitizer = true;
-#else
-constexpr bool kReportUnderSanitizer = false;
-#endif
+using quillet::testing::kUnderSanitizer;
 
 std::vector<HandCombo> RangeCombos(const std::string& text) {
   const ParsedWeightedRange parsed = ParseWeightedRangeNotation(text);
@@ -263,15 +260,14 @@ TEST(BoardsReport, RowsAreTheEnginesCountOnTheirBoard) {
 
 TEST(BoardsReport, EveryFlopCountedAtOnceIsTheEnginesCountOnEachFlop) {
   // My hand on every flop under the standard rules is counted in one sweep of the five-card boards.
-  const std::vector<const char*> hands = kReportUnderSanitizer
-                                             ? std::vector<const char*>{"9s8s"}
-                                             : std::vector<const char*>{"9s8s", "AhKd", "2c2d"};
+  const std::vector<const char*> hands =
+      kUnderSanitizer ? std::vector<const char*>{"9s8s"} : std::vector<const char*>{"9s8s", "AhKd", "2c2d"};
   for (const char* hand : hands) {
     const BoardsReportRequest request = HandRequest(hand, "random", "", ShowdownRules::Standard);
     const BoardsReport report = MakeBoardsReport(request);
     ASSERT_TRUE(report.ok()) << report.error;
     ASSERT_EQ(report.rows.size(), 19600u);
-    const std::size_t step = kReportUnderSanitizer ? 997 : 97;
+    const std::size_t step = kUnderSanitizer ? 997 : 97;
     for (std::size_t r = 0; r < report.rows.size(); r += step) {
       const BoardsReportRow& row = report.rows[r];
       EXPECT_EQ(row.tally, StandardShowdownTally(*request.hand, RowBoard(row), kFlop, request.oppRange))
@@ -279,8 +275,7 @@ TEST(BoardsReport, EveryFlopCountedAtOnceIsTheEnginesCountOnEachFlop) {
     }
     // Monotone flops, where flushes decide most.
     for (const BoardsReportRow& row : report.rows) {
-      if (row.texture.suits != SuitPattern::Monotone ||
-          row.cards[0].rank % (kReportUnderSanitizer ? 13 : 3) != 0)
+      if (row.texture.suits != SuitPattern::Monotone || row.cards[0].rank % (kUnderSanitizer ? 13 : 3) != 0)
         continue;
       EXPECT_EQ(row.tally, StandardShowdownTally(*request.hand, RowBoard(row), kFlop, request.oppRange))
           << hand << " on " << BoardText(row.Board());
@@ -338,7 +333,7 @@ TEST(BoardsReport, RowsMatchABruteForceOnEveryStreet) {
       }
     }
   }
-  if (kReportUnderSanitizer) return;
+  if (kUnderSanitizer) return;
   // Every flop: a few rows of the preflop report, the range weighted (every flop is counted at once, by
   // the report itself).
   const BoardsReportRequest request = HandRequest("7s6s", "AA:0.3,KQs,98s:0.75", "", ShowdownRules::Standard);
@@ -427,8 +422,7 @@ TEST(BoardsReport, AggregateOverEveryFlopIsThePreflopEquity) {
 }
 
 TEST(BoardsReport, AggregateOverEveryFlopOfAcesAgainstEveryHoldingIsThePreflopEquity) {
-  if (kReportUnderSanitizer)
-    GTEST_SKIP() << "19,600 flops against every holding: too slow under the sanitizer";
+  if (kUnderSanitizer) GTEST_SKIP() << "19,600 flops against every holding: too slow under the sanitizer";
   const BoardsReport report = MakeBoardsReport(HandRequest("AhAd", "random", "", ShowdownRules::Standard));
   ExpectAggregateIsTheBoardSoFar(report);
   EXPECT_NEAR(*EquityOfAggregate(AggregateRows(report.rows), ShowdownRules::Standard), 85.203713, 1e-6);
@@ -498,7 +492,7 @@ TEST(BoardsReport, BoardsCountedOncePerChangeOfSuitsGiveTheRowsOfEveryBoardCount
   for (ShowdownRules rules : {ShowdownRules::Standard, ShowdownRules::Quillet}) {
     BoardsReportRequest request = HandRequest("AhAd", "KK,QJs,T9s,54s", "", rules);
     // Fewer flops, every kind of suits.
-    request.filter = ParseBoardFilter(kReportUnderSanitizer ? "high=6" : "high=9").filter;
+    request.filter = ParseBoardFilter(kUnderSanitizer ? "high=6" : "high=9").filter;
     const BoardsReport grouped = MakeBoardsReport(request);
     EXPECT_LT(grouped.countedBoards * 3, static_cast<int32_t>(grouped.rows.size()));
     request.groupBySuits = false;
@@ -512,7 +506,7 @@ TEST(BoardsReport, BoardsCountedOncePerChangeOfSuitsGiveTheRowsOfEveryBoardCount
 }
 
 TEST(BoardsReport, The1755FlopsOfTwoRangesGiveTheAggregateOfEveryFlop) {
-  if (kReportUnderSanitizer) GTEST_SKIP() << "22,100 flops counted one by one: too slow under the sanitizer";
+  if (kUnderSanitizer) GTEST_SKIP() << "22,100 flops counted one by one: too slow under the sanitizer";
   BoardsReportRequest request = RangeRequest("AA,KQs", "KK,T9s,76s", "");
   const BoardsReport grouped = MakeBoardsReport(request);
   ASSERT_TRUE(grouped.ok()) << grouped.error;

@@ -15,13 +15,9 @@
 #include <functional>
 #include <string>
 
-namespace quillet::testing {
+#include "tests/support/sanitizer.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-inline constexpr bool kUnderAddressSanitizer = true;
-#else
-inline constexpr bool kUnderAddressSanitizer = false;
-#endif
+namespace quillet::testing {
 
 // A file of `size` bytes that starts with `head` and is zeros after it, without the zeros on the disk.
 inline void WriteSparseFile(const std::filesystem::path& path, const std::string& head, off_t size) {

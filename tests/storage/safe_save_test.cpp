@@ -26,7 +26,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::KillASaveHalfway;
-using testing::kUnderAddressSanitizer;
+using testing::kUnderSanitizer;
 using testing::ReadBytes;
 using testing::RunsWithin;
 using testing::TempFolder;
@@ -227,7 +227,7 @@ TEST(HugeProfileFiles, ACountTheFileCannotHoldIsRefusedAtTheCostOfTheHead) {
                 "profiles, but its " + std::to_string(size) + " bytes have room for at most " +
                 std::to_string((size - 8) / kSmallestProfileBlockBytes) + ".");
   EXPECT_TRUE(read.bytes.empty());
-  if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
+  if (kUnderSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
   // Reading the file would need all of its 64 MiB: 16 MiB more address space is plenty for the head alone.
   EXPECT_TRUE(ReadsWithin(path, 16 * kMiB, ProfileFileContents::Status::Faulty));
 }
@@ -239,7 +239,7 @@ TEST(HugeProfileFiles, AnotherVersionIsRecognisedAtTheCostOfTheHead) {
   const ProfileFileContents read = ReadProfileFile(path);
   EXPECT_EQ(read.status, ProfileFileContents::Status::OtherVersion);
   EXPECT_EQ(read.version, 2097153);
-  if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
+  if (kUnderSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
   EXPECT_TRUE(ReadsWithin(path, 16 * kMiB, ProfileFileContents::Status::OtherVersion));
 }
 
@@ -264,7 +264,7 @@ TEST(HugeProfileFiles, AGibibyteFileClaimingOneProfileIsRefusedWithinFiftyMegaby
                                      "\" cannot be read: it is 1073741824 bytes long, more than the 67108864 "
                                      "bytes such a file can hold.");
   EXPECT_TRUE(read.bytes.empty());
-  if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
+  if (kUnderSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
   EXPECT_TRUE(ReadsWithin(path, 50 * 1000 * 1000, ProfileFileContents::Status::Faulty));
 }
 
@@ -287,7 +287,7 @@ TEST(HugeProfileFiles, AFileLongerThanItsProfilesFillIsRefusedAtTheCostOfTheirLe
                                      " bytes long, but the 1 profile it holds fills only 63563.");
   EXPECT_TRUE(read.bytes.empty());
   EXPECT_TRUE(read.profiles.empty());
-  if (kUnderAddressSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
+  if (kUnderSanitizer) GTEST_SKIP() << "the sanitizer reserves more address space than the limit";
   EXPECT_TRUE(ReadsWithin(path, 16 * kMiB, ProfileFileContents::Status::Faulty));
 }
 
