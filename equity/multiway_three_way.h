@@ -26,6 +26,7 @@
 
 #include "cards/card.h"
 #include "cards/holding.h"
+#include "equity/deck.h"
 #include "equity/hand_evaluator.h"
 
 namespace quillet {
