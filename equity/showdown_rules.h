@@ -24,9 +24,10 @@ constexpr std::string_view ShowdownRulesName(ShowdownRules rules) {
 // Showdowns counted from the first player's side.
 //
 // Weighted ranges: a showdown counts the product of its holdings' weights, in units of which `scale` make
-// one whole showdown. With every weight whole the scale is 1 and the fields are plain counts; a hand against a weighted range counts in thousandths (scale kFullWeight), a weighted
-// range against a weighted range in millionths. The shares below do not depend on the scale; a tally shown
-// as numbers of showdowns divides by it. Tallies are added only at the same scale.
+// one whole showdown. With every weight whole the scale is 1 and the fields are plain counts; a hand against
+// a weighted range counts in thousandths (scale kFullWeight), a weighted range against a weighted range in
+// millionths. The shares below do not depend on the scale; a tally shown as numbers of showdowns divides by
+// it. Tallies are added only at the same scale.
 struct ShowdownTally {
   uint64_t wins = 0;
   uint64_t ties = 0;
