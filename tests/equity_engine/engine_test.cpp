@@ -168,9 +168,9 @@ TEST(FlopEnumeration, HoldingsWithTheFlagClearedTakeNoPart) {
 TEST(FlopEnumeration, TheKeyPathCountsExactlyWhatTheReferenceComparatorCountsForTheFullRange) {
   // My Hand is chosen for each flop so that it shares no card with it.
   // Under the sanitizer the first two: a plain flop and a flush-deciding one.
-  const std::vector<std::pair<const char*, const char*>> cases = {
+  const std::pair<const char*, const char*> cases[] = {
       {"Tc8h3s", "AhAd"}, {"AhKhQh", "AsAd"}, {"7c7d2h", "AhAd"}, {"5s4s3d", "AhAd"}, {"KdKcKh", "AhAd"}};
-  const std::size_t caseCount = quillet::testing::kUnderSanitizer ? 2 : cases.size();
+  const std::size_t caseCount = quillet::testing::kUnderSanitizer ? 2 : std::size(cases);
   for (std::size_t c = 0; c < caseCount; ++c) {
     const auto& [flop, mine] = cases[c];
     SCOPED_TRACE(std::string(mine) + " on " + flop);

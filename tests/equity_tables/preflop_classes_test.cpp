@@ -171,7 +171,8 @@ TEST(PreflopClasses, RandomlyChosenClassesHoldTheTallyAFullEnumerationOfEveryBoa
   std::cout << "random classes from seed " << seed << " (set QUILLET_TEST_SEED to choose another)\n";
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937_64 rng(seed);
-  for (int pick = 0; pick < quillet::testing::SweepRounds(10, 4); ++pick) {  // ten, three under the sanitizer
+  // Ten classes, three under the sanitizer.
+  for (int pick = 0; pick < quillet::testing::SweepRounds(10, 4); ++pick) {
     const std::size_t index = rng() % t.Records().size();
     const MatchupClassRecord& r = t.Records()[index];
     // A matchup of the class as a caller may meet it: suits renamed at random, holdings either way round.

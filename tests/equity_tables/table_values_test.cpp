@@ -95,8 +95,8 @@ TEST(PreflopTable, RandomlyChosenKeysHoldTheMeanEquityOfTheirMatchupsByFullEnume
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937_64 rng(seed);
   std::map<std::string, double> enumerated;
-  for (int pick = 0; pick < quillet::testing::SweepRounds(10, 4);
-       ++pick) {  // ten keys, three under the sanitizer
+  // Ten keys, three under the sanitizer.
+  for (int pick = 0; pick < quillet::testing::SweepRounds(10, 4); ++pick) {
     const int32_t index = static_cast<int32_t>(rng() % static_cast<uint64_t>(t.size()));
     const int32_t key = t.keys[index];
     const auto tuples = TuplesOfKey(key);

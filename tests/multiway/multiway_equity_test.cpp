@@ -22,7 +22,6 @@ namespace quillet {
 namespace {
 
 using quillet::testing::Cards;
-
 using quillet::testing::kUnderSanitizer;
 
 WeightedHoldingSet MultiwayRange(const std::string& text) {
