@@ -8,8 +8,15 @@
 
 namespace quillet::testing {
 
+// GCC says so with __SANITIZE_ADDRESS__, Clang with __has_feature(address_sanitizer).
 #if defined(__SANITIZE_ADDRESS__)
 inline constexpr bool kUnderSanitizer = true;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+inline constexpr bool kUnderSanitizer = true;
+#else
+inline constexpr bool kUnderSanitizer = false;
+#endif
 #else
 inline constexpr bool kUnderSanitizer = false;
 #endif
