@@ -10,6 +10,7 @@
 
 #include "equity/deck.h"
 #include "tests/support/card_text.h"
+#include "tests/support/sanitizer.h"
 #include "tests/support/test_seed.h"
 
 namespace quillet {
@@ -122,7 +123,7 @@ TEST(HandEvaluator, SevenCardHandsAreValuedAsTheBestOfTheirTwentyOneFiveCardHand
   std::mt19937_64 rng(seed);
   std::array<int32_t, 52> places;
   for (int i = 0; i < 52; ++i) places[i] = i;
-  for (int sample = 0; sample < 100000; ++sample) {
+  for (int sample = 0; sample < quillet::testing::SweepRounds(100000); ++sample) {
     // A partial shuffle draws seven different cards.
     std::array<Card, 7> cards;
     for (int i = 0; i < 7; ++i) {
