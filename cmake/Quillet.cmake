@@ -29,6 +29,18 @@ function(quillet_add_library name)
   endif()
 endfunction()
 
+# quillet_add_precompiled_headers(NAME LIBS lib... HEADERS header...): an object library that only compiles a
+# precompiled header of HEADERS, with the flags that linking LIBS gives, for programs of the same flags to reuse
+# (target_precompile_headers(PROGRAM REUSE_FROM NAME)).
+function(quillet_add_precompiled_headers name)
+  cmake_parse_arguments(ARG "" "" "LIBS;HEADERS" ${ARGN})
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp CONTENT "")
+  add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS})
+  target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
+endfunction()
+
 # quillet_add_subdirectories(): adds every immediate subfolder that has a CMakeLists.txt, in name order.
 function(quillet_add_subdirectories)
   file(GLOB children LIST_DIRECTORIES true ${CMAKE_CURRENT_SOURCE_DIR}/*)
